@@ -1,0 +1,20 @@
+# Compiler flags that every target of the project shares, as two interface targets: inkstone_warnings for all code,
+# inkstone_sanitizers for a build that looks for undefined behaviour and bad memory accesses.
+add_library(inkstone_warnings INTERFACE)
+if(NOT MSVC)
+  target_compile_options(inkstone_warnings INTERFACE -Wall -Wextra -Wconversion -Wshadow
+    $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor>)
+  if(INKSTONE_WERROR)
+    target_compile_options(inkstone_warnings INTERFACE -Werror)
+  endif()
+endif()
+
+add_library(inkstone_sanitizers INTERFACE)
+if(INKSTONE_SANITIZE)
+  set(flags -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_compile_options(inkstone_sanitizers INTERFACE ${flags})
+  target_link_options(inkstone_sanitizers INTERFACE ${flags})
+endif()
+
+add_library(inkstone_flags INTERFACE)
+target_link_libraries(inkstone_flags INTERFACE inkstone_warnings inkstone_sanitizers)

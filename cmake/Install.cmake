@@ -1,0 +1,19 @@
+include(CMakePackageConfigHelpers)
+
+install(TARGETS inkstone EXPORT inkstone-targets
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+  RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
+  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/inkstone DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+
+set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/inkstone)
+install(EXPORT inkstone-targets NAMESPACE inkstone:: DESTINATION ${package_dir})
+configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/inkstone-config.cmake.in
+  ${PROJECT_BINARY_DIR}/inkstone-config.cmake INSTALL_DESTINATION ${package_dir})
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/inkstone-config-version.cmake
+  COMPATIBILITY SameMinorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/inkstone-config.cmake ${PROJECT_BINARY_DIR}/inkstone-config-version.cmake
+  DESTINATION ${package_dir})
+
+configure_file(${CMAKE_CURRENT_LIST_DIR}/inkstone.pc.in ${PROJECT_BINARY_DIR}/inkstone.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/inkstone.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

@@ -1,0 +1,151 @@
+/* The machine a game runs on, as far as the game sees it beyond the function families: windows and messages,
+   and for tools and tests the choice of the machine, its clock, its input, and what it shows and plays.
+
+   On Windows the types, message numbers and flags are the system's own. Elsewhere they carry the same names
+   and values, so that one game source compiles everywhere. Messages carry what they carry there: key messages
+   have the set-1 scan code in bits 16 to 23 of lParam and the extended flag in bit 24, mouse messages have
+   the client position in the halves of lParam and the held buttons and keys in wParam. */
+#ifndef INKSTONE_HOST_H
+#define INKSTONE_HOST_H
+
+#include "types.h"
+
+#if !defined(_WIN32)
+
+typedef uint32_t UINT;
+typedef uintptr_t WPARAM;
+typedef intptr_t LPARAM;
+typedef intptr_t LRESULT;
+
+#define WM_DESTROY 0x0002
+#define WM_CLOSE 0x0010
+#define WM_QUIT 0x0012
+#define WM_SETCURSOR 0x0020
+#define WM_KEYDOWN 0x0100
+#define WM_KEYUP 0x0101
+#define WM_CHAR 0x0102
+#define WM_SYSKEYDOWN 0x0104
+#define WM_SYSKEYUP 0x0105
+#define WM_TIMER 0x0113
+#define WM_MOUSEMOVE 0x0200
+#define WM_LBUTTONDOWN 0x0201
+#define WM_LBUTTONUP 0x0202
+#define WM_LBUTTONDBLCLK 0x0203
+#define WM_RBUTTONDOWN 0x0204
+#define WM_RBUTTONUP 0x0205
+#define WM_RBUTTONDBLCLK 0x0206
+#define WM_MBUTTONDOWN 0x0207
+#define WM_MBUTTONUP 0x0208
+#define WM_MBUTTONDBLCLK 0x0209
+#define WM_USER 0x0400
+
+#define MK_LBUTTON 0x0001
+#define MK_RBUTTON 0x0002
+#define MK_SHIFT 0x0004
+#define MK_CONTROL 0x0008
+#define MK_MBUTTON 0x0010
+
+#endif
+
+INK_BEGIN
+
+/* ---- Windows and messages: what every game needs ---- */
+
+/* A game's window procedure: receives every message dispatched to its window. Messages it has no use for go
+   to HOST_default_procedure, whose result it returns. */
+typedef LRESULT (*HOST_WINDOW_PROCEDURE)(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
+
+/* Opens a window whose client area is width x height pixels (1 to 4096 each) and returns its handle, or null
+   when the machine refuses. title is UTF-8. procedure may be null. */
+INK_API HWND HOST_open_window(const char *title, int32_t width, int32_t height,
+                              HOST_WINDOW_PROCEDURE procedure);
+
+/* Closes the window after its procedure has received WM_DESTROY. Unknown handles are ignored. */
+INK_API void HOST_close_window(HWND window);
+
+/* What happens to a message the game does not handle: WM_CLOSE closes the window, everything else does
+ * nothing. */
+INK_API LRESULT HOST_default_procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
+
+/* Puts a message at the end of the queue. */
+INK_API void HOST_post_message(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
+
+/* Asks the loop to end: once the messages already waiting are taken, HOST_run_messages returns 0. */
+INK_API void HOST_post_quit(int32_t exit_code);
+
+/* Dispatches every waiting message. Returns 1, or 0 as soon as a quit request is taken: while
+   (HOST_run_messages()) is a game's frame loop. A quit request that arrives while a wait of the library pumps
+   is consumed there, so a game that waits also notes WM_CLOSE or WM_DESTROY in its window procedure. */
+INK_API int32_t HOST_run_messages(void);
+
+/* Waits until there is a message (or a timer due), then does as HOST_run_messages. */
+INK_API int32_t HOST_wait_messages(void);
+
+/* The exit code of the last quit request taken by HOST_run_messages or HOST_wait_messages. */
+INK_API int32_t HOST_exit_code(void);
+
+/* ---- Choosing and observing the machine: for tools and tests ---- */
+
+/* Chooses the machine by name before anything else uses it: "headless" or "sdl". Returns 0, or -2 when the
+   name is unknown, that machine cannot be had here, or another one is already running. Without a choice the
+   environment variable INKSTONE_HOST decides, else the desktop where there is a display, else headless. */
+INK_API int32_t HOST_choose(const char *name);
+
+/* The name of the running machine, which is started by the call if none is running. */
+INK_API const char *HOST_name(void);
+
+/* The machines built into the library: writes the name and one line of description of machine index through
+   the pointers (either may be null). Returns 0, or -2 when there is no machine of that index. */
+INK_API int32_t HOST_list(int32_t index, const char **name, const char **description);
+
+/* Calls the machine's operations report themselves to: each is given as one line of text, its name and its
+   arguments separated by spaces, before it is carried out. Return 0 to let it happen, anything else to make
+   it fail as the real machine can fail. */
+typedef int32_t (*HOST_OBSERVER)(const char *call);
+
+/* Sets the observer of the machine's operations; null removes it. */
+INK_API void HOST_observe(HOST_OBSERVER observer);
+
+/* ---- The simulated clock ---- */
+
+/* The machine's time in microseconds since it started. On the headless machine reading it moves it on by one.
+ */
+INK_API uint64_t HOST_clock(void);
+
+/* Moves the headless machine's clock on. Timers that fall due become pending, at most one event each, and the
+   sound and the disc move on too. The desktop machine sleeps for that time instead. */
+INK_API void HOST_advance_clock(uint64_t microseconds);
+
+/* ---- Feeding input ---- */
+
+/* Presses (down non-zero) or releases a key of the machine's keyboard: the set-1 scan code 0x01 to 0x58, plus
+   0x100 for an extended key (the cursor block, right Ctrl and Alt, keypad Enter). The window with the focus
+   receives WM_KEYDOWN or WM_KEYUP. A key that is pressed again without a release repeats. */
+INK_API void HOST_key(int32_t scan_code, int32_t down);
+
+/* Moves the pointer to the client position (x, y) of the window with the focus, which receives WM_SETCURSOR
+   and WM_MOUSEMOVE. */
+INK_API void HOST_pointer_move(int32_t x, int32_t y);
+
+/* Presses (down 1), releases (0) or double-clicks (2) a button: 0 left, 1 right, 2 middle. */
+INK_API void HOST_pointer_button(int32_t button, int32_t down);
+
+/* ---- Reading back what is shown ---- */
+
+/* The size of the window's client area. Returns 0, or -2 for an unknown window. */
+INK_API int32_t HOST_window_size(HWND window, int32_t *width, int32_t *height);
+
+/* The palette indices last presented in the window's client area: width x height bytes, rows top to bottom.
+   Returns 0, or -2 for an unknown window. */
+INK_API int32_t HOST_read_indices(HWND window, uint8_t *indices);
+
+/* The picture of the window's client area through the hardware palette: width x height x 3 bytes, red, green,
+   blue. Returns 0, or -2 for an unknown window. */
+INK_API int32_t HOST_read_picture(HWND window, uint8_t *rgb);
+
+/* The hardware palette: 256 x 3 bytes, red, green, blue, 0 to 255 each. */
+INK_API void HOST_read_palette(uint8_t *palette);
+
+INK_END
+
+#endif

@@ -1,0 +1,17 @@
+// The library's own way into the error log: every family reports its recoverable failures through here.
+#pragma once
+
+namespace ink {
+
+inline constexpr const char *kErrorLog = "ERROR.MSG";
+
+// Appends one line to ERROR.MSG.
+void log_error(const char *message);
+
+// Appends one line made by a printf format to ERROR.MSG. Names of any length are taken whole.
+[[gnu::format(printf, 1, 2)]] void log_error_format(const char *format, ...);
+
+// The same into another log file.
+[[gnu::format(printf, 2, 3)]] void log_format_to_file(const char *file_name, const char *format, ...);
+
+}  // namespace ink

@@ -1,0 +1,85 @@
+#include "host/file_name.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <string_view>
+#include <system_error>
+
+namespace ink::host {
+namespace fs = std::filesystem;
+namespace {
+
+char lower(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
+}
+
+bool equal_ignoring_case(std::string_view a, std::string_view b) {
+    return a.size() == b.size() &&
+           std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) { return lower(x) == lower(y); });
+}
+
+bool exists(const std::string &path) {
+    std::error_code error;
+    return fs::exists(fs::symlink_status(path, error));
+}
+
+// The entry of the directory whose name equals wanted but for letter case; of several, the first in byte
+// order, so that the answer does not depend on the order in which the system lists them. Empty when there is
+// none.
+std::string find_entry(const std::string &directory, std::string_view wanted) {
+    std::string found;
+    std::error_code error;
+    fs::directory_iterator entries(directory.empty() ? fs::path(".") : fs::path(directory), error);
+    for (; !error && entries != fs::directory_iterator(); entries.increment(error)) {
+        std::string name = entries->path().filename().string();
+        if (equal_ignoring_case(name, wanted) && (found.empty() || name < found)) found = std::move(name);
+    }
+    return found;
+}
+
+}  // namespace
+
+std::string system_name(const char *name) {
+    std::string path(name);
+#if defined(_WIN32)
+    return path;
+#else
+    std::replace(path.begin(), path.end(), '\\', '/');
+    if (path.empty() || exists(path)) return path;
+
+    std::string resolved;
+    std::size_t start = 0;
+    while (start < path.size()) {
+        std::size_t end = path.find('/', start);
+        if (end == std::string::npos) end = path.size();
+        const std::string_view component(path.data() + start, end - start);
+        const bool plain = component.empty() || component == "." || component == "..";
+        if (!plain && !exists(resolved + std::string(component))) {
+            const std::string found = find_entry(resolved, component);
+            if (found.empty()) return resolved + path.substr(start);
+            resolved += found;
+        } else {
+            resolved += component;
+        }
+        if (end < path.size()) resolved += '/';
+        start = end + 1;
+    }
+    return resolved;
+#endif
+}
+
+File open_file(const char *name, const char *mode) {
+    if (name == nullptr) return nullptr;
+    const std::string path = system_name(name);
+    std::error_code error;
+    if (fs::is_directory(path, error)) return nullptr;
+    return File(std::fopen(path.c_str(), mode));
+}
+
+bool remove_file(const char *name) {
+    const std::string path = system_name(name);
+    std::error_code error;
+    return !fs::is_directory(path, error) && fs::remove(path, error);
+}
+
+}  // namespace ink::host

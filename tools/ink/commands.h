@@ -1,0 +1,7 @@
+// The commands of ink, one function each: it adds its subcommands, options and callbacks to the command line.
+// A command that fails throws std::runtime_error with a message for the user; nothing is written then.
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+namespace ink::tool {}  // namespace ink::tool
