@@ -23,7 +23,6 @@ typedef intptr_t LRESULT;
 #define WM_SETCURSOR 0x0020
 #define WM_KEYDOWN 0x0100
 #define WM_KEYUP 0x0101
-#define WM_CHAR 0x0102
 #define WM_SYSKEYDOWN 0x0104
 #define WM_SYSKEYUP 0x0105
 #define WM_TIMER 0x0113
@@ -115,6 +114,15 @@ INK_API uint64_t HOST_clock(void);
 /* Moves the headless machine's clock on. Timers that fall due become pending, at most one event each, and the
    sound and the disc move on too. The desktop machine sleeps for that time instead. */
 INK_API void HOST_advance_clock(uint64_t microseconds);
+
+/* Sets the headless machine's time of day, which goes on from there with its clock. Until it is set it is
+   Saturday, 1 January 2000, 00:00:00 when the machine starts. No effect on the desktop machine. */
+INK_API void HOST_set_local_time(int32_t year, int32_t month, int32_t day, int32_t hour, int32_t minute,
+                                 int32_t second);
+
+/* Sets a setting of the machine's, such as "CHINESBIG5(88)", whose value "yes" says that Big5 text can be
+   shown; null removes it. */
+INK_API void HOST_set_setting(const char *name, const char *value);
 
 /* ---- Feeding input ---- */
 

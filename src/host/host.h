@@ -67,9 +67,9 @@ struct Color {
 enum class DeviceContext : std::uintptr_t { none = 0 };
 enum class PaletteHandle : std::uint32_t { system = 0 };
 
-// A top-down 8-bit bitmap: width pixels a row without padding, palette indices.
+// A top-down 8-bit bitmap of palette indices, whose rows begin stride bytes apart.
 struct Bitmap {
-    std::int32_t width = 0, height = 0;
+    std::int32_t width = 0, height = 0, stride = 0;
     const std::uint8_t *pixels = nullptr;
     std::span<const Color> colors;  // 256
 };
@@ -191,8 +191,42 @@ class System {
     ~System() = default;
 };
 
+// The windows of the machine.
+class Windows {
+  public:
+    virtual HWND open_window(const char *title, std::int32_t width, std::int32_t height,
+                             HOST_WINDOW_PROCEDURE procedure) = 0;
+    virtual void close_window(HWND window) = 0;
+
+  protected:
+    ~Windows() = default;
+};
+
+// What tools and tests do to a machine from outside: move its clock, use its keyboard and mouse, look at its
+// screen.
+class Bench {
+  public:
+    virtual std::uint64_t clock() = 0;
+    virtual void advance_clock(std::uint64_t microseconds) = 0;
+    virtual void key(std::int32_t scan_code, bool down) = 0;
+    virtual void pointer_move(std::int32_t x, std::int32_t y) = 0;
+    virtual void pointer_button(std::int32_t button, std::int32_t down) = 0;
+    virtual void set_local_time(const std::tm &time) = 0;
+    virtual void set_setting(const char *name, const char *value) = 0;
+    virtual bool window_size(HWND window, std::int32_t &width, std::int32_t &height) = 0;
+    virtual bool read_indices(HWND window, std::uint8_t *indices) = 0;
+    virtual bool read_picture(HWND window, std::uint8_t *rgb) = 0;
+    virtual void read_palette(std::uint8_t *palette) = 0;
+
+  protected:
+    ~Bench() = default;
+};
+
 // A running machine.
 struct Machine {
+    const char *name;
+    Windows &windows;
+    Bench &bench;
     Messages &messages;
     Timers &timers;
     Display &display;
@@ -201,6 +235,15 @@ struct Machine {
     Disc &disc;
     System &system;
 };
+
+// A machine that can be had: opens it, or gives null when it cannot be had here.
+struct Host {
+    const char *name, *description;
+    Machine *(*open)();
+};
+
+// The hosts built into the library, the preferred one first.
+std::span<const Host> hosts();
 
 // The machine of this process, which the first call starts.
 Machine &machine();

@@ -1,0 +1,41 @@
+// The real ends of a machine made in software: what differs between a simulated one and one with a window,
+// keys and a loudspeaker. Every operation has an answer of its own that does nothing, so a new host overrides
+// what it has.
+#pragma once
+
+#include <cstdint>
+#include <ctime>
+#include <limits>
+
+#include "host/host.h"
+
+namespace ink::host {
+
+struct Window;
+class VirtualMachine;
+
+class Ends {
+  public:
+    virtual ~Ends() = default;
+
+    // A window was opened, or is about to close. Returning false refuses it.
+    virtual bool window_opened(Window &, const char * /*title*/) { return true; }
+    virtual void window_closing(Window &) {}
+
+    // Called from the pump when the time it asked for last has come: collects what the user did and scans the
+    // picture out. Returns when it wants to be called again, in microseconds of the machine's clock.
+    virtual std::uint64_t service(VirtualMachine &, std::uint64_t /*now*/) {
+        return std::numeric_limits<std::uint64_t>::max();
+    }
+    // Lets the processor rest until something happens, until that time at the latest. False when nothing will
+    // ever happen before it.
+    virtual bool rest(VirtualMachine &, std::uint64_t /*until*/) { return false; }
+
+    virtual void message_box(HWND owner, const char *text, const char *caption) = 0;
+    virtual void pointer_changed(VirtualMachine &) {}
+    virtual void pointer_warped(VirtualMachine &) {}
+    // The time of day; a host without one of its own leaves it to the machine.
+    virtual bool local_time(std::tm &) { return false; }
+};
+
+}  // namespace ink::host

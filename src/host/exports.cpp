@@ -1,0 +1,114 @@
+// The machine as games, tools and tests see it: the exported functions of host.h but the choice of the
+// machine.
+#include <ctime>
+
+#include "host/host.h"
+#include "host/observer.h"
+
+namespace host = ink::host;
+
+namespace {
+
+std::int32_t last_exit_code = 0;
+
+// 0 when the quit request was taken.
+std::int32_t dispatch(const host::Message &message) {
+    if (message.id == WM_QUIT) {
+        last_exit_code = static_cast<std::int32_t>(message.wparam);
+        return 0;
+    }
+    host::Messages &messages = host::machine().messages;
+    messages.translate(message);
+    messages.dispatch(message);
+    return 1;
+}
+
+}  // namespace
+
+HWND HOST_open_window(const char *title, int32_t width, int32_t height, HOST_WINDOW_PROCEDURE procedure) {
+    return host::machine().windows.open_window(title, width, height, procedure);
+}
+
+void HOST_close_window(HWND window) {
+    host::machine().windows.close_window(window);
+}
+
+LRESULT HOST_default_procedure(HWND window, UINT message, WPARAM, LPARAM) {
+    if (message == WM_CLOSE) HOST_close_window(window);
+    return 0;
+}
+
+void HOST_post_message(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+    host::machine().messages.post({window, message, wparam, lparam});
+}
+
+void HOST_post_quit(int32_t exit_code) {
+    host::machine().messages.post_quit(exit_code);
+}
+
+int32_t HOST_run_messages(void) {
+    host::Message message;
+    while (host::machine().messages.peek(message))
+        if (dispatch(message) == 0) return 0;
+    return 1;
+}
+
+int32_t HOST_wait_messages(void) {
+    host::Message message;
+    if (!host::machine().messages.get(message)) return dispatch({nullptr, WM_QUIT, message.wparam, 0});
+    return dispatch(message) != 0 ? HOST_run_messages() : 0;
+}
+
+int32_t HOST_exit_code(void) {
+    return last_exit_code;
+}
+
+void HOST_observe(HOST_OBSERVER observer) {
+    host::observer = observer;
+}
+
+uint64_t HOST_clock(void) {
+    return host::machine().bench.clock();
+}
+void HOST_advance_clock(uint64_t microseconds) {
+    host::machine().bench.advance_clock(microseconds);
+}
+
+void HOST_set_local_time(int32_t year, int32_t month, int32_t day, int32_t hour, int32_t minute,
+                         int32_t second) {
+    std::tm time{};
+    time.tm_year = year - 1900;
+    time.tm_mon = month - 1;
+    time.tm_mday = day;
+    time.tm_hour = hour;
+    time.tm_min = minute;
+    time.tm_sec = second;
+    host::machine().bench.set_local_time(time);
+}
+
+void HOST_set_setting(const char *name, const char *value) {
+    if (name != nullptr) host::machine().bench.set_setting(name, value);
+}
+
+void HOST_key(int32_t scan_code, int32_t down) {
+    host::machine().bench.key(scan_code, down != 0);
+}
+void HOST_pointer_move(int32_t x, int32_t y) {
+    host::machine().bench.pointer_move(x, y);
+}
+void HOST_pointer_button(int32_t button, int32_t down) {
+    host::machine().bench.pointer_button(button, down);
+}
+
+int32_t HOST_window_size(HWND window, int32_t *width, int32_t *height) {
+    return host::machine().bench.window_size(window, *width, *height) ? 0 : -2;
+}
+int32_t HOST_read_indices(HWND window, uint8_t *indices) {
+    return host::machine().bench.read_indices(window, indices) ? 0 : -2;
+}
+int32_t HOST_read_picture(HWND window, uint8_t *rgb) {
+    return host::machine().bench.read_picture(window, rgb) ? 0 : -2;
+}
+void HOST_read_palette(uint8_t *palette) {
+    host::machine().bench.read_palette(palette);
+}

@@ -1,0 +1,17 @@
+#include "host/observer.h"
+
+#include <cstdarg>
+#include <cstdio>
+
+namespace ink::host {
+
+bool ask_observer(const char *format, ...) {
+    char call[256];
+    std::va_list arguments;
+    va_start(arguments, format);
+    std::vsnprintf(call, sizeof call, format, arguments);
+    va_end(arguments);
+    return observer(call) == 0;
+}
+
+}  // namespace ink::host

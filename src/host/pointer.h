@@ -1,0 +1,35 @@
+// The pointer of a machine made in software: its position, its shape, and whether it shows.
+#pragma once
+
+#include <functional>
+
+#include "host/host.h"
+
+namespace ink::host {
+
+class VirtualPointer final : public Pointer {
+  public:
+
+    Point position() const { return position_; }
+    HCURSOR cursor() const { return cursor_; }
+    bool shown() const { return show_count_ >= 0; }
+    void move_to(Point position) { position_ = position; }
+    // What to do when the shape or the showing changed, and when the library moved the pointer.
+    void on_change(std::function<void()> action) { changed_ = std::move(action); }
+    void on_warp(std::function<void()> action) { warped_ = std::move(action); }
+
+    HCURSOR load_arrow() override;
+    void set_cursor(HCURSOR cursor) override;
+    void show_cursor(bool show) override;
+    // The client area of every window begins at the screen's corner.
+    Point client_to_screen(HWND window, Point point) override;
+    void set_cursor_position(Point screen) override;
+
+  private:
+    Point position_;
+    HCURSOR cursor_ = nullptr;
+    std::int32_t show_count_ = 0;
+    std::function<void()> changed_, warped_;
+};
+
+}  // namespace ink::host
