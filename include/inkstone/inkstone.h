@@ -3,6 +3,10 @@
 #define INKSTONE_INKSTONE_H
 
 #include "host.h"
+#include "keyboard.h"
+#include "polling.h"
 #include "runtime.h"
+#include "timer.h"
+#include "view.h"
 
 #endif

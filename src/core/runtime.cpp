@@ -28,8 +28,8 @@ void fnErrorExit(HWND window, const char *message) {
     using namespace ink::host;
     Messages &messages = machine().messages;
     messages.message_box(window, message, "SystemError", kMessageBoxExclamation | kMessageBoxTaskModal);
-    // A quit procedure, or a window procedure told of its window's end, that fails fatally too must not start the
-    // same round again.
+    // A quit procedure, or a window procedure told of its window's end, that fails fatally too must not start
+    // the same round again.
     static bool ending = false;
     if (std::exchange(ending, true)) std::exit(1);
     messages.post_quit(0);

@@ -9,7 +9,6 @@ namespace ink::host {
 
 class VirtualPointer final : public Pointer {
   public:
-
     Point position() const { return position_; }
     HCURSOR cursor() const { return cursor_; }
     bool shown() const { return show_count_ >= 0; }
