@@ -83,6 +83,18 @@ INK_API int32_t HOST_wait_messages(void);
 /* The exit code of the last quit request taken by HOST_run_messages or HOST_wait_messages. */
 INK_API int32_t HOST_exit_code(void);
 
+/* The pointer shapes every machine has, by Windows' numbers of them. */
+#define HOST_CURSOR_ARROW 32512
+#define HOST_CURSOR_IBEAM 32513
+#define HOST_CURSOR_WAIT 32514
+#define HOST_CURSOR_CROSS 32515
+#define HOST_CURSOR_SIZE_ALL 32646
+#define HOST_CURSOR_NO 32648
+#define HOST_CURSOR_HAND 32649
+
+/* The handle of one of the pointer shapes above, for the cursor table of the mouse family. */
+INK_API HICON HOST_load_cursor(int32_t shape);
+
 /* ---- Choosing and observing the machine: for tools and tests ---- */
 
 /* Chooses the machine by name before anything else uses it: "headless" or "sdl". Returns 0, or -2 when the

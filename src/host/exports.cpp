@@ -63,6 +63,10 @@ int32_t HOST_exit_code(void) {
     return last_exit_code;
 }
 
+HICON HOST_load_cursor(int32_t shape) {
+    return reinterpret_cast<HICON>(static_cast<std::uintptr_t>(static_cast<std::uint32_t>(shape)));
+}
+
 void HOST_observe(HOST_OBSERVER observer) {
     host::observer = observer;
 }

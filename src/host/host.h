@@ -97,6 +97,7 @@ class Display {
 
 struct Point {
     std::int32_t x = 0, y = 0;
+    bool operator==(const Point &) const = default;
 };
 
 class Pointer {

@@ -49,11 +49,6 @@ Message Input::button(HWND window, std::int32_t button, std::int32_t down) {
     return {window, id, mouse_flags(), client_lparam(client_)};
 }
 
-void Input::release_all() {
-    held_.fill(false);
-    buttons_.fill(false);
-}
-
 WPARAM Input::mouse_flags() const {
     WPARAM flags = 0;
     if (buttons_[0]) flags |= MK_LBUTTON;

@@ -20,15 +20,14 @@ class Input {
     Message move(HWND window, Point client);
     // The message of a button: 0 left, 1 right, 2 middle; down 1, up 0, double click 2.
     Message button(HWND window, std::int32_t button, std::int32_t down);
-    // Forgets every held key and button, after the window lost the focus.
-    void release_all();
-    // The scan codes held down, for the messages of a window that loses the focus.
-    bool held(std::int32_t scan_code) const { return held_[static_cast<std::size_t>(scan_code) & 0x1FF]; }
+    // Whether a key is held: its scan code, with kExtendedKey where it has it.
+    static constexpr std::int32_t kCodes = 0x200;
+    bool held(std::int32_t code) const { return held_[static_cast<std::size_t>(code) % kCodes]; }
 
   private:
     WPARAM mouse_flags() const;
 
-    std::array<bool, 0x200> held_{};
+    std::array<bool, kCodes> held_{};
     std::array<bool, 3> buttons_{};
     Point client_;
 };

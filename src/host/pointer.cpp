@@ -3,16 +3,9 @@
 #include "host/observer.h"
 
 namespace ink::host {
-namespace {
-
-// Windows' number of the standard arrow, which serves as its handle.
-constexpr std::uintptr_t kArrow = 32512;
-
-}  // namespace
-
 HCURSOR VirtualPointer::load_arrow() {
     allowed("load_arrow");
-    return reinterpret_cast<HCURSOR>(kArrow);
+    return HOST_load_cursor(HOST_CURSOR_ARROW);
 }
 
 void VirtualPointer::set_cursor(HCURSOR cursor) {

@@ -207,6 +207,11 @@ void VirtualMachine::post_button(HWND window, std::int32_t button, std::int32_t 
     queue_.post(input_.button(window, button, down));
 }
 
+void VirtualMachine::post_releases(HWND window) {
+    for (std::int32_t code = 0; code < Input::kCodes; ++code)
+        if (input_.held(code)) post_key(window, code, false);
+}
+
 void VirtualMachine::key(std::int32_t scan_code, bool down) {
     if (const Window *focus = screen_.focus()) post_key(focus->handle, scan_code, down);
 }

@@ -35,6 +35,8 @@ class VirtualMachine final : public Windows, public Bench, public Messages, publ
     void post_key(HWND window, std::int32_t scan_code, bool down);
     void post_move(HWND window, Point client);
     void post_button(HWND window, std::int32_t button, std::int32_t down);
+    // Releases every held key, for a window that loses the focus and will not see the user release them.
+    void post_releases(HWND window);
 
     HWND open_window(const char *title, std::int32_t width, std::int32_t height,
                      HOST_WINDOW_PROCEDURE procedure) override;

@@ -126,7 +126,9 @@ uint8_t read_system_key(void) {
     return read_key(system_code, kTabCode);
 }
 
-uint8_t read_data_key(void) { return read_key(data_code, kDataBit + kTabCode); }
+uint8_t read_data_key(void) {
+    return read_key(data_code, kDataBit + kTabCode);
+}
 
 void wait_key(int32_t key) {
     key = enter_as_space(key);
