@@ -150,8 +150,11 @@ class SdlEnds : public Ends {
         SdlWindow *made = find(event.windowID);
         if (made == nullptr) return;
         const bool down = event.type == SDL_KEYDOWN;
-        if (event.keysym.scancode == SDL_SCANCODE_RETURN && (event.keysym.mod & KMOD_ALT) != 0) {
-            if (down && event.repeat == 0) made->toggle_fullscreen();
+        // Alt+Enter is the machine's own; the game sees neither the press of Enter nor its release.
+        if (event.keysym.scancode == SDL_SCANCODE_RETURN &&
+            (switching_ || (down && (event.keysym.mod & KMOD_ALT) != 0))) {
+            if (down && !switching_) made->toggle_fullscreen();
+            switching_ = down;
             return;
         }
         const std::int32_t scan_code = set1_scan_code(event.keysym.scancode);
@@ -194,6 +197,7 @@ class SdlEnds : public Ends {
 
     std::vector<std::unique_ptr<SdlWindow>> windows_;
     std::map<std::int32_t, std::unique_ptr<SDL_Cursor, FreeCursor>> cursors_;
+    bool switching_ = false;  // Enter is held since Alt+Enter
     std::uint64_t next_frame_ = 0;
     std::uint64_t frame_time_ = 1000000 / 60;
 };

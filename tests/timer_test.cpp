@@ -1,0 +1,168 @@
+// Tick counters, waits, hooks and polling lists.
+#include "inkstone/timer.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "inkstone/host.h"
+#include "inkstone/polling.h"
+#include "inkstone/runtime.h"
+#include "support/calls.h"
+
+namespace {
+
+std::string trace;
+
+TEST(Timer, CountsAtMostOnePendingEventOfEachCounter) {
+    ASSERT_EQ(SetupTimerProc(nullptr), 0);
+    HOST_advance_clock(50000);  // ten expiries nobody takes
+    EXPECT_EQ(GetTimerTick(3), 0U);
+    fnCheckMessage();
+    for (int counter = 0; counter < 16; ++counter) EXPECT_EQ(GetTimerTick(counter), 1U) << counter;
+    for (int i = 0; i < 20; ++i) {
+        HOST_advance_clock(5000);
+        fnCheckMessage();
+    }
+    EXPECT_EQ(GetTimerTick(15), 21U);
+    SetTimerTick(3, 0xFFFFFFFF);
+    HOST_advance_clock(5000);
+    fnCheckMessage();
+    EXPECT_EQ(GetTimerTick(3), 0U);
+    SetTimerTick(16, 5);
+    SetTimerTick(-1, 5);
+    EXPECT_EQ(GetTimerTick(16) + GetTimerTick(-1), 0U);
+    ClearTimerProc(nullptr);
+    HOST_advance_clock(5000);
+    fnCheckMessage();
+    EXPECT_EQ(GetTimerTick(15), 22U);
+}
+
+TEST(Timer, GivesBackWhatItGotWhenOneIsRefused) {
+    test::record_calls("set_timer 0 3 ");
+    EXPECT_EQ(SetupTimerProc(nullptr), -2);
+    EXPECT_EQ(test::take_calls(), (test::Calls{"set_timer 0 1 5", "set_timer 0 2 5", "set_timer 0 3 5",
+                                               "kill_timer 0 1", "kill_timer 0 2"}));
+    ExecQuitProc();  // none was pushed
+    for (int i = 0; i < 64; ++i) EXPECT_EQ(PushQuitProc([] {}), 0);
+    EXPECT_EXIT(SetupTimerProc(nullptr), testing::ExitedWithCode(1), "PUSHQUIT ERROR!!!");
+}
+
+TEST(Timer, QuitProcedureStopsAllOnTheirWindow) {
+    const HWND window = HOST_open_window("t", 8, 8, nullptr);
+    SetupTimerProc(window);
+    test::record_calls();
+    ExecQuitProc();
+    const test::Calls calls = test::take_calls();
+    ASSERT_EQ(calls.size(), 16U);
+    EXPECT_EQ(calls.front(), "kill_timer 1 1");
+    EXPECT_EQ(calls.back(), "kill_timer 1 16");
+}
+
+TEST(Waits, TakeTheirTimeOnTheSimulatedClock) {
+    SetupTimerProc(nullptr);
+    const std::uint64_t before = HOST_clock();
+    tick_wait(3);
+    EXPECT_NEAR(static_cast<double>(HOST_clock() - before), 15000, 100);
+    EXPECT_GE(GetTimerTick(14), 3U);
+
+    clear_time_delay();
+    const std::uint64_t frame = HOST_clock();
+    wait_time_delay(20);
+    EXPECT_NEAR(static_cast<double>(HOST_clock() - frame), 20000, 1100);
+    EXPECT_EQ(get_time_delay(), 0U);  // since the last reading inside the wait
+    wait_time_delay(30);              // still from the same start
+    EXPECT_NEAR(static_cast<double>(HOST_clock() - frame), 30000, 1100);
+}
+
+TEST(Waits, CallTheIdleFunctionInPlaceOfThePump) {
+    SetupTimerProc(nullptr);
+    set_system_idle_function([] { trace += 'i'; });
+    clear_time_delay();
+    wait_time_delay(0);
+    tick_wait(0);
+    EXPECT_EQ(trace, "");
+    HOST_advance_clock(30000);
+    wait_time_delay(20);  // overdue: one turn
+    EXPECT_EQ(trace, "i");
+    wait_time_delay(25);  // the mark is beyond it
+    EXPECT_EQ(trace, "i");
+    set_system_idle_function([] {
+        set_system_idle_function(nullptr);
+        trace += 'j';
+    });
+    tick_wait(1);  // the idle function pumps nothing and leaves; the pump takes over
+    EXPECT_EQ(trace, "ij");
+}
+
+template <char letter>
+void say() {
+    trace += letter;
+}
+
+std::string run(std::int32_t list) {
+    trace.clear();
+    EXPECT_EQ(PollingExecute(list), 0);
+    return trace;
+}
+
+TEST(Polling, KeepsItsOrder) {
+    ASSERT_EQ(PollingInit(7), 0);
+    EXPECT_EQ(run(7), "");
+    EXPECT_EQ(PollingDelete(7, say<'1'>), -2);
+    EXPECT_EQ(PollingInsert(7, say<'1'>, say<'2'>), -2);
+    for (const INK_PROCEDURE procedure : {say<'1'>, say<'2'>, say<'3'>})
+        EXPECT_EQ(PollingAppend(7, procedure), 0);
+    EXPECT_EQ(run(7), "123");
+    EXPECT_EQ(PollingInsert(7, say<'4'>, say<'1'>), 0);
+    EXPECT_EQ(PollingInsert(7, say<'5'>, say<'3'>), 0);
+    EXPECT_EQ(PollingAppend(7, say<'1'>), 0);
+    EXPECT_EQ(run(7), "142351");
+    EXPECT_EQ(PollingInsert(7, say<'6'>, say<'7'>), -2);
+    EXPECT_EQ(PollingInsert(7, say<'6'>, nullptr), -2);
+    EXPECT_EQ(PollingDelete(7, say<'1'>), 0);  // the first of the two
+    EXPECT_EQ(run(7), "42351");
+    EXPECT_EQ(PollingDelete(7, say<'1'>), 0);
+    EXPECT_EQ(PollingDelete(7, say<'1'>), -2);
+    EXPECT_EQ(run(7), "4235");
+    EXPECT_EQ(PollingClear(7), 0);
+    EXPECT_EQ(run(7), "");
+    for (const std::int32_t bad : {-1, 8, 7, INT32_MIN, INT32_MAX}) {  // 7 does not exist any more
+        EXPECT_EQ(PollingAppend(bad, say<'1'>), -2);
+        EXPECT_EQ(PollingInsert(bad, say<'1'>, say<'2'>), -2);
+        EXPECT_EQ(PollingDelete(bad, say<'1'>), -2);
+        EXPECT_EQ(PollingClear(bad), -2);
+        EXPECT_EQ(PollingExecute(bad), bad == 7 ? 0 : -2);
+        EXPECT_EQ(PollingInit(bad), bad == 7 ? 0 : -2);
+    }
+}
+
+void delete_self() {
+    trace += 'd';
+    PollingDelete(0, delete_self);
+}
+void delete_next() {
+    trace += 'n';
+    PollingDelete(0, say<'2'>);
+}
+void insert_next() {
+    trace += 'i';
+    PollingInsert(0, say<'9'>, insert_next);
+}
+void clear_all() {
+    trace += 'c';
+    PollingClear(0);
+}
+
+TEST(Polling, SurvivesAProcedureThatChangesItsOwnList) {
+    PollingInit(0);
+    for (const INK_PROCEDURE procedure : {delete_self, delete_next, say<'2'>, insert_next, say<'3'>})
+        PollingAppend(0, procedure);
+    EXPECT_EQ(run(0), "dni93");
+    EXPECT_EQ(run(0), "ni993");
+    PollingInsert(0, clear_all, delete_next);
+    EXPECT_EQ(run(0), "nc");
+    EXPECT_EQ(run(0), "");
+}
+
+}  // namespace
