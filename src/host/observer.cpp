@@ -5,7 +5,8 @@
 
 namespace ink::host {
 
-bool ask_observer(const char *format, ...) {
+bool allowed(const char *format, ...) {
+    if (observer == nullptr) return true;
     char call[256];
     std::va_list arguments;
     va_start(arguments, format);
