@@ -2,6 +2,8 @@
 #ifndef INKSTONE_INKSTONE_H
 #define INKSTONE_INKSTONE_H
 
+#include "draw.h"
+#include "effect.h"
 #include "host.h"
 #include "keyboard.h"
 #include "polling.h"

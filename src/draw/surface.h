@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 
 #include "core/reader.h"
 
@@ -13,6 +14,17 @@ namespace ink::draw {
 
 inline constexpr std::int32_t kScreenWidth = 640;
 inline constexpr std::int32_t kScreenHeight = 480;
+
+// Of colours, masks and keys only the low byte counts.
+inline std::uint8_t low_byte(std::int32_t value) {
+    return static_cast<std::uint8_t>(value);
+}
+
+// Whether a caller can mean a buffer of this size. One of 2^31 pixels and more cannot be had from a game's
+// own arithmetic; such sizes come from broken data, and nothing is drawn from or into them.
+inline bool plausible(std::int64_t width, std::int64_t height) {
+    return width > 0 && height > 0 && width * height <= std::numeric_limits<std::int32_t>::max();
+}
 
 // Pixels to draw on, row after row without gaps. A size below 1 holds no pixel.
 struct Surface {
@@ -28,18 +40,35 @@ struct Surface {
 inline Surface screen(std::uint8_t *buffer) {
     return {buffer, kScreenWidth, kScreenHeight};
 }
+inline Surface memory(std::uint8_t *buffer, std::int32_t width, std::int32_t height) {
+    if (!plausible(width, height)) return {};
+    return {buffer, width, height};
+}
 
-// Pixels to draw, row after row without gaps.
+// Pixels to draw. The step leads from one row to the next; it is the width unless the rows are taken from a
+// larger picture or from the bottom up.
 struct Sprite {
     const std::uint8_t *pixels = nullptr;
-    std::int64_t width = 0, height = 0;
+    std::int64_t width = 0, height = 0, step = width;
 
-    const std::uint8_t *at(std::int64_t x, std::int64_t y) const { return pixels + y * width + x; }
+    const std::uint8_t *at(std::int64_t x, std::int64_t y) const { return pixels + y * step + x; }
 };
+
+inline Sprite upside_down(const Sprite &sprite) {
+    if (sprite.height < 1) return {};
+    return {sprite.at(0, sprite.height - 1), sprite.width, sprite.height, -sprite.step};
+}
+
+// A bitmap: bare pixels, the size stated by the caller.
+inline Sprite bitmap(const std::uint8_t *pixels, std::int32_t width, std::int32_t height) {
+    if (!plausible(width, height)) return {};
+    return {pixels, width, height};
+}
 
 // An image block: width and height as 16-bit little-endian numbers, then the pixels. It may stand at any
 // address.
 inline constexpr std::size_t kImageHeader = 4;
+inline constexpr std::int64_t kLargestImage = 65535;  // pixels a side
 inline Sprite image(const std::uint8_t *block) {
     return {block + kImageHeader, get_u16(block), get_u16(block + 2)};
 }
@@ -80,6 +109,7 @@ struct Box {
 
     bool empty() const { return x1 > x2 || y1 > y2; }
     std::int64_t columns() const { return x2 - x1 + 1; }
+    std::int64_t rows() const { return y2 - y1 + 1; }
 };
 
 // The bar clamp, of filled rectangles: the part of the rectangle that lies on the surface. Corners in the

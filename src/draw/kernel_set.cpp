@@ -1,0 +1,195 @@
+// The row kernels of one instruction set. This file is compiled once for each, under the name
+// INKSTONE_KERNELS, so it must not emit anything the linker could share with code meant for another
+// processor: everything but the table itself is local, and no inline function of another header is called.
+//
+// A kernel is an operation on vectors of pixels, walked over the rows. The compilers' generic vectors are
+// used rather than loops left to the vectoriser because of the ends of rows: here the last vector of a row is
+// moved back to end with the row, overlapping the one before, where a vectorised loop would finish pixel by
+// pixel. On sprites 16 to 64 pixels wide that is most of the time. Nothing is assumed about overlapping
+// buffers.
+#include <utility>
+
+#include "draw/kernels.h"
+
+namespace {
+
+using Byte = std::uint8_t;
+using Step = std::ptrdiff_t;
+using ink::draw::Blit;
+
+#if defined(__AVX512BW__)
+constexpr int kWidest = 64;
+#elif defined(__AVX2__)
+constexpr int kWidest = 32;
+#else
+constexpr int kWidest = 16;
+#endif
+
+template <int N>
+using Pixels [[gnu::vector_size(N)]] = Byte;
+
+template <int N>
+[[gnu::always_inline]] inline Pixels<N> load(const Byte *from) {
+    Pixels<N> pixels;
+    __builtin_memcpy(&pixels, from, N);
+    return pixels;
+}
+
+template <int N>
+[[gnu::always_inline]] inline void store(Byte *to, Pixels<N> pixels) {
+    __builtin_memcpy(to, &pixels, N);
+}
+
+// How the source lies under the target: each reads the pixels that belong to the target columns x to x + N
+// - 1.
+struct Forward {
+    template <int N>
+    [[gnu::always_inline]] static Pixels<N> read(const Byte *from, Step x) {
+        return load<N>(from + x);
+    }
+};
+struct Mirrored {
+    template <int N>
+    [[gnu::always_inline]] static Pixels<N> read(const Byte *from, Step x) {
+        return reverse<N>(load<N>(from - x - (N - 1)), std::make_integer_sequence<int, N>());
+    }
+    template <int N, int... Lane>
+    [[gnu::always_inline]] static Pixels<N> reverse(Pixels<N> pixels, std::integer_sequence<int, Lane...>) {
+        return __builtin_shufflevector(pixels, pixels, (N - 1 - Lane)...);
+    }
+};
+
+// Walks the rows in vectors of N pixels; there are at least N columns. The operation is given the source
+// pixels, the target pixels and column + row, and returns the new target pixels. The target's last vector is
+// read before the others are written, so an operation sees every pixel as it was.
+template <int N, class Source, class Operation>
+[[gnu::always_inline]] inline void walk_rows(const Blit &blit, Operation operation) {
+    Byte *to = blit.to;
+    const Byte *from = blit.from;
+    const Step last = blit.columns - N;
+    for (Step row = 0; row < blit.rows; ++row, to += blit.to_step, from += blit.from_step) {
+        const Pixels<N> under_last = load<N>(to + last);
+        for (Step x = 0; x < last; x += N)
+            store<N>(to + x, operation(Source::template read<N>(from, x), load<N>(to + x), x + row));
+        store<N>(to + last, operation(Source::template read<N>(from, last), under_last, last + row));
+    }
+}
+
+// Walks the rows in the widest vectors that fit a row.
+template <class Source = Forward, int N = kWidest, class Operation>
+[[gnu::always_inline]] inline void walk(const Blit &blit, Operation operation) {
+    if (N == 1 || blit.columns >= N) return walk_rows<N, Source>(blit, operation);
+    if constexpr (N > 1) walk<Source, N / 2>(blit, operation);
+}
+
+// For operations on the target alone, which stands in for the source.
+Blit in_place(const Blit &blit) {
+    return {blit.to, blit.to_step, blit.to, blit.to_step, blit.columns, blit.rows};
+}
+
+// From here on the system's own copy and fill are the fastest: they align what they write.
+constexpr Step kLongRow = 256;
+
+// Rows that follow each other without a gap are one long row.
+Blit joined(const Blit &blit) {
+    Blit whole = blit;
+    if (blit.to_step == blit.columns && blit.from_step == blit.columns) {
+        whole.columns *= blit.rows;
+        whole.rows = 1;
+    }
+    return whole;
+}
+
+void copy(const Blit &part) {
+    Blit blit = joined(part);
+    if (blit.columns < kLongRow) return walk(blit, [](auto source, auto, Step) { return source; });
+    for (; blit.rows > 0; --blit.rows, blit.to += blit.to_step, blit.from += blit.from_step)
+        __builtin_memmove(blit.to, blit.from, static_cast<std::size_t>(blit.columns));
+}
+
+void copy_nonzero(const Blit &blit) {
+    walk(blit, [](auto source, auto under, Step) { return source != 0 ? source : under; });
+}
+
+void copy_nonzero_mirrored(const Blit &blit) {
+    walk<Mirrored>(blit, [](auto source, auto under, Step) { return source != 0 ? source : under; });
+}
+
+void fill(const Blit &part, Byte colour) {
+    Blit blit = joined(in_place(part));
+    if (blit.columns < kLongRow)
+        return walk(blit, [=](auto source, auto, Step) { return decltype(source){} + colour; });
+    for (; blit.rows > 0; --blit.rows, blit.to += blit.to_step)
+        __builtin_memset(blit.to, colour, static_cast<std::size_t>(blit.columns));
+}
+
+void fill_nonzero(const Blit &blit, Byte colour) {
+    walk(blit,
+         [=](auto source, auto under, Step) { return source != 0 ? decltype(source){} + colour : under; });
+}
+
+void replace(const Blit &blit, Byte colour, Byte by) {
+    walk(in_place(blit),
+         [=](auto source, auto under, Step) { return source == colour ? decltype(source){} + by : under; });
+}
+
+// The checkerboard: read from an even place it begins with a pixel of the mesh, from an odd one without.
+struct Mesh {
+    alignas(64) Byte lanes[kWidest + 1];
+
+    constexpr Mesh() : lanes() {
+        for (int lane = 0; lane <= kWidest; ++lane) lanes[lane] = lane % 2 == 0 ? 0xFF : 0;
+    }
+};
+constexpr Mesh kMesh;
+
+template <class Vector>
+[[gnu::always_inline]] inline Vector mesh(Step place) {
+    return load<sizeof(Vector)>(kMesh.lanes + (place & 1));
+}
+
+void fill_mesh(const Blit &blit, unsigned phase, Byte colour) {
+    walk(in_place(blit), [=](auto source, auto under, Step place) {
+        const auto on = mesh<decltype(source)>(place + phase);
+        return on != 0 ? decltype(source){} + colour : under;
+    });
+}
+
+void copy_nonzero_mesh(const Blit &blit, unsigned phase, Byte mask) {
+    walk(blit, [=](auto source, auto under, Step place) {
+        const auto on = mesh<decltype(source)>(place + phase) & source;
+        return on != 0 ? source & mask : under;
+    });
+}
+
+// Table lookups do not fit generic vectors: these two go pixel by pixel.
+void remap(const Blit &blit, const Byte *table) {
+    Byte *to = blit.to;
+    for (Step row = 0; row < blit.rows; ++row, to += blit.to_step)
+        for (Step x = 0; x < blit.columns; ++x) to[x] = table[to[x]];
+}
+
+void remap_nonzero(const Blit &blit, const Byte *table) {
+    Byte *to = blit.to;
+    const Byte *from = blit.from;
+    for (Step row = 0; row < blit.rows; ++row, to += blit.to_step, from += blit.from_step)
+        for (Step x = 0; x < blit.columns; ++x) {
+            const Byte under = to[x], through = table[under];
+            to[x] = from[x] != 0 ? through : under;
+        }
+}
+
+}  // namespace
+
+constinit const ink::draw::Kernels ink::draw::INKSTONE_KERNELS = {
+    .copy = copy,
+    .copy_nonzero = copy_nonzero,
+    .copy_nonzero_mirrored = copy_nonzero_mirrored,
+    .fill = fill,
+    .fill_mesh = fill_mesh,
+    .fill_nonzero = fill_nonzero,
+    .copy_nonzero_mesh = copy_nonzero_mesh,
+    .remap = remap,
+    .remap_nonzero = remap_nonzero,
+    .replace = replace,
+};

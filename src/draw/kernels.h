@@ -1,0 +1,47 @@
+// The row kernels: what is done to the pixels once the clipping is over. Each walks a rectangle of rows, so
+// that a blit pays for the choice of the instruction set once, by one call through this table.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+namespace ink::draw {
+
+// A clipped rectangle of at least one column: where it starts in the target and in the source, how far it is
+// from one row to the next in each, and its size. The source's step is negative where rows are read upwards.
+// Kernels that have no source leave its members alone.
+struct Blit {
+    std::uint8_t *to = nullptr;
+    std::ptrdiff_t to_step = 0;
+    const std::uint8_t *from = nullptr;
+    std::ptrdiff_t from_step = 0;
+    std::ptrdiff_t columns = 0, rows = 0;
+};
+
+// One instruction set's kernels. Of the mesh, phase 0 has the first pixel of the first row, phase 1 the
+// second; it alternates from pixel to pixel and from row to row.
+struct Kernels {
+    void (*copy)(const Blit &);
+    void (*copy_nonzero)(const Blit &);
+    // The source is read from right to left, beginning at `from`.
+    void (*copy_nonzero_mirrored)(const Blit &);
+    void (*fill)(const Blit &, std::uint8_t colour);
+    void (*fill_mesh)(const Blit &, unsigned phase, std::uint8_t colour);
+    // The colour, or the source ANDed with the mask, wherever the source is not 0.
+    void (*fill_nonzero)(const Blit &, std::uint8_t colour);
+    void (*copy_nonzero_mesh)(const Blit &, unsigned phase, std::uint8_t mask);
+    // The target through a table of 256 entries: everywhere, or wherever the source is not 0.
+    void (*remap)(const Blit &, const std::uint8_t *table);
+    void (*remap_nonzero)(const Blit &, const std::uint8_t *table);
+    // Every target pixel of the one colour becomes the other.
+    void (*replace)(const Blit &, std::uint8_t colour, std::uint8_t by);
+};
+
+// The kernels of the best instruction set this processor has, chosen when the library is loaded. The
+// environment variable INKSTONE_CPU can ask for less: baseline, v3 or v4, after the levels of x86-64.
+extern const Kernels kernels;
+
+// The sets there are; which of them are built is the build system's choice.
+extern const Kernels kernels_baseline, kernels_v3, kernels_v4;
+
+}  // namespace ink::draw
