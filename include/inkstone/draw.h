@@ -22,8 +22,8 @@
 INK_BEGIN
 
 /* The size of the screen buffer. */
-#define SCREEN_WIDTH 640
-#define SCREEN_HEIGHT 480
+#define INK_SCREEN_WIDTH 640
+#define INK_SCREEN_HEIGHT 480
 
 /* ---- On the screen buffer ---- */
 

@@ -8,7 +8,7 @@
 
 using namespace ink::draw;
 
-static_assert(SCREEN_WIDTH == kScreenWidth && SCREEN_HEIGHT == kScreenHeight);
+static_assert(INK_SCREEN_WIDTH == kScreenWidth && INK_SCREEN_HEIGHT == kScreenHeight);
 
 namespace {
 
