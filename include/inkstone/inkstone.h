@@ -2,6 +2,8 @@
 #ifndef INKSTONE_INKSTONE_H
 #define INKSTONE_INKSTONE_H
 
+#include "can.h"
+#include "compressed_image.h"
 #include "host.h"
 #include "keyboard.h"
 #include "polling.h"
