@@ -4,8 +4,10 @@
 
 #include "can.h"
 #include "compressed_image.h"
+#include "flic.h"
 #include "host.h"
 #include "keyboard.h"
+#include "pcx.h"
 #include "polling.h"
 #include "runtime.h"
 #include "timer.h"
