@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <cstring>
 #include <span>
 
 namespace ink::formats {
@@ -34,12 +33,12 @@ class Row {
 
     void copy(std::span<const std::uint8_t> from) {
         const auto [first, last] = clip(from.size());
-        if (first < last) std::memcpy(pixels_ + first, from.data() + (first - x_), last - first);
+        if (first < last) std::copy_n(from.data() + (first - x_), last - first, pixels_ + first);
         move(static_cast<int>(from.size()));
     }
     void fill(std::uint8_t pixel, int count) {
         const auto [first, last] = clip(static_cast<std::size_t>(count));
-        if (first < last) std::memset(pixels_ + first, pixel, last - first);
+        if (first < last) std::fill(pixels_ + first, pixels_ + last, pixel);
         move(count);
     }
 
@@ -69,9 +68,8 @@ void decode_palette(Reader data, unsigned shift, FlicScreen &screen) {
         const std::size_t first = count == 0 ? 0 : std::min(index, kColours);
         const auto components = data.take(3 * (count == 0 ? kColours : count));
         const std::size_t colours = std::min(components.size() / 3, kColours - first);
-        std::transform(
-            components.begin(), components.begin() + 3 * colours, screen.palette.begin() + 3 * first,
-            [shift](std::uint8_t component) { return static_cast<std::uint8_t>(component >> shift); });
+        for (std::size_t i = 0; i < 3 * colours; ++i)
+            screen.palette[3 * first + i] = static_cast<std::uint8_t>(components[i] >> shift);
         index += count;
     }
 }
