@@ -4,8 +4,12 @@
 
 #include "draw.h"
 #include "effect.h"
+#include "can.h"
+#include "compressed_image.h"
+#include "flic.h"
 #include "host.h"
 #include "keyboard.h"
+#include "pcx.h"
 #include "polling.h"
 #include "runtime.h"
 #include "timer.h"

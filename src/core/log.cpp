@@ -48,6 +48,10 @@ void log_format_to_file(const char *file_name, const char *format, ...) {
     va_end(arguments);
 }
 
+void log_open_error(const char *name) {
+    log_error_format("File %s open error", name);
+}
+
 }  // namespace ink
 
 void log_error_to_file(const char *message, const char *file_name) {

@@ -14,4 +14,7 @@ void log_error(const char *message);
 // The same into another log file.
 [[gnu::format(printf, 2, 3)]] void log_format_to_file(const char *file_name, const char *format, ...);
 
+// Appends "File <name> open error", the line that several families share, to ERROR.MSG.
+void log_open_error(const char *name);
+
 }  // namespace ink

@@ -1,0 +1,194 @@
+#include "inkstone/can.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <memory>
+#include <new>
+#include <optional>
+#include <vector>
+
+#include "core/input_file.h"
+#include "core/log.h"
+#include "core/reader.h"
+#include "draw/surface.h"
+#include "formats/compressed_image.h"
+
+namespace ink::formats {
+namespace {
+
+struct CanFrame {
+    std::int32_t x = 0, y = 0;
+    std::vector<std::uint8_t>
+        block;  // what the file has of it; at least a header, of zeros where it has none
+
+    std::size_t code_present() const { return block.size() - kCompressedHeader; }
+};
+
+// A CAN file open for reading. The block of a frame is read into memory of its own and not into the caller's
+// work buffer: how large that is nobody says, and how much would be written there is for the file to say.
+class CanFile {
+  public:
+    explicit CanFile(const char *name) : file_(name) {
+        std::array<std::uint8_t, kHeaderSize> header{};
+        file_.read(0, header);
+        Reader reader(header);
+        reader.seek(kFrameCount);
+        frame_count_ = reader.i32();
+        anchor_x_ = reader.i16();
+        anchor_y_ = reader.i16();
+    }
+
+    bool is_open() const { return file_.is_open(); }
+    std::uint64_t size() const { return file_.size(); }
+    std::int32_t frame_count() const { return frame_count_; }
+
+    // False when there is no memory for the frame offsets, which those that the file cannot hold never get.
+    bool read_offsets() try {
+        if (frame_count_ <= 0) return true;
+        const std::uint64_t length = 4 * static_cast<std::uint64_t>(frame_count_);
+        if (file_.present(kOffsets, length) < length) return false;
+        offsets_.resize(static_cast<std::size_t>(length));
+        return file_.read(kOffsets, offsets_) == length;
+    } catch (const std::bad_alloc &) {
+        return false;
+    }
+
+    // Reads a frame, which must be one of those whose offsets were read; nothing when there is no memory.
+    // What the file has not reads as zeros.
+    std::optional<CanFrame> read_frame(std::int32_t index) try {
+        const std::uint64_t offset = get_u32(offsets_.data() + 4 * static_cast<std::size_t>(index));
+        std::array<std::uint8_t, kRecordSize> record{};
+        file_.read(offset, record);
+        Reader reader(record);
+        CanFrame frame;
+        frame.x = reader.i16() + anchor_x_;
+        frame.y = reader.i16() + anchor_y_;
+
+        const auto length = static_cast<std::size_t>(file_.present(offset + kRecordSize, reader.u32()));
+        frame.block.resize(std::max(length, kCompressedHeader));
+        file_.read(offset + kRecordSize, std::span(frame.block).first(length));
+        return frame;
+    } catch (const std::bad_alloc &) {
+        return std::nullopt;
+    }
+
+  private:
+    static constexpr std::size_t kHeaderSize = 24, kFrameCount = 12, kOffsets = 20, kRecordSize = 8;
+
+    InputFile file_;
+    std::int32_t frame_count_ = 0;
+    std::int32_t anchor_x_ = 0, anchor_y_ = 0;
+    std::vector<std::uint8_t> offsets_;
+};
+
+struct FreeAnimation {
+    void operator()(ANI_DATA_STRUCT *head) const { ANI_free_ani(head); }
+};
+using Animation = std::unique_ptr<ANI_DATA_STRUCT, FreeAnimation>;
+
+ANI_DATA_STRUCT *new_record() {
+    return static_cast<ANI_DATA_STRUCT *>(std::calloc(1, sizeof(ANI_DATA_STRUCT)));
+}
+
+// How much one file may ask for. Complete frames expand to at most 32 times their code, so a whole animation
+// stays below this; a few bytes that state huge images, or a thousand frames that share one block, do not.
+class Allowance {
+  public:
+    explicit Allowance(std::uint64_t file_size) : left_(std::max(kFloor, 64 * file_size)) {}
+
+    bool take(std::uint64_t bytes) {
+        if (bytes > left_) return false;
+        left_ -= bytes;
+        return true;
+    }
+
+  private:
+    static constexpr std::uint64_t kFloor = std::uint64_t{64} << 20;
+    std::uint64_t left_;
+};
+
+// The record of the frame, with its image expanded; null when there is no memory for it.
+Animation expand_frame(const CanFrame &frame, Allowance &allowance) {
+    constexpr std::size_t kFrameCost = 1024;  // its records, and the log line of a frame that is none
+    const std::size_t size = expanded_size(frame.block.data());
+    if (!allowance.take(kFrameCost + frame.block.size() + size)) return nullptr;
+    Animation record(new_record());
+    if (!record) return nullptr;
+    record->x = frame.x;
+    record->y = frame.y;
+    // Cleared, so that pixels the block has no code for are blank and not what the memory held before.
+    record->image = static_cast<std::uint8_t *>(std::calloc(size, 1));
+    if (record->image == nullptr) return nullptr;
+    if (!expand_image(frame.block.data(), frame.code_present(), record->image))
+        copy_image_size(frame.block.data(), record->image);
+    return record;
+}
+
+// Appends all frames of the file to the list; false when there is no memory.
+bool append_frames(CanFile &file, ANI_DATA_STRUCT *last) {
+    Allowance allowance(file.size());
+    for (std::int32_t i = 0; i < file.frame_count(); ++i) {
+        const std::optional<CanFrame> frame = file.read_frame(i);
+        Animation record = frame ? expand_frame(*frame, allowance) : nullptr;
+        if (!record) return false;
+        record->prev = last;
+        last->next = record.release();
+        last = last->next;
+    }
+    return true;
+}
+
+}  // namespace
+}  // namespace ink::formats
+
+using namespace ink;
+using namespace ink::formats;
+
+int32_t CAN_read_file(const char *file_name, ANI_DATA_STRUCT **head, uint8_t *) {
+    *head = nullptr;
+    Animation animation(new_record());
+    CanFile file(file_name);
+    if (!animation) {
+        log_error("Memory alloc error:CAN_read_file");
+    } else if (!file.is_open()) {
+        log_error_format("CAN file %s open error:CAN_read_file", file_name);
+    } else if (!file.read_offsets()) {
+        log_error("ERROR : memory alloc error:CAN_read_file");
+    } else if (!append_frames(file, animation.get())) {
+        log_error("Memory alloc error:CAN_read_file");
+    } else {
+        *head = animation.release();
+        return file.frame_count();
+    }
+    return -1;
+}
+
+int32_t CAN_read_frame(const char *file_name, int32_t index, int32_t *x, int32_t *y, uint8_t *image,
+                       uint8_t *) {
+    CanFile file(file_name);
+    if (!file.is_open()) {
+        log_error_format("CAN file %s open error:CAN_read_frame", file_name);
+        return -1;
+    }
+    if (index < 0 || index >= file.frame_count()) return -1;
+    const std::optional<CanFrame> frame = file.read_offsets() ? file.read_frame(index) : std::nullopt;
+    if (!frame) {
+        log_error("ERROR : memory alloc error(CAN_read_frame)");
+        return -1;
+    }
+    // How large an image a broken frame has room for is not known: it comes out as one that draws nothing.
+    if (!expand_image(frame->block.data(), frame->code_present(), image)) draw::put_image_header(image, 0, 0);
+    *x = frame->x;
+    *y = frame->y;
+    return file.frame_count();
+}
+
+void ANI_free_ani(ANI_DATA_STRUCT *head) {
+    while (head != nullptr) {
+        ANI_DATA_STRUCT *const next = head->next;
+        std::free(head->image);
+        std::free(head);
+        head = next;
+    }
+}
