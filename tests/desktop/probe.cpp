@@ -1,0 +1,69 @@
+// A window for the desktop test: shows a card of all colours, prints every message that matters to a game as
+// a line, and on closing says whether the palette of before came back. The picture it shows is saved as
+// card.ppm.
+#include <cstdint>
+#include <cstdio>
+#include <cstring>
+#include <vector>
+
+#include "inkstone/inkstone.h"
+
+namespace {
+
+bool closed = false;
+
+LRESULT window_procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+    const int x = static_cast<int>(lparam & 0xFFFF), y = static_cast<int>(lparam >> 16 & 0xFFFF);
+    const int scan = static_cast<int>(lparam >> 16 & 0x1FF);
+    switch (message) {
+        case WM_KEYDOWN: std::printf("down %03x\n", scan); break;
+        case WM_KEYUP: std::printf("up %03x\n", scan); break;
+        case WM_MOUSEMOVE: std::printf("move %d %d\n", x, y); break;
+        case WM_SETCURSOR: break;
+        case WM_CLOSE: std::puts("close"); break;
+        case WM_DESTROY: closed = true; break;
+        default:
+            if (message >= WM_LBUTTONDOWN && message <= WM_MBUTTONDBLCLK)
+                std::printf("button %03x %zu %d %d\n", message, static_cast<std::size_t>(wparam), x, y);
+    }
+    std::fflush(stdout);
+    return HOST_default_procedure(window, message, wparam, lparam);
+}
+
+void save_picture(HWND window) {
+    std::vector<std::uint8_t> rgb(640 * 480 * 3);
+    HOST_read_picture(window, rgb.data());
+    std::FILE *file = std::fopen("card.ppm", "wb");
+    std::fputs("P6\n640 480\n255\n", file);
+    std::fwrite(rgb.data(), 1, rgb.size(), file);
+    std::fclose(file);
+}
+
+}  // namespace
+
+int main(int argc, char **argv) {
+    if (argc > 1 && std::strcmp(argv[1], "fatal") == 0) {
+        PushQuitProc([] { std::puts("quit procedure"); });
+        fnErrorExit(HOST_open_window("Inkstone probe", 640, 480, nullptr), "The end of the probe");
+    }
+    std::uint8_t before[768], after[768];
+    const HWND window = HOST_open_window("Inkstone probe", 640, 480, window_procedure);
+    HOST_read_palette(before);
+    std::vector<std::uint8_t> buffer(640 * 480);
+    for (int i = 0; i < 256; ++i) {
+        const int x = i % 16 * 40, y = i / 16 * 30;
+        BUF_bar(x, y, x + 38, y + 28, i, buffer.data());
+    }
+    WViewInit(window, 0, 0, 640, 480, buffer.data());
+    WViewEnable();
+    WViewBuffer2Screen();
+    save_picture(window);
+    std::printf("host %s\n", HOST_name());
+    std::fflush(stdout);
+    while (!closed && HOST_wait_messages() != 0) {
+    }
+    ExecQuitProc();
+    HOST_read_palette(after);
+    std::printf("palette %s\n", std::memcmp(before, after, sizeof before) == 0 ? "restored" : "lost");
+    return 0;
+}
