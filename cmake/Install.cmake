@@ -15,5 +15,7 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/inkstone-config-version.c
 install(FILES ${PROJECT_BINARY_DIR}/inkstone-config.cmake ${PROJECT_BINARY_DIR}/inkstone-config-version.cmake
   DESTINATION ${package_dir})
 
+# The prefix is told relative to the file itself, so that an installed tree can be moved.
+file(RELATIVE_PATH pc_to_prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 configure_file(${CMAKE_CURRENT_LIST_DIR}/inkstone.pc.in ${PROJECT_BINARY_DIR}/inkstone.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/inkstone.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
