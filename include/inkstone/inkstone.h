@@ -7,6 +7,7 @@
 #include "can.h"
 #include "compressed_image.h"
 #include "flic.h"
+#include "ascii.h"
 #include "host.h"
 #include "keyboard.h"
 #include "pcx.h"
