@@ -7,6 +7,7 @@
 #include "draw.h"
 #include "effect.h"
 #include "flic.h"
+#include "ascii.h"
 #include "host.h"
 #include "keyboard.h"
 #include "pcx.h"
