@@ -7,6 +7,7 @@
 #include <random>
 
 #include "inkstone/inkstone.h"
+#include "support/files.h"
 #include "support/guarded.h"
 
 using test::Bytes;
@@ -155,11 +156,14 @@ void draw_slowly(const Operation &op, const Call &c, const Bytes &bitmap, Bytes 
 
 class Random {
   public:
+    Random() {
+        for (U8 &pixel : pool_) pixel = (*this)(0, 2) == 0 ? U8{0} : static_cast<U8>((*this)(0, 255));
+    }
     int operator()(int low, int high) { return std::uniform_int_distribution<int>(low, high)(engine_); }
+    // Pixels out of a pool, one in three of them 0.
     Bytes pixels(int count) {
-        Bytes bytes(static_cast<std::size_t>(count));
-        for (U8 &byte : bytes) byte = (*this)(0, 2) == 0 ? U8{0} : static_cast<U8>((*this)(0, 255));
-        return bytes;
+        const auto start = pool_.begin() + (*this)(0, 1000);
+        return Bytes(start, start + count);
     }
     // Mostly of small sprites, now and then of none or beyond any target; multiples of 16 are common.
     int size() {
@@ -174,11 +178,13 @@ class Random {
 
   private:
     std::mt19937 engine_{20240229};
+    Bytes pool_ = Bytes(500'000);
 };
 
 Bytes image_block(int w, int h, const Bytes &pixels) {
-    Bytes block = {U8(w), U8(w >> 8), U8(h), U8(h >> 8)};
-    block.insert(block.end(), pixels.begin(), pixels.end());
+    Bytes block(4 + pixels.size());
+    block[0] = U8(w), block[1] = U8(w >> 8), block[2] = U8(h), block[3] = U8(h >> 8);
+    std::copy(pixels.begin(), pixels.end(), block.begin() + 4);
     return block;
 }
 
@@ -197,7 +203,7 @@ TEST(Draw, AgreesWithALoopOverPixels) {
             Call c{};
             c.bw = op.target == kScreen ? kWidth : random(0, 150);
             c.bh = op.target == kScreen ? kHeight : random(0, 60);
-            Bytes expected = random.pixels(c.bw * c.bh), expected_key(expected.size(), 7);
+            Bytes expected = random.pixels(c.bw * c.bh), expected_key(expected.size(), U8{7});
             Guarded block(expected.size() + 4), key(expected.size(), 7);
             const Bytes start = image_block(c.bw, c.bh, expected);
             std::copy(start.begin(), start.end(), block.data());
