@@ -82,7 +82,7 @@ template <class Source = Forward, int N = kWidest, class Operation>
     if constexpr (N > 1) walk<Source, N / 2>(blit, operation);
 }
 
-// For operations on the target alone, which stands in for the source.
+// For operations that look at the target alone: it stands in for the source, which they must not use.
 Blit in_place(const Blit &blit) {
     return {blit.to, blit.to_step, blit.to, blit.to_step, blit.columns, blit.rows};
 }
@@ -118,7 +118,7 @@ void copy_nonzero_mirrored(const Blit &blit) {
 void fill(const Blit &part, Byte colour) {
     Blit blit = joined(in_place(part));
     if (blit.columns < kLongRow)
-        return walk(blit, [=](auto source, auto, Step) { return decltype(source){} + colour; });
+        return walk(blit, [=](auto, auto under, Step) { return decltype(under){} + colour; });
     for (; blit.rows > 0; --blit.rows, blit.to += blit.to_step)
         __builtin_memset(blit.to, colour, static_cast<std::size_t>(blit.columns));
 }
@@ -130,7 +130,7 @@ void fill_nonzero(const Blit &blit, Byte colour) {
 
 void replace(const Blit &blit, Byte colour, Byte by) {
     walk(in_place(blit),
-         [=](auto source, auto under, Step) { return source == colour ? decltype(source){} + by : under; });
+         [=](auto, auto under, Step) { return under == colour ? decltype(under){} + by : under; });
 }
 
 // The checkerboard: read from an even place it begins with a pixel of the mesh, from an odd one without.
@@ -149,9 +149,9 @@ template <class Vector>
 }
 
 void fill_mesh(const Blit &blit, unsigned phase, Byte colour) {
-    walk(in_place(blit), [=](auto source, auto under, Step place) {
-        const auto on = mesh<decltype(source)>(place + phase);
-        return on != 0 ? decltype(source){} + colour : under;
+    walk(in_place(blit), [=](auto, auto under, Step place) {
+        const auto on = mesh<decltype(under)>(place + phase);
+        return on != 0 ? decltype(under){} + colour : under;
     });
 }
 
