@@ -2,10 +2,10 @@
 #ifndef INKSTONE_INKSTONE_H
 #define INKSTONE_INKSTONE_H
 
-#include "draw.h"
-#include "effect.h"
 #include "can.h"
 #include "compressed_image.h"
+#include "draw.h"
+#include "effect.h"
 #include "flic.h"
 #include "ascii.h"
 #include "host.h"
