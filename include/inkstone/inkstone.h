@@ -11,6 +11,7 @@
 #include "host.h"
 #include "keyboard.h"
 #include "pcx.h"
+#include "line.h"
 #include "polling.h"
 #include "runtime.h"
 #include "timer.h"
