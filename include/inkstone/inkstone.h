@@ -14,6 +14,7 @@
 #include "line.h"
 #include "polling.h"
 #include "runtime.h"
+#include "scale.h"
 #include "timer.h"
 #include "view.h"
 
