@@ -204,15 +204,15 @@ void draw_arc(const Arc &arc, std::int32_t colour, const Surface &surface) {
     const double angle = static_cast<double>(arc.start) * kRadians;
     const double cosine = std::cos(angle), sine = std::sin(angle);
     const double down = cosine * radius + 0.5, left = sine * radius + 0.5;
-    const auto [vertical, horizontal] = directions(down, left, arc.span > 0);
-    const double first = 2 * vertical * down + 1, second = 2 * horizontal * left + 1;
+    const Directions turn = directions(down, left, arc.span > 0);
+    const double first = 2 * turn.vertical * down + 1, second = 2 * turn.horizontal * left + 1;
     const auto x = arc.x - static_cast<std::int64_t>(sine * static_cast<double>(arc.horizontal) + 0.5);
     const auto y = arc.y + static_cast<std::int64_t>(cosine * static_cast<double>(arc.vertical) + 0.5);
 
     const auto draw = [&]<typename Number>(Number) {
         Walk<Number> walk(surface, colour, x, y, arc.radius(),
-                          {static_cast<Number>(first), arc.vertical, 0, 0, vertical, false},
-                          {static_cast<Number>(second), arc.horizontal, 0, -horizontal, 0, false});
+                          {static_cast<Number>(first), arc.vertical, 0, 0, turn.vertical, false},
+                          {static_cast<Number>(second), arc.horizontal, 0, -turn.horizontal, 0, false});
         walk.plot();
         for (auto to_go = static_cast<std::int64_t>(steps); to_go > 0; --to_go) {
             if constexpr (std::is_integral_v<Number>) to_go -= walk.stretch(to_go - 1);
