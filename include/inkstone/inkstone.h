@@ -10,9 +10,12 @@
 #include "ascii.h"
 #include "host.h"
 #include "keyboard.h"
+#include "line.h"
+#include "palette.h"
 #include "pcx.h"
 #include "polling.h"
 #include "runtime.h"
+#include "scale.h"
 #include "timer.h"
 #include "view.h"
 

@@ -16,6 +16,7 @@ namespace {
 using Byte = std::uint8_t;
 using Step = std::ptrdiff_t;
 using ink::draw::Blit;
+using ink::draw::Picks;
 
 #if defined(__AVX512BW__)
 constexpr int kWidest = 64;
@@ -179,6 +180,70 @@ void remap_nonzero(const Blit &blit, const Byte *table) {
         }
 }
 
+// What picked pixels do to those underneath.
+constexpr auto kPut = [](auto picked, auto) { return picked; };
+constexpr auto kPest = [](auto picked, auto under) { return picked != 0 ? picked : under; };
+
+// Picks some pixels one by one, and draws each in all rows.
+template <class Operation>
+[[gnu::always_inline]] inline void pick_each(const Blit &blit, const Picks &picks, Step first, Step count,
+                                             Operation operation) {
+    for (Step x = first; x < first + count; ++x) {
+        const Byte picked = blit.from[picks.places[x]];
+        Byte *to = blit.to + x;
+        for (Step row = 0; row < blit.rows; ++row, to += blit.to_step) *to = operation(picked, *to);
+    }
+}
+
+#if defined(__SSSE3__)
+
+// The processor's own shuffle picks 16 pixels out of 16: a block of an enlarged row takes one, and a block of
+// a shrunken row one for each 16 bytes it reaches over, as long as those are few.
+template <class Operation>
+[[gnu::always_inline]] inline void pick_rows(const Blit &blit, const Byte *end, const Picks &picks,
+                                             Operation operation) {
+    using Lanes [[gnu::vector_size(16)]] = char;
+    constexpr Step kFar = 4 * Picks::kBlock;
+    if (picks.blocks_used == 0) return pick_each(blit, picks, 0, blit.columns, operation);
+    for (int i = 0; i < picks.blocks_used; ++i) {
+        const Picks::Block &block = picks.blocks[i];
+        const Byte *base = blit.from + block.base;
+        const Step reach = block.reach;
+        if (reach > kFar || end - base < ((reach + 15) & ~Step{15})) {
+            pick_each(blit, picks, block.at, Picks::kBlock, operation);
+            continue;
+        }
+        Pixels<16> lanes = load<16>(block.lanes);
+        Pixels<16> picked{};
+        for (Step part = 0; part < reach; part += 16, lanes -= 16) {
+            // A lane of another part gets its top bit set, which makes the shuffle give 0 for it.
+            const Pixels<16> here = lanes | Pixels<16>(lanes > 15);
+            picked |= Pixels<16>(__builtin_ia32_pshufb128(Lanes(load<16>(base + part)), Lanes(here)));
+        }
+        Byte *to = blit.to + block.at;
+        for (Step row = 0; row < blit.rows; ++row, to += blit.to_step)
+            store<16>(to, operation(picked, load<16>(to)));
+    }
+}
+
+#else
+
+template <class Operation>
+[[gnu::always_inline]] inline void pick_rows(const Blit &blit, const Byte *, const Picks &picks,
+                                             Operation operation) {
+    pick_each(blit, picks, 0, blit.columns, operation);
+}
+
+#endif
+
+void pick(const Blit &blit, const Byte *end, const Picks &picks) {
+    pick_rows(blit, end, picks, kPut);
+}
+
+void pick_nonzero(const Blit &blit, const Byte *end, const Picks &picks) {
+    pick_rows(blit, end, picks, kPest);
+}
+
 }  // namespace
 
 constinit const ink::draw::Kernels ink::draw::INKSTONE_KERNELS = {
@@ -192,4 +257,6 @@ constinit const ink::draw::Kernels ink::draw::INKSTONE_KERNELS = {
     .remap = remap,
     .remap_nonzero = remap_nonzero,
     .replace = replace,
+    .pick = pick,
+    .pick_nonzero = pick_nonzero,
 };

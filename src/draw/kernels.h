@@ -18,6 +18,24 @@ struct Blit {
     std::ptrdiff_t columns = 0, rows = 0;
 };
 
+// The pixels of a row that are picked to make a row of a scaled picture.
+struct Picks {
+    static constexpr int kColumns = 640;  // the screen's
+    static constexpr int kBlock = 16;
+
+    std::uint32_t places[kColumns];  // in the source row, never falling
+
+    // The same in blocks of pixels made together, for a row of one block at least: the pixels block.at and on
+    // are picked from base and on, over reach bytes. The lanes are the low bytes of the distances from base.
+    struct Block {
+        std::int32_t at;
+        std::uint32_t base, reach;
+        std::uint8_t lanes[kBlock];
+    };
+    int blocks_used = 0;
+    Block blocks[kColumns / kBlock];
+};
+
 // One instruction set's kernels. Of the mesh, phase 0 has the first pixel of the first row, phase 1 the
 // second; it alternates from pixel to pixel and from row to row.
 struct Kernels {
@@ -35,6 +53,10 @@ struct Kernels {
     void (*remap_nonzero)(const Blit &, const std::uint8_t *table);
     // Every target pixel of the one colour becomes the other.
     void (*replace)(const Blit &, std::uint8_t colour, std::uint8_t by);
+    // The picked pixels of the source's one row, in every row of the target. No pixel at `end` or beyond is
+    // read.
+    void (*pick)(const Blit &, const std::uint8_t *end, const Picks &);
+    void (*pick_nonzero)(const Blit &, const std::uint8_t *end, const Picks &);
 };
 
 // The kernels of the best instruction set this processor has, chosen when the library is loaded. The

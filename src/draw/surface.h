@@ -40,8 +40,9 @@ struct Surface {
 inline Surface screen(std::uint8_t *buffer) {
     return {buffer, kScreenWidth, kScreenHeight};
 }
+// A null memory buffer holds no pixel.
 inline Surface memory(std::uint8_t *buffer, std::int32_t width, std::int32_t height) {
-    if (!plausible(width, height)) return {};
+    if (buffer == nullptr || !plausible(width, height)) return {};
     return {buffer, width, height};
 }
 

@@ -1,0 +1,305 @@
+// Lines, arcs and fills, each compared with its walk taken pixel by pixel.
+#include "inkstone/line.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <random>
+#include <utility>
+#include <vector>
+
+#include "support/guarded.h"
+
+namespace {
+
+constexpr int kMin = std::numeric_limits<int>::min(), kMax = std::numeric_limits<int>::max();
+
+struct Canvas {
+    int width, height;
+    std::vector<std::uint8_t> pixels;
+
+    bool inside(long x, long y) const { return x >= 0 && x < width && y >= 0 && y < height; }
+    int read(long x, long y) const {
+        return inside(x, y) ? pixels[static_cast<std::size_t>(y * width + x)] : 0;
+    }
+    void write(long x, long y, int colour) {
+        if (inside(x, y)) pixels[static_cast<std::size_t>(y * width + x)] = static_cast<std::uint8_t>(colour);
+    }
+};
+
+// The place of pixel k of a line and the number of its pixels, from the rule that the minor coordinate has
+// taken floor(k x minor / major) steps.
+struct NaiveLine {
+    long x1, y1, x2, y2, major, minor;
+
+    NaiveLine(long ax, long ay, long bx, long by) : x1(ax), y1(ay), x2(bx), y2(by) {
+        if (x2 > x1 || (x2 == x1 && y2 < y1)) std::swap(x1, x2), std::swap(y1, y2);
+        if (y1 == y2) std::swap(x1, x2);  // horizontal lines go from left to right
+        major = std::max(std::abs(x2 - x1), std::abs(y2 - y1));
+        minor = std::min(std::abs(x2 - x1), std::abs(y2 - y1));
+    }
+    std::pair<long, long> at(long k) const {
+        const auto late =
+            static_cast<long>(static_cast<unsigned long>(k) * static_cast<unsigned long>(minor) /
+                              static_cast<unsigned long>(std::max(major, 1L)));
+        const bool flat = std::abs(x2 - x1) >= std::abs(y2 - y1);
+        return {x1 + (flat ? k : late) * (x2 < x1 ? -1 : 1), y1 + (flat ? late : k) * (y2 < y1 ? -1 : 1)};
+    }
+};
+
+void naive_dash(Canvas &canvas, const NaiveLine &line, int colour, int length, long from, long to) {
+    for (long k = from; k <= to; ++k) {
+        const auto [x, y] = line.at(k);
+        if (length > 0 && (k + 1) % (2L * length) >= length) canvas.write(x, y, colour);
+    }
+}
+
+double position(double r, long t) {
+    const long q = t >= 90 ? t / 90 : 0;
+    const double rest = static_cast<double>(t >= 90 ? t % 90 : t) * (3.1415926 / 180);
+    return 2 * r * static_cast<double>(q) + r - r * std::cos(rest) + r * std::sin(rest);
+}
+
+void naive_circle(Canvas &canvas, int cx, int cy, int rv, int rh, int start, int end, int colour) {
+    const double r = std::max(rv, rh), t = start * (3.1415926 / 180);
+    const double c0 = std::cos(t) * r + 0.5, s0 = std::sin(t) * r + 0.5;
+    long span = long{end} - start;
+    while (span > 360) span -= 360;
+    while (span < -360) span += 360;
+    if (span == 0) span = 360;
+    int du = (s0 > 0) == (span > 0) ? -1 : 1, dv = (c0 > 0) == (span > 0) ? 1 : -1;
+    if (s0 == 0) du = c0 > 0 ? -1 : 1;
+    if (c0 == 0) dv = s0 > 0 ? -1 : 1;
+    const long e = start + span;
+    const double steps = span > 0 ? position(r, e) - position(r, start) - 1
+                         : e >= 0 ? position(r, start) - position(r, e) - 1
+                                  : position(r, start) + position(r, -e) - 1;
+    double w = 0, ku = 2 * du * c0 + 1, kv = 2 * dv * s0 + 1, au = 0, av = 0;
+    bool pu = false, pv = false;
+    long v = static_cast<long>(std::cos(t) * rv + 0.5), h = static_cast<long>(std::sin(t) * rh + 0.5);
+    const auto plot = [&] { canvas.write(cx - h, cy + v, colour); };
+    plot();
+    for (long n = std::lround(steps); n > 0; --n) {
+        if (w >= 0) {
+            au += rv;
+            if (au >= r) {
+                if (pu) plot();
+                pu = false;
+                v += du;
+                au -= r;
+                if (pv)
+                    plot();
+                else
+                    pu = true;
+                pv = false;
+            }
+            w -= std::abs(ku);
+            ku += 2;
+            if (ku >= 0 && ku < 2) dv = -dv, kv = 2 - kv, w = -w;
+        } else {
+            av += rh;
+            if (av >= r) {
+                if (pv) plot();
+                pv = false;
+                h += dv;
+                av -= r;
+                if (pu)
+                    plot();
+                else
+                    pv = true;
+                pu = false;
+            }
+            w += std::abs(kv);
+            kv += 2;
+            if (kv >= 0 && kv < 2) du = -du, ku = 2 - ku, w = -w;
+        }
+    }
+    if (pu || pv) plot();
+}
+
+void naive_fill(Canvas &canvas, int seed_x, int seed_y, int colour) {
+    struct Segment {
+        int y, l, r, d;
+    };
+    std::vector<Segment> stack;
+    const auto push = [&](int y, int l, int r, int d) {
+        if (stack.size() < 1000 && y + d >= 0 && y + d < canvas.height) stack.push_back({y, l, r, d});
+    };
+    const int old = canvas.read(seed_x, seed_y);
+    if (old == colour || !canvas.inside(seed_x, seed_y)) return;
+    push(seed_y, seed_x, seed_x, 1);
+    push(seed_y + 1, seed_x, seed_x, -1);
+    while (!stack.empty()) {
+        const auto [py, x1, x2, d] = stack.back();
+        stack.pop_back();
+        const int y = py + d;
+        int x = x1, l = 0;
+        for (; x >= 0 && canvas.read(x, y) == old; --x) canvas.write(x, y, colour);
+        bool skip = x >= x1;
+        if (!skip) {
+            l = x + 1;
+            if (l < x1) push(y, l, x1 - 1, -d);
+            x = x1 + 1;
+        }
+        do {
+            if (!skip) {
+                for (; x < canvas.width && canvas.read(x, y) == old; ++x) canvas.write(x, y, colour);
+                push(y, l, x - 1, d);
+                if (x > x2 + 1) push(y, x2 + 1, x - 1, -d);
+            }
+            for (++x; x <= x2 && canvas.read(x, y) != old;) ++x;
+            l = x;
+            skip = false;
+        } while (x <= x2);
+    }
+}
+
+class Random {
+  public:
+    explicit Random(unsigned seed) : engine_(seed) {}
+    int operator()(int low, int high) { return std::uniform_int_distribution(low, high)(engine_); }
+
+  private:
+    std::mt19937 engine_;
+};
+
+enum Operation { kLine, kDash, kCircle, kFill, kOperations };
+
+// Draws the same figure with the library and with the naive walk on a canvas of this size.
+void compare(Operation operation, int width, int height, Random &random, int reach) {
+    Canvas expected{width, height, std::vector<std::uint8_t>(static_cast<std::size_t>(width * height))};
+    // Specks of two colours, more of the first, so that fills find ragged areas.
+    const int specks = random(2, 8);
+    for (auto &pixel : expected.pixels) pixel = random(0, specks) == 0 ? 9 : 3;
+    test::Guarded actual(expected.pixels.size());
+    std::copy(expected.pixels.begin(), expected.pixels.end(), actual.data());
+    const bool on_screen = width == 640 && height == 480;
+    const int x1 = random(-reach, width + reach), y1 = random(-reach, height + reach);
+    const int x2 = random(0, 7) != 0 ? random(-reach, width + reach) : x1;
+    const int y2 = random(0, 7) != 0 ? random(-reach, height + reach) : y1;
+    const int length = random(-1, 9), colour = random(0, 255), rv = random(-4, 90);
+    const int rh = random(0, 2) == 0 ? random(-4, 90) : rv;
+    const int start = random(-9, 9) * 90 + (random(0, 1) != 0 ? random(0, 89) : 0);
+    const int end = random(0, 3) == 0 ? start : random(-9, 9) * 90 + (random(0, 1) != 0 ? random(0, 89) : 0);
+    const NaiveLine line(x1, y1, x2, y2);
+    switch (operation) {
+        case kLine:
+            for (long k = 0; k <= line.major; ++k)
+                expected.write(line.at(k).first, line.at(k).second, colour);
+            on_screen ? BUF_line(x1, y1, x2, y2, colour + 256, actual)
+                      : MEM_line(x1, y1, x2, y2, colour + 256, width, height, actual);
+            break;
+        case kDash:
+            naive_dash(expected, line, colour, length, 0, line.major);
+            on_screen ? BUF_dash_line(x1, y1, x2, y2, colour, length, actual)
+                      : MEM_dash_line(x1, y1, x2, y2, colour, length, width, height, actual);
+            break;
+        case kCircle:
+            naive_circle(expected, x1, y1, rv, rh, start, end, colour);
+            on_screen ? BUF_circle(x1, y1, rv, rh, start, end, colour, actual)
+                      : MEM_circle(x1, y1, rv, rh, start, end, colour, width, height, actual);
+            break;
+        default:
+            naive_fill(expected, x1, y1, colour);
+            on_screen ? BUF_fill(x1, y1, colour, actual) : MEM_fill(x1, y1, colour, width, height, actual);
+    }
+    ASSERT_TRUE(actual.intact());
+    ASSERT_TRUE(actual.contents() == expected.pixels)
+        << "operation " << operation << " on " << width << " x " << height << ": " << x1 << " " << y1 << " "
+        << x2 << " " << y2 << " length " << length << " radii " << rv << " " << rh << " angles " << start
+        << " " << end;
+}
+
+}  // namespace
+
+TEST(Line, EveryFigureHasThePixelsOfItsWalk) {
+    Random random(20);
+    for (int operation = 0; operation < kOperations && !HasFatalFailure(); ++operation) {
+        for (int i = 0; i < 3000 && !HasFatalFailure(); ++i)
+            compare(static_cast<Operation>(operation), random(1, 120), random(1, 120), random,
+                    i % 2 == 0 ? 0 : 150);
+        for (int i = 0; i < 40 && !HasFatalFailure(); ++i)
+            compare(static_cast<Operation>(operation), 640, 480, random, 200);
+    }
+}
+
+// From straight below a circle is walked in whole numbers, elsewhere in doubles: every radius agrees.
+TEST(Line, CirclesOfEveryRadiusHaveThePixelsOfTheirWalk) {
+    for (int radius = 0; radius <= 4000; radius += radius < 300 ? 1 : 37) {
+        Canvas expected{211, 307, std::vector<std::uint8_t>(211 * 307)};
+        test::Guarded actual(expected.pixels.size());
+        naive_circle(expected, 100, 150 - radius, radius, radius, 0, radius % 2 == 0 ? 0 : 311, 5);
+        MEM_circle(100, 150 - radius, radius, radius, 0, radius % 2 == 0 ? 0 : 311, 5, 211, 307, actual);
+        ASSERT_TRUE(actual.contents() == expected.pixels && actual.intact()) << radius;
+    }
+}
+
+// Lines whose ends are two thousand million pixels apart show the pixels of the whole walk, the dashes in
+// phase.
+TEST(Line, FarEndsCostOnlyTheVisiblePixels) {
+    Random random(21);
+    for (int i = 0; i < 2000; ++i) {
+        Canvas expected{97, 61, std::vector<std::uint8_t>(97 * 61)};
+        test::Guarded actual(expected.pixels.size());
+        // Through the canvas or near it, with ends anywhere beyond.
+        const auto far = [&](int centre) {
+            return random(0, 1) == 0 ? random(kMin, centre) : random(centre, kMax);
+        };
+        int ends[4] = {far(0), far(0), far(50), far(50)};
+        if (i % 4 != 0) {
+            const int run = random(-900'000'000, 900'000'000), rise = random(-900'000'000, 900'000'000);
+            ends[0] = random(0, 96) - run, ends[1] = random(0, 60) - rise;
+            ends[2] = random(0, 96) + run, ends[3] = random(0, 60) + rise;
+        }
+        if (i == 0) ends[0] = ends[1] = kMin, ends[2] = ends[3] = kMax;
+        const NaiveLine line(ends[0], ends[1], ends[2], ends[3]);
+        // The major coordinate says which numbers can be visible; a margin of them is looked at one by one.
+        const bool flat = std::abs(line.x2 - line.x1) >= std::abs(line.y2 - line.y1);
+        const long start = flat ? line.x1 : line.y1, step = (flat ? line.x2 : line.y2) < start ? -1 : 1;
+        const long first = std::max(0L, step > 0 ? -start : start - 100), last = first + 210;
+        const int length = i % 2 == 0 ? random(1, 20) : random(1, kMax);
+        naive_dash(expected, line, 4, length, first, std::min(last, line.major));
+        MEM_dash_line(ends[0], ends[1], ends[2], ends[3], 4, length, 97, 61, actual);
+        ASSERT_TRUE(actual.contents() == expected.pixels && actual.intact()) << i;
+    }
+}
+
+TEST(Line, AnyArgumentsEndSoonAndStayInside) {
+    const int values[] = {kMin, kMin + 1, -1, 0, 7, 2'097'152, kMax - 1, kMax};
+    test::Guarded buffer(64 * 48);
+    Random random(22);
+    const auto any = [&] { return values[random(0, 7)]; };
+    for (int i = 0; i < 400; ++i) {
+        const int a = any(), b = any(), c = any(), d = any(), e = any(), f = any();
+        const auto before = std::chrono::steady_clock::now();
+        MEM_line(a, b, c, d, e, 64, 48, buffer);
+        MEM_dash_line(a, b, c, d, e, f, 64, 48, buffer);
+        MEM_fill(a, b, c, 64, 48, buffer);
+        MEM_fill(7, 7, c, 64, 48, buffer);
+        MEM_line(a, b, c, d, e, f < 8 ? f : 0, 48, nullptr);
+        MEM_fill(0, 0, 5, 64, 48, nullptr);
+        MEM_fill(0, 0, 5, -1, any(), buffer);
+        // The longest walks are left to the plain build, the others are as long as the sanitizers' patience.
+        MEM_circle(a, b, c, d, e, f, 1, 64, 48, buffer);
+        const std::chrono::duration<double> time = std::chrono::steady_clock::now() - before;
+        ASSERT_TRUE(buffer.intact());
+        ASSERT_LT(time.count(), 1.0) << a << " " << b << " " << c << " " << d << " " << e << " " << f;
+    }
+}
+
+// Teeth of a comb each leave a segment pending: beyond a thousand of them the rest stays unfilled, as in the
+// walk.
+TEST(Line, FillDropsWhatExceedsItsStack) {
+    Canvas expected{6001, 7, std::vector<std::uint8_t>(6001 * 7)};
+    for (int y = 0; y < 7; ++y)
+        for (int x = 0; x < 6001; x += 2) expected.write(x, y == 2 ? -1 : y, 1);
+    test::Guarded actual(expected.pixels.size());
+    std::copy(expected.pixels.begin(), expected.pixels.end(), actual.data());
+    naive_fill(expected, 3000, 2, 8);
+    MEM_fill(3000, 2, 8, 6001, 7, actual);
+    EXPECT_GT(std::count(expected.pixels.begin(), expected.pixels.end(), 0), 0);
+    EXPECT_TRUE(actual.contents() == expected.pixels && actual.intact());
+}
