@@ -55,21 +55,43 @@ struct Picture {
     const std::uint8_t *row(int y) const { return &pixels[static_cast<std::size_t>(y * width)]; }
 };
 
+// The pixels as they are, rows padded to a multiple of four bytes.
+inline Bytes copy(const Picture &now) {
+    Bytes data;
+    for (int y = 0; y < now.height; ++y) {
+        put(data, Bytes(now.row(y), now.row(y) + now.width));
+        data.resize((data.size() + 3) / 4 * 4);
+    }
+    return data;
+}
+
+// How many units of a row, at most limit, equal the one at x.
+inline int equal_units(const std::uint8_t *row, int x, int units, int unit, int limit) {
+    int n = 1;
+    while (x + n < units && n < limit &&
+           std::equal(row + x * unit, row + (x + 1) * unit, row + (x + n) * unit))
+        ++n;
+    return n;
+}
+// Shorter runs stay among the literals, which keeps the packets of a wide row below the 256 that a byte can
+// count.
+constexpr int kShortestRun = 4;
+
 inline Bytes byte_run(const Picture &now) {
     Bytes data;
     for (int y = 0; y < now.height; ++y) {
         const std::uint8_t *const row = now.row(y);
         const std::size_t packets = data.size();
         data.push_back(0);
-        for (int x = 0, n = 1; x < now.width; x += n, n = 1, ++data[packets]) {
-            while (x + n < now.width && n < 127 && row[x + n] == row[x]) ++n;
-            if (n > 1) {
-                put(data, Bytes{static_cast<std::uint8_t>(n), row[x]});
-                continue;
-            }
-            while (x + n < now.width && n < 128 && row[x + n] != row[x + n - 1]) ++n;
-            put(data, -n, 1);
-            put(data, Bytes(row + x, row + x + n));
+        for (int x = 0, n = 0; x < now.width; x += n, ++data[packets]) {
+            n = equal_units(row, x, now.width, 1, 127);
+            const bool run = n >= kShortestRun;
+            if (!run)
+                for (n = 1; x + n < now.width && n < 128 &&
+                            equal_units(row, x + n, now.width, 1, kShortestRun) < kShortestRun;)
+                    ++n;
+            put(data, run ? n : -n, 1);
+            put(data, Bytes(row + x, row + x + (run ? 1 : n)));
         }
     }
     return data;
@@ -78,18 +100,21 @@ inline Bytes byte_run(const Picture &now) {
 // The packets of one delta row in units of 1 byte (DELTA_FLI) or 2 (DELTA_FLC); returns their number.
 inline int delta_packets(Bytes &data, const std::uint8_t *now, const std::uint8_t *before, int units,
                          int unit) {
-    const auto equal = [unit](const std::uint8_t *a, int i, const std::uint8_t *b, int j) {
-        return std::equal(a + i * unit, a + i * unit + unit, b + j * unit);
+    const auto changed = [&](int x) {
+        return !std::equal(now + x * unit, now + (x + 1) * unit, before + x * unit);
     };
     int packets = 0;
     for (int x = 0, last = 0, n = 1; x < units; x += n) {
         n = 1;
-        if (equal(now, x, before, x)) continue;
+        if (!changed(x)) continue;
         for (; (x - last) * unit > 254; last += 254 / unit, ++packets) put(data, Bytes{254, 0});
         put(data, (x - last) * unit, 1);
-        while (x + n < units && n < 128 && equal(now, x, now, x + n)) ++n;
-        const bool run = n > 1;
-        while (!run && x + n < units && n < 127 && !equal(now, x + n, before, x + n)) ++n;
+        n = equal_units(now, x, units, unit, 128);
+        const bool run = n >= kShortestRun;
+        if (!run)
+            for (n = 1; x + n < units && n < 127 && changed(x + n) &&
+                        equal_units(now, x + n, units, unit, kShortestRun) < kShortestRun;)
+                ++n;
         put(data, run ? -n : n, 1);
         put(data, Bytes(now + x * unit, now + (x + (run ? 1 : n)) * unit));
         last = x + n;
