@@ -145,8 +145,14 @@ void decode_delta_flc(Reader data, const FlicScreen &screen) {
 
 void decode_copy(Reader data, const FlicScreen &screen) {
     if (screen.film_width <= 0) return;
-    for (std::int32_t y = 0; y < screen.film_height && data.left() > 0; ++y)
-        Row(screen, row_number(y)).copy(data.take(static_cast<std::size_t>(screen.film_width)));
+    const auto width = static_cast<std::size_t>(screen.film_width);
+    // Some writers pad the rows to a multiple of four bytes, which shows in the size alone.
+    const std::size_t padded = (width + 3) / 4 * 4;
+    const bool is_padded = static_cast<std::int64_t>(data.left() / padded) >= screen.film_height;
+    for (std::int32_t y = 0; y < screen.film_height && data.left() > 0; ++y) {
+        Row(screen, row_number(y)).copy(data.take(width));
+        if (is_padded) data.skip(padded - width);
+    }
 }
 
 void clear(const draw::Surface &surface) {

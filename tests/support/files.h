@@ -13,6 +13,16 @@ namespace test {
 
 using Bytes = std::vector<std::uint8_t>;
 
+// Appends a number, lowest byte first, or a block of bytes.
+template <class Number>
+void put(Bytes &to, Number number, int bytes) {
+    for (auto left = static_cast<std::uint64_t>(number); bytes > 0; --bytes, left >>= 8)
+        to.push_back(static_cast<std::uint8_t>(left));
+}
+inline void put(Bytes &to, const Bytes &bytes) {
+    to.insert(to.end(), bytes.begin(), bytes.end());
+}
+
 inline void write_file(const std::string &name, const Bytes &bytes) {
     std::ofstream(name, std::ios::binary)
         .write(reinterpret_cast<const char *>(bytes.data()), static_cast<std::streamsize>(bytes.size()));

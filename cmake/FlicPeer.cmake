@@ -1,0 +1,11 @@
+# Another FLIC decoder to compare with, libavcodec's, where its development files are installed. What links this target
+# has HAS_FLIC_PEER defined then.
+add_library(inkstone_flic_peer INTERFACE)
+find_package(PkgConfig)
+if(PkgConfig_FOUND)
+  pkg_check_modules(LIBAV IMPORTED_TARGET libavcodec libavutil)
+endif()
+if(LIBAV_FOUND)
+  target_link_libraries(inkstone_flic_peer INTERFACE PkgConfig::LIBAV)
+  target_compile_definitions(inkstone_flic_peer INTERFACE HAS_FLIC_PEER)
+endif()
