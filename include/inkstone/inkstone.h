@@ -4,11 +4,14 @@
 
 #include "draw.h"
 #include "effect.h"
+#include "expression.h"
 #include "host.h"
 #include "keyboard.h"
+#include "mac.h"
 #include "polling.h"
 #include "runtime.h"
 #include "timer.h"
+#include "utility.h"
 #include "view.h"
 
 #endif
