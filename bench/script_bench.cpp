@@ -1,6 +1,6 @@
-// The interpreter beside Lua: a loop that adds up the numbers below a limit, four instructions a turn. Lua's peers are
-// the same loop on local variables, which is Lua at its best; on a table, where script variables live; and with a hook
-// that pumps messages before each instruction, as the interpreter does.
+// The interpreter beside Lua: a loop that adds up the numbers below a limit, four instructions a turn. Lua's
+// peers are the same loop on local variables, which is Lua at its best; on a table, where script variables
+// live; and with a hook that pumps messages before each instruction, as the interpreter does.
 #include <benchmark/benchmark.h>
 
 #include <cstdint>
@@ -35,13 +35,14 @@ std::string instruction(char opcode, const std::string &operands) {
 
 void load_script() {
     const std::string reset = instruction(17, constant(0) + constant(0));
-    const std::string body = instruction(18, constant(1) + variable(0)) + instruction(18, constant(0) + constant(1));
+    const std::string body =
+        instruction(18, constant(1) + variable(0)) + instruction(18, constant(0) + constant(1));
     const auto loop = static_cast<std::int32_t>(reset.size());
     const std::int32_t end = loop + 17 + static_cast<std::int32_t>(body.size()) + 6;
     const std::string code = reset + instruction(2, word(end) + constant(0) + '<' + constant(kTurns)) + body +
                              instruction(13, word(loop)) + instruction(1, "");
-    const std::string file = std::string(12, '\0') + word(static_cast<std::int32_t>(code.size())) + word(0) + word(1) +
-                             word(0) + code;
+    const std::string file = std::string(12, '\0') + word(static_cast<std::int32_t>(code.size())) + word(0) +
+                             word(1) + word(0) + code;
     const auto place = std::filesystem::temp_directory_path();
     std::ofstream(place / "bench.mac", std::ios::binary) << file;
     MAC_init(place.c_str(), place.c_str(), 16, nullptr);
@@ -83,7 +84,8 @@ void Lua(benchmark::State &state, const char *source, bool pumping) {
     state.SetItemsProcessed(state.iterations() * kTurns * kInstructionsPerTurn);
 }
 constexpr const char *kLocals = "local i, s = 0, 0 while i < 100000 do s = s + i i = i + 1 end";
-constexpr const char *kTable = "local v = {0, 0} while v[1] < 100000 do v[2] = v[2] + v[1] v[1] = v[1] + 1 end";
+constexpr const char *kTable =
+    "local v = {0, 0} while v[1] < 100000 do v[2] = v[2] + v[1] v[1] = v[1] + 1 end";
 BENCHMARK_CAPTURE(Lua, locals, kLocals, false)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Lua, table, kTable, false)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Lua, table_pumping, kTable, true)->Unit(benchmark::kMillisecond);
