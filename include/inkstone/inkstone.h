@@ -13,10 +13,15 @@
 #include "line.h"
 #include "palette.h"
 #include "pcx.h"
+#include "expression.h"
+#include "host.h"
+#include "keyboard.h"
+#include "mac.h"
 #include "polling.h"
 #include "runtime.h"
 #include "scale.h"
 #include "timer.h"
+#include "utility.h"
 #include "view.h"
 
 #endif

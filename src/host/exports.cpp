@@ -42,6 +42,14 @@ void HOST_post_message(HWND window, UINT message, WPARAM wparam, LPARAM lparam) 
     host::machine().messages.post({window, message, wparam, lparam});
 }
 
+int32_t HOST_set_timer(HWND window, uint32_t id, uint32_t milliseconds) {
+    return host::machine().timers.set_timer(window, id, milliseconds, nullptr) ? 0 : -2;
+}
+
+void HOST_kill_timer(HWND window, uint32_t id) {
+    host::machine().timers.kill_timer(window, id);
+}
+
 void HOST_post_quit(int32_t exit_code) {
     host::machine().messages.post_quit(exit_code);
 }

@@ -82,4 +82,23 @@ bool remove_file(const char *name) {
     return !fs::is_directory(path, error) && fs::remove(path, error);
 }
 
+bool make_directory(const char *name) {
+    std::error_code error;
+    return fs::create_directory(system_name(name), error);
+}
+
+bool remove_directory(const char *name) {
+    const std::string path = system_name(name);
+    std::error_code error;
+    return fs::is_directory(fs::symlink_status(path, error)) && fs::remove(path, error);
+}
+
+std::string current_directory([[maybe_unused]] char drive) {
+    std::error_code error;
+#if defined(_WIN32)
+    if (drive != '\0') return fs::absolute(std::string{drive, ':'}, error).string();
+#endif
+    return fs::current_path(error).string();
+}
+
 }  // namespace ink::host

@@ -25,4 +25,13 @@ File open_file(const char *name, const char *mode);
 // Removes the file; false when there is none or it cannot be removed.
 bool remove_file(const char *name);
 
+// Creates the directory, whose parent must exist; false when it exists already or cannot be created.
+bool make_directory(const char *name);
+
+// Removes the directory; false when there is none, when it is not empty or cannot be removed.
+bool remove_directory(const char *name);
+
+// The current directory, of the drive named by a letter where drives have one of their own each.
+std::string current_directory(char drive = '\0');
+
 }  // namespace ink::host

@@ -1,0 +1,95 @@
+// The interpreter beside Lua: a loop that adds up the numbers below a limit, four instructions a turn. Lua's
+// peers are the same loop on local variables, which is Lua at its best; on a table, where script variables
+// live; and with a hook that pumps messages before each instruction, as the interpreter does.
+#include <benchmark/benchmark.h>
+
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include "inkstone/mac.h"
+#include "inkstone/runtime.h"
+
+#if defined(INKSTONE_BENCH_LUA)
+#include <lua.hpp>
+#endif
+
+namespace {
+
+constexpr std::int32_t kTurns = 100000;
+constexpr std::int64_t kInstructionsPerTurn = 4;
+
+std::string word(std::int32_t value) {
+    return std::string(reinterpret_cast<const char *>(&value), 4);
+}
+std::string constant(std::int32_t value) {
+    return '#' + word(value);
+}
+std::string variable(std::int32_t index) {
+    return '@' + word(index);
+}
+std::string instruction(char opcode, const std::string &operands) {
+    return std::string{opcode, static_cast<char>(operands.size())} + operands;
+}
+
+void load_script() {
+    const std::string reset = instruction(17, constant(0) + constant(0));
+    const std::string body =
+        instruction(18, constant(1) + variable(0)) + instruction(18, constant(0) + constant(1));
+    const auto loop = static_cast<std::int32_t>(reset.size());
+    const std::int32_t end = loop + 17 + static_cast<std::int32_t>(body.size()) + 6;
+    const std::string code = reset + instruction(2, word(end) + constant(0) + '<' + constant(kTurns)) + body +
+                             instruction(13, word(loop)) + instruction(1, "");
+    const std::string file = std::string(12, '\0') + word(static_cast<std::int32_t>(code.size())) + word(0) +
+                             word(1) + word(0) + code;
+    const auto place = std::filesystem::temp_directory_path();
+    std::ofstream(place / "bench.mac", std::ios::binary) << file;
+    MAC_init(place.c_str(), place.c_str(), 16, nullptr);
+    MAC_load("bench.mac");
+    std::filesystem::remove(place / "bench.mac");
+    std::filesystem::remove(place / "ERROR.MSG");
+}
+
+void Script(benchmark::State &state) {
+    load_script();
+    for (auto _ : state) benchmark::DoNotOptimize(MAC_driver(0));
+    state.SetItemsProcessed(state.iterations() * kTurns * kInstructionsPerTurn);
+}
+BENCHMARK(Script)->Unit(benchmark::kMillisecond);
+
+// What pumping before each instruction costs by itself.
+void ScriptPumpAlone(benchmark::State &state) {
+    for (auto _ : state)
+        for (std::int64_t i = 0; i < kTurns * kInstructionsPerTurn; ++i) fnCheckMessage();
+    state.SetItemsProcessed(state.iterations() * kTurns * kInstructionsPerTurn);
+}
+BENCHMARK(ScriptPumpAlone)->Unit(benchmark::kMillisecond);
+
+#if defined(INKSTONE_BENCH_LUA)
+
+void pump(lua_State *, lua_Debug *) {
+    fnCheckMessage();
+}
+
+void Lua(benchmark::State &state, const char *source, bool pumping) {
+    lua_State *lua = luaL_newstate();
+    luaL_loadstring(lua, source);
+    if (pumping) lua_sethook(lua, pump, LUA_MASKCOUNT, 1);
+    for (auto _ : state) {
+        lua_pushvalue(lua, -1);
+        lua_call(lua, 0, 0);
+    }
+    lua_close(lua);
+    state.SetItemsProcessed(state.iterations() * kTurns * kInstructionsPerTurn);
+}
+constexpr const char *kLocals = "local i, s = 0, 0 while i < 100000 do s = s + i i = i + 1 end";
+constexpr const char *kTable =
+    "local v = {0, 0} while v[1] < 100000 do v[2] = v[2] + v[1] v[1] = v[1] + 1 end";
+BENCHMARK_CAPTURE(Lua, locals, kLocals, false)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Lua, table, kTable, false)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Lua, table_pumping, kTable, true)->Unit(benchmark::kMillisecond);
+
+#endif
+
+}  // namespace

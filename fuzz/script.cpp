@@ -1,0 +1,80 @@
+// Any bytes as a script file: loaded, every procedure run, with a game whose commands read operands of every
+// kind and now and then free, reload, replace or re-enter the script system. A window timer frees it after
+// some thousand instructions, as a game's quit does, so no loop lasts.
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "inkstone/host.h"
+#include "inkstone/mac.h"
+
+namespace {
+
+constexpr std::uint32_t kVariables = 40;
+int commands = 0;
+std::vector<char> saved;
+
+std::int32_t command(std::uint8_t opcode);
+
+void start() {
+    MAC_init("", "nowhere", kVariables, command);
+}
+
+std::int32_t command(std::uint8_t opcode) {
+    if (++commands > 2000) return -7;
+    switch (opcode) {
+        case 24: MAC_free(); return 0;
+        case 25: return MAC_reload();
+        case 26: start(); return 0;
+        case 27: return MAC_load("script.mac");
+        case 28: return MAC_driver(MAC_get_number());
+        case 29:
+            saved.resize(static_cast<std::size_t>(MAC_info_size()));
+            return MAC_export_info(saved.data()) < 0;
+        case 30: return !saved.empty() && MAC_inport_info(saved.data()) == 0;
+        case 31: MAC_set_variable(MAC_get_number(), MAC_get_long()); return 0;
+        default: break;
+    }
+    std::int32_t sum = 0;
+    for (unsigned kinds = opcode - 32U; kinds != 0; kinds /= 4) {
+        if (kinds % 4 == 0) sum ^= MAC_get_number();
+        if (kinds % 4 == 1) sum ^= MAC_get_long();
+        if (kinds % 4 == 2) sum ^= MAC_get_char();
+        if (kinds % 4 == 3)
+            if (const char *text = MAC_get_string())
+                sum ^= static_cast<std::int32_t>(std::string(text).size());
+    }
+    return opcode % 2 == 0 ? 0 : MAC_get_variable(sum) % 2;
+}
+
+LRESULT procedure(HWND, UINT message, WPARAM, LPARAM) {
+    if (message == WM_TIMER) MAC_free();
+    return 0;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerInitialize(int *, char ***) {
+    HOST_choose("headless");
+    namespace fs = std::filesystem;
+    const fs::path fast = fs::exists("/dev/shm") ? "/dev/shm" : fs::temp_directory_path();
+    fs::create_directory(fast / "inkstone-fuzz-script");
+    fs::current_path(fast / "inkstone-fuzz-script");
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
+    static const HWND window = HOST_open_window("fuzz", 1, 1, procedure);
+    std::ofstream("script.mac", std::ios::binary)
+        .write(reinterpret_cast<const char *>(data), static_cast<std::streamsize>(size));
+    commands = 0;
+    saved.clear();
+    start();
+    HOST_set_timer(window, 1, 4);
+    const bool loaded = MAC_load("script.mac") == 0;
+    for (std::int32_t proc = -1; loaded && proc < 6; ++proc) MAC_driver(proc);
+    HOST_kill_timer(window, 1);
+    MAC_free();
+    return 0;
+}

@@ -1,0 +1,61 @@
+// The operands as a callback reads them, and the variables.
+#include "script/operands.h"
+
+#include <cstring>
+
+#include "inkstone/mac.h"
+
+namespace ink::script {
+namespace {
+
+template <class Value>
+Value fetch(Value (Operands::*read)()) {
+    if (!state.code) return Value{};
+    Operands operands{state.code.get(), state.cursor};
+    const Value value = (operands.*read)();
+    state.overrun |= operands.cursor > state.code_size;
+    if (state.overrun) return Value{};
+    state.cursor = operands.cursor;
+    return value;
+}
+
+}  // namespace
+
+char *Operands::string() {
+    static char text[kLongestString + 2];
+    const std::uint8_t length = code[cursor];
+    if (length > kLongestString) return nullptr;
+    std::memset(text, 0, sizeof text);
+    std::memcpy(text, code + cursor + 1, length);
+    cursor += 1U + length;
+    return text;
+}
+
+}  // namespace ink::script
+
+using ink::script::Operands;
+using ink::script::state;
+
+int32_t MAC_get_number(void) {
+    return ink::script::fetch(&Operands::number);
+}
+
+char *MAC_get_string(void) {
+    return ink::script::fetch(&Operands::string);
+}
+
+int32_t MAC_get_long(void) {
+    return ink::script::fetch(&Operands::word);
+}
+
+uint8_t MAC_get_char(void) {
+    return ink::script::fetch(&Operands::byte);
+}
+
+void MAC_set_variable(int32_t index, int32_t value) {
+    state.record.set_variable(index, value);
+}
+
+int32_t MAC_get_variable(int32_t index) {
+    return state.record.variable(index);
+}
