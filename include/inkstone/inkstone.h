@@ -3,16 +3,19 @@
 #define INKSTONE_INKSTONE_H
 
 #include "can.h"
+#include "cdaudio.h"
 #include "compressed_image.h"
 #include "draw.h"
 #include "effect.h"
 #include "flic.h"
 #include "host.h"
 #include "keyboard.h"
+#include "mouse.h"
 #include "pcx.h"
 #include "polling.h"
 #include "runtime.h"
 #include "timer.h"
 #include "view.h"
+#include "wave.h"
 
 #endif
