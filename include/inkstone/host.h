@@ -119,7 +119,7 @@ INK_API int32_t HOST_list(int32_t index, const char **name, const char **descrip
 
 /* Calls the machine's operations report themselves to: each is given as one line of text, its name and its
    arguments separated by spaces, before it is carried out. Return 0 to let it happen, anything else to make
-   it fail as the real machine can fail. */
+   it fail as the real machine can fail; 2 makes lock_buffer fail because the buffer's memory was lost. */
 typedef int32_t (*HOST_OBSERVER)(const char *call);
 
 /* Sets the observer of the machine's operations; null removes it. */
@@ -173,6 +173,27 @@ INK_API int32_t HOST_read_picture(HWND window, uint8_t *rgb);
 
 /* The hardware palette: 256 x 3 bytes, red, green, blue, 0 to 255 each. */
 INK_API void HOST_read_palette(uint8_t *palette);
+
+/* ---- Reading back what is heard ---- */
+
+/* Begins (on non-zero) or ends keeping what the machine plays, wave sounds and disc together. What was kept
+   before is forgotten. At most ten minutes are kept that nobody reads. */
+INK_API void HOST_capture_sound(int32_t on);
+
+/* Takes what was kept, the oldest first: writes up to frames stereo frames, 44100 in a second, as pairs of
+   signed 16-bit samples, left and right. Returns how many frames were written. */
+INK_API int32_t HOST_read_sound(int16_t *stereo, int32_t frames);
+
+/* ---- The disc drive ---- */
+
+/* Puts a disc into the drive: name is a CUE sheet, whose one BINARY file lies beside it, or on Linux the
+   device of a real drive. A disc that is in the drive is taken out first. Returns 0, or -2 when there is no
+   such disc, or the sheet and the file do not fit together; the drive is left as it was then. The environment
+   variable INKSTONE_DISC names the disc that is in the drive when the machine starts. */
+INK_API int32_t HOST_insert_disc(const char *name);
+
+/* Takes the disc out of the drive, also while it plays. */
+INK_API void HOST_eject_disc(void);
 
 INK_END
 

@@ -3,6 +3,7 @@
 #define INKSTONE_INKSTONE_H
 
 #include "can.h"
+#include "cdaudio.h"
 #include "compressed_image.h"
 #include "draw.h"
 #include "effect.h"
@@ -12,6 +13,7 @@
 #include "keyboard.h"
 #include "line.h"
 #include "palette.h"
+#include "mouse.h"
 #include "pcx.h"
 #include "expression.h"
 #include "host.h"
@@ -23,5 +25,6 @@
 #include "timer.h"
 #include "utility.h"
 #include "view.h"
+#include "wave.h"
 
 #endif

@@ -11,6 +11,7 @@
 
 namespace ink::host {
 
+class Loudspeaker;
 struct Window;
 class VirtualMachine;
 
@@ -30,6 +31,10 @@ class Ends {
     // Lets the processor rest until something happens, until that time at the latest. False when nothing will
     // ever happen before it.
     virtual bool rest(VirtualMachine &, std::uint64_t /*until*/) { return false; }
+
+    // Opens the sound device, which from then on takes what is to be heard from the loudspeaker. False when
+    // there is none: time then passes for the sound as it does for the machine, and nobody hears it.
+    virtual bool sound_wanted(Loudspeaker &) { return false; }
 
     virtual void message_box(HWND owner, const char *text, const char *caption) = 0;
     virtual void pointer_changed(VirtualMachine &) {}

@@ -124,3 +124,19 @@ int32_t HOST_read_picture(HWND window, uint8_t *rgb) {
 void HOST_read_palette(uint8_t *palette) {
     host::machine().bench.read_palette(palette);
 }
+
+void HOST_capture_sound(int32_t on) {
+    host::machine().bench.capture_sound(on != 0);
+}
+int32_t HOST_read_sound(int16_t *stereo, int32_t frames) {
+    if (frames <= 0) return 0;
+    return static_cast<std::int32_t>(
+        host::machine().bench.read_sound(stereo, static_cast<std::size_t>(frames)));
+}
+
+int32_t HOST_insert_disc(const char *name) {
+    return host::machine().bench.insert_disc(name) ? 0 : -2;
+}
+void HOST_eject_disc(void) {
+    host::machine().bench.eject_disc();
+}

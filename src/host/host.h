@@ -218,6 +218,10 @@ class Bench {
     virtual bool read_indices(HWND window, std::uint8_t *indices) = 0;
     virtual bool read_picture(HWND window, std::uint8_t *rgb) = 0;
     virtual void read_palette(std::uint8_t *palette) = 0;
+    virtual void capture_sound(bool on) = 0;
+    virtual std::size_t read_sound(std::int16_t *stereo, std::size_t frames) = 0;
+    virtual bool insert_disc(const char *name) = 0;
+    virtual void eject_disc() = 0;
 
   protected:
     ~Bench() = default;

@@ -1,5 +1,6 @@
 #include "host/virtual_machine.h"
 
+#include <cstdio>
 #include <cstdlib>
 #include <utility>
 
@@ -47,13 +48,19 @@ std::tm time_of(std::time_t seconds) {
 
 VirtualMachine::VirtualMachine(const char *name, Clock clock, std::unique_ptr<Ends> ends)
     : clock_(clock),
+      loudspeaker_(clock_, [this] { return ends_->sound_wanted(loudspeaker_); }),
       ends_(std::move(ends)),
       time_of_day_(kFirstOfJanuary2000),
       timer_resolution_(timer_resolution()),
-      machine_{name, *this, *this, *this, *this, screen_, pointer_, sound_, disc_, *this} {
+      machine_{
+          name, *this, *this, *this, *this, screen_, pointer_, loudspeaker_.mixer(), loudspeaker_.drive(),
+          *this} {
     settings_["CHINESBIG5(88)"] = "yes";
     pointer_.on_change([this] { ends_->pointer_changed(*this); });
     pointer_.on_warp([this] { ends_->pointer_warped(*this); });
+    const char *disc = std::getenv("INKSTONE_DISC");
+    if (disc != nullptr && *disc != '\0' && !insert_disc(disc))
+        std::fprintf(stderr, "INKSTONE_DISC: there is no disc %s\n", disc);
 }
 
 // ---- Windows ----

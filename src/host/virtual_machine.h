@@ -8,11 +8,11 @@
 #include <memory>
 #include <string>
 
-#include "host/absent.h"
 #include "host/clock.h"
 #include "host/ends.h"
 #include "host/host.h"
 #include "host/input.h"
+#include "host/loudspeaker.h"
 #include "host/message_queue.h"
 #include "host/pointer.h"
 #include "host/screen.h"
@@ -75,20 +75,25 @@ class VirtualMachine final : public Windows, public Bench, public Messages, publ
     bool read_indices(HWND window, std::uint8_t *indices) override;
     bool read_picture(HWND window, std::uint8_t *rgb) override;
     void read_palette(std::uint8_t *palette) override;
+    void capture_sound(bool on) override { loudspeaker_.capture(on); }
+    std::size_t read_sound(std::int16_t *stereo, std::size_t frames) override {
+        return loudspeaker_.read(stereo, frames);
+    }
+    bool insert_disc(const char *name) override { return loudspeaker_.drive().insert(name); }
+    void eject_disc() override { loudspeaker_.drive().eject(); }
 
   private:
     bool take(Message &message, std::uint64_t now);
     void reckon_wake() { wake_ = std::min(service_due_, timers_.next_due()); }
 
     Clock clock_;
+    Loudspeaker loudspeaker_;  // outlives the ends, whose sound device draws on it
     std::unique_ptr<Ends> ends_;
     MessageQueue queue_;
     WindowTimers timers_;
     Screen screen_;
     VirtualPointer pointer_;
     Input input_;
-    NoSound sound_;
-    NoDisc disc_;
     std::map<std::string, std::string, std::less<>> settings_;
     std::time_t time_of_day_;  // when the clock stood at time_set_
     std::uint64_t time_set_ = 0;

@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "host/sdl/sdl_audio.h"
 #include "host/sdl/sdl_keys.h"
 #include "host/sdl/sdl_window.h"
 #include "host/virtual_machine.h"
@@ -72,6 +73,8 @@ class SdlEnds : public Ends {
         service(machine, microseconds_since_start());
         return true;
     }
+
+    bool sound_wanted(Loudspeaker &loudspeaker) override { return audio_.open(loudspeaker); }
 
     void message_box(HWND owner, const char *text, const char *caption) override {
         SdlWindow *made = find(owner);
@@ -195,6 +198,7 @@ class SdlEnds : public Ends {
         return cursor.get();
     }
 
+    SdlAudio audio_;
     std::vector<std::unique_ptr<SdlWindow>> windows_;
     std::map<std::int32_t, std::unique_ptr<SDL_Cursor, FreeCursor>> cursors_;
     bool switching_ = false;  // Enter is held since Alt+Enter

@@ -1,0 +1,25 @@
+// The common time of everything a machine plays.
+#pragma once
+
+#include <cstdint>
+#include <mutex>
+
+namespace ink::host {
+
+// Frames (one sample for each ear) per second of the mix. It is the rate of audio discs, whose sound thus
+// passes unchanged.
+inline constexpr std::uint32_t kMixRate = 44100;
+
+class Playback {
+  public:
+    // Begins to play, at the first use of the sound device or the disc drive.
+    virtual void start() = 0;
+    // Brings everything that plays up to the present, and keeps it there while the lock is held: the device
+    // may take sound on a thread of its own.
+    virtual std::unique_lock<std::mutex> present() = 0;
+
+  protected:
+    ~Playback() = default;
+};
+
+}  // namespace ink::host

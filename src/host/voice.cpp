@@ -1,0 +1,128 @@
+#include "host/voice.h"
+
+#include <cmath>
+
+#include "core/reader.h"
+
+namespace ink::host {
+namespace {
+
+constexpr std::uint32_t kSlowest = 100, kFastest = 200000, kMostBytes = 0x0FFFFFFF;
+constexpr std::int32_t kSilence = -10000;
+
+}  // namespace
+
+std::optional<Voice> Voice::make(const WaveFormat &format, std::uint32_t bytes) {
+    if (format.tag != 1 || format.channels < 1 || format.channels > 2) return std::nullopt;
+    if (format.bits_per_sample != 8 && format.bits_per_sample != 16) return std::nullopt;
+    if (format.samples_per_second < kSlowest || format.samples_per_second > kFastest) return std::nullopt;
+    if (bytes > kMostBytes) return std::nullopt;
+    return Voice(format, bytes);
+}
+
+Voice::Voice(const WaveFormat &format, std::uint32_t bytes)
+    : samples_(bytes),
+      channels_(format.channels),
+      bytes_per_sample_(format.bits_per_sample / 8U),
+      frames_(bytes / (channels_ * bytes_per_sample_)),
+      resampler_(format.samples_per_second, kMixRate) {}
+
+void Voice::play(bool looping) {
+    looping_ = looping;
+    if (playing_ || frames_ == 0) return;
+    playing_ = true;
+    heard_ = false;
+    // A sound begins as it is; one that goes on in its middle would begin with a click.
+    if (position_.frame != 0)
+        glide(0);
+    else
+        gain_now_ = gain_, gliding_ = 0;
+}
+
+bool Voice::set_position(std::uint32_t byte) {
+    if (byte >= samples_.size() && byte != 0) return false;
+    position_ = {byte / (channels_ * bytes_per_sample_), 0};
+    heard_ = false;
+    return true;
+}
+
+void Voice::set_volume(std::int32_t volume) {
+    const double factor = volume <= kSilence ? 0 : std::pow(10.0, volume / 2000.0);
+    gain_ = std::lround(factor * (1 << kGainBits));
+    if (playing_)
+        glide(gain_now_);
+    else
+        gain_now_ = gain_;
+}
+
+void Voice::glide(std::int64_t from) {
+    gain_now_ = from;
+    gliding_ = kFadeFrames;
+}
+
+std::int64_t Voice::next_gain() {
+    if (gliding_ > 0) gain_now_ += (gain_ - gain_now_) / static_cast<std::int64_t>(gliding_--);
+    return gain_now_;
+}
+
+std::int32_t Voice::sample(std::int64_t frame, unsigned channel) const {
+    // In a loop the last frames are followed by the first and the first preceded by the last.
+    if (frame < 0 || frame >= frames_) {
+        if (!looping_) return 0;
+        frame %= frames_;
+        if (frame < 0) frame += frames_;
+    }
+    const std::size_t index = static_cast<std::size_t>(frame) * channels_ + channel;
+    if (bytes_per_sample_ == 1) return (samples_[index] - 128) * 256;
+    return static_cast<std::int16_t>(get_u16(&samples_[2 * index]));
+}
+
+// False when the sound came to its end.
+bool Voice::advance(SamplePosition &position, std::uint64_t frames) const {
+    resampler_.advance(position, frames);
+    const auto end = static_cast<std::uint64_t>(frames_);
+    if (position.frame < end) return true;
+    if (looping_) position.frame %= end;
+    return looping_;
+}
+
+void Voice::add(const SamplePosition &position, std::int64_t gain, std::int32_t *stereo) const {
+    constexpr std::int64_t kHalf = std::int64_t{1} << (kGainBits - 1);
+    std::int32_t heard = 0;
+    for (unsigned ear = 0; ear < 2; ++ear) {
+        if (ear < channels_)  // a single channel is heard with both
+            heard = resampler_.at(position, [&](std::int64_t frame) { return sample(frame, ear); });
+        stereo[ear] += static_cast<std::int32_t>((heard * gain + kHalf) >> kGainBits);
+    }
+}
+
+void Voice::mix(std::int32_t *stereo, std::size_t frames) {
+    heard_ |= frames > 0;
+    for (; playing_ && frames > 0; --frames, stereo += 2) {
+        add(position_, next_gain(), stereo);
+        if (!advance(position_, 1)) finish();
+    }
+}
+
+void Voice::skip(std::uint64_t frames) {
+    if (!playing_) return;
+    heard_ |= frames > 0;
+    for (std::uint64_t i = 0; i < frames && gliding_ > 0; ++i) next_gain();
+    if (!advance(position_, frames)) finish();
+}
+
+void Voice::finish() {
+    playing_ = false;
+    position_ = {};
+}
+
+void Voice::fade_out(std::int32_t *stereo) const {
+    SamplePosition position = position_;
+    for (std::size_t left = kFadeFrames; left > 0; --left, stereo += 2) {
+        add(position, gain_now_ * static_cast<std::int64_t>(left) / static_cast<std::int64_t>(kFadeFrames),
+            stereo);
+        if (!advance(position, 1)) break;
+    }
+}
+
+}  // namespace ink::host

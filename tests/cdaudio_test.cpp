@@ -1,0 +1,380 @@
+// CD audio: the disc that a CUE sheet makes up, what is heard of it, times, the task list and the platform
+// calls.
+#include "inkstone/cdaudio.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "inkstone/host.h"
+#include "inkstone/runtime.h"
+#include "inkstone/timer.h"
+#include "support/calls.h"
+#include "support/sound.h"
+
+namespace {
+
+using test::Bytes;
+
+constexpr int kSector = 588;
+
+// An image in which every frame says where it lies: the sector on the left, the frame on the right.
+Bytes image(int sectors) {
+    Bytes made;
+    for (int sector = 0; sector < sectors; ++sector)
+        for (int frame = 0; frame < kSector; ++frame) {
+            test::put(made, static_cast<std::uint64_t>(sector + 1), 2);
+            test::put(made, static_cast<std::uint64_t>(frame), 2);
+        }
+    return made;
+}
+// Writes a disc and puts it into the drive.
+std::int32_t insert(const std::string &tracks, const Bytes &bin,
+                    const std::string &file = "FILE \"disc.bin\" BINARY\n") {
+    test::write_file("disc.bin", bin);
+    test::write_text("disc.cue", file + tracks);
+    return HOST_insert_disc("disc.cue");
+}
+// Three tracks of 10, 20 and 30 sectors.
+void insert_three() {
+    ASSERT_EQ(insert("TRACK 01 AUDIO\n INDEX 01 00:00:00\nTRACK 02 AUDIO\n INDEX 01 00:00:10\n"
+                     "TRACK 03 AUDIO\n INDEX 01 00:00:30\n",
+                     image(60)),
+              0);
+}
+void open_three() {
+    insert_three();
+    ASSERT_EQ(CDROM_open(), 0);
+    ASSERT_EQ(CDROM_total(), 3);
+}
+void play_sectors(int sectors) {
+    HOST_advance_clock(static_cast<std::uint64_t>(sectors) * 1000000 / 75 + 14);
+}
+// The sectors that are heard, each once.
+std::vector<int> sectors_heard(int sectors) {
+    std::vector<int> made;
+    for (const auto &frame : test::listen(static_cast<std::size_t>(sectors * kSector)))
+        if (made.empty() || made.back() != frame[0]) made.push_back(frame[0]);
+    return made;
+}
+std::uint32_t time(std::uint32_t minutes, std::uint32_t seconds, std::uint32_t fraction) {
+    return minutes << 16 | seconds << 8 | fraction;
+}
+
+TEST(CdAudio, NothingIsDoneBeforeItIsOpened) {
+    insert_three();
+    test::record_calls();
+    for (const auto &function :
+         {CDROM_close, CDROM_total, CDROM_stop, CDROM_pause, CDROM_resume, CDROM_status, CDROM_loop,
+          CDROM_now_track, CDROM_clear_task, CDROM_check_task})
+        EXPECT_EQ(function(), -1);
+    for (const auto &function : {CDROM_play, CDROM_push_task, CDROM_exec_task}) EXPECT_EQ(function(1), -1);
+    EXPECT_EQ(CDROM_track_time(1) + CDROM_now_time(), 0U);
+    EXPECT_EQ(test::take_calls(), test::Calls{});
+}
+
+TEST(CdAudio, TrackIsHeardFromItsFirstSectorToItsLast) {
+    open_three();
+    for (const auto &[track, first, last] : {std::tuple{0, 1, 10}, {1, 11, 30}, {2, 31, 60}}) {
+        EXPECT_EQ(CDROM_play(track), 0);
+        EXPECT_EQ(CDROM_status(), -1);
+        const int sectors = last - first + 1;
+        const test::Heard heard = test::listen(static_cast<std::size_t>(sectors * kSector) + 100);
+        EXPECT_EQ(CDROM_status(), 0);
+        for (int i = 0; i < sectors * kSector; ++i)
+            ASSERT_EQ(heard[static_cast<std::size_t>(i)],
+                      (std::array<std::int16_t, 2>{static_cast<std::int16_t>(first + i / kSector),
+                                                   static_cast<std::int16_t>(i % kSector)}));
+        for (std::size_t i = heard.size() - 100; i < heard.size(); ++i)
+            ASSERT_EQ(heard[i], (std::array<std::int16_t, 2>{0, 0}));
+        EXPECT_EQ(CDROM_now_track(), track);
+    }
+    // Without anybody listening the end is reached all the same.
+    CDROM_play(1);
+    play_sectors(19);
+    EXPECT_EQ(CDROM_status(), -1);
+    play_sectors(1);
+    EXPECT_EQ(CDROM_status(), 0);
+}
+
+TEST(CdAudio, SheetIsLaidOutAsADriveSeesIt) {
+    // Data first, of another sector size; a gap in the file before track 3, gaps outside it around track 4.
+    Bytes bin(4 * 2048, 0x55);
+    const Bytes sound = image(30);
+    bin.insert(bin.end(), sound.begin(), sound.end());
+    bin.resize(bin.size() + 100);  // a part of a sector is none
+    ASSERT_EQ(insert("REM made by hand\r\nTRACK 01 MODE1/2048\r\n  INDEX 01 00:00:00\r\n"
+                     "TRACK 02 AUDIO\r\n  TITLE \"A title\"\r\n  FLAGS DCP\r\n  INDEX 01 00:00:04\r\n"
+                     "TRACK 03 AUDIO\r\n  INDEX 00 00:00:14\r\n  INDEX 01 00:00:16\r\n  INDEX 02 00:00:18\r\n"
+                     "track 4 audio\r\n  pregap 00:01:00\r\n  index 01 00:00:24\r\n  POSTGAP 00:00:05\r\n",
+                     bin),
+              0);
+    CDROM_open();
+    ASSERT_EQ(CDROM_total(), 4);
+    // Each track ends where the next begins; its number is one less than the disc's, but not in
+    // CDROM_track_time.
+    EXPECT_EQ(CDROM_track_time(0), 0U);
+    EXPECT_EQ(CDROM_track_time(1), time(0, 0, 12));
+    EXPECT_EQ(CDROM_track_time(2), time(0, 1, 8));
+    EXPECT_EQ(CDROM_track_time(3), time(0, 0, 15));
+    EXPECT_EQ(CDROM_track_time(4) + CDROM_track_time(256) + CDROM_track_time(-1), 0U);
+    CDROM_play(0);
+    EXPECT_EQ(sectors_heard(3), std::vector<int>{0});
+    CDROM_play(1);
+    EXPECT_EQ(sectors_heard(13), (std::vector<int>{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 0}));
+    CDROM_play(2);
+    EXPECT_EQ(sectors_heard(90), (std::vector<int>{13, 14, 15, 16, 17, 18, 19, 20, 0}));
+    CDROM_play(3);
+    EXPECT_EQ(sectors_heard(20), (std::vector<int>{21, 22, 23, 24, 25, 26, 27, 28, 29, 30, 0}));
+    EXPECT_EQ(CDROM_play(4), -1);  // not on the disc: the drive refuses and is closed
+    EXPECT_EQ(CDROM_stop(), -1);
+}
+
+TEST(CdAudio, SheetsThatAreNoneAreRefused) {
+    const std::string one = "TRACK 01 AUDIO\nINDEX 01 00:00:00\n";
+    const struct {
+        std::string file, tracks;
+    } cases[] = {
+        {"", one},
+        {"FILE none.bin BINARY\n", one},
+        {"FILE disc.bin WAVE\n", one},
+        {"FILE disc.bin BINARY\nFILE disc.bin BINARY\n", one},
+        {"FILE disc.bin BINARY\n", ""},
+        {"FILE disc.bin BINARY\n", "INDEX 01 00:00:00\n" + one},
+        {"FILE disc.bin BINARY\n", "TRACK 02 AUDIO\nINDEX 01 00:00:00\n"},
+        {"FILE disc.bin BINARY\n", "TRACK 01 AUDIO\nINDEX 00 00:00:00\n"},
+        {"FILE disc.bin BINARY\n", "TRACK 01 AUDIO\nINDEX 01 00:00:00\nTRACK 02 AUDIO\n"},
+        {"FILE disc.bin BINARY\n", "TRACK 01 AUDIO\nTRACK 02 AUDIO\nINDEX 01 00:00:00\n"},
+        {"FILE disc.bin BINARY\n", "TRACK 01 VIDEO\nINDEX 01 00:00:00\n"},
+        {"FILE disc.bin BINARY\n", "TRACK 01 AUDIO\nINDEX 01 00:00:75\n"},
+        {"FILE disc.bin BINARY\n", "TRACK 01 AUDIO\nINDEX 01 -1:00:00\n"},
+        {"FILE disc.bin BINARY\n", "TRACK 01 AUDIO\nINDEX 01 4294967296:00:00\n"},
+        {"FILE disc.bin BINARY\n", "TRACK 01 AUDIO\nINDEX 01 00:00\n"},
+        {"FILE disc.bin BINARY\n", "TRACK 01 AUDIO\nINDEX 01 00:01:00\n"},  // beyond the file
+        {"FILE disc.bin BINARY\n", one + "TRACK 02 AUDIO\nINDEX 00 00:00:10\nINDEX 01 00:00:05\n"},
+        {"FILE disc.bin BINARY\n", "TRACK 01 AUDIO\nINDEX 01 00:00:20\nTRACK 02 AUDIO\nINDEX 01 00:00:10\n"},
+        {"FILE disc.bin BINARY\n", one + "TRACK 02 AUDIO\nINDEX 00 00:00:10\nINDEX 01 00:00:31\n"},
+        {"FILE disc.bin BINARY\n", one + "TRACK 02 AUDIO\nPREGAP 255:59:74\nINDEX 01 00:00:10\n"},
+    };
+    insert_three();
+    for (const auto &c : cases) EXPECT_EQ(insert(c.tracks, image(30), c.file), -2) << c.file << c.tracks;
+    EXPECT_EQ(HOST_insert_disc("none.cue"), -2);
+    EXPECT_EQ(HOST_insert_disc(nullptr), -2);
+    EXPECT_EQ(insert(one, image(1), "FILE \"C:\\music\\DISC.BIN\" BINARY\n"), 0);  // went with its sheet
+}
+
+TEST(CdAudio, DriveWithoutADisc) {
+    EXPECT_EQ(CDROM_open(), 0);
+    EXPECT_EQ(CDROM_open(), -1);  // taken
+    EXPECT_EQ(CDROM_status(), -1);
+    EXPECT_EQ(CDROM_loop(), -1);
+    EXPECT_EQ(CDROM_stop(), 0);
+    EXPECT_EQ(CDROM_total(), -1);  // closes the drive
+    EXPECT_EQ(CDROM_stop(), -1);
+    EXPECT_EQ(CDROM_open(), 0);
+    EXPECT_EQ(CDROM_play(0), -1);
+    EXPECT_EQ(CDROM_close(), -1);
+}
+
+TEST(CdAudio, DiscIsTakenOutWhileItPlays) {
+    open_three();
+    CDROM_play(2);
+    HOST_eject_disc();
+    EXPECT_EQ(sectors_heard(5), std::vector<int>{0});
+    EXPECT_EQ(CDROM_status(), -1);  // not stopped: not ready
+    EXPECT_EQ(CDROM_loop(), -1);
+    EXPECT_EQ(CDROM_pause(), 0);
+    EXPECT_EQ(CDROM_resume(), -1);
+    EXPECT_EQ(CDROM_now_track(), 2);
+    insert_three();
+    EXPECT_EQ(CDROM_loop(), 0);
+    EXPECT_EQ(sectors_heard(2), (std::vector<int>{31, 32}));
+    insert_three();  // another disc in its place ends the playing too
+    EXPECT_EQ(CDROM_status(), 0);
+}
+
+TEST(CdAudio, MakesItsPlatformCallsInOrder) {
+    test::record_calls();
+    open_three();
+    EXPECT_EQ(test::take_calls(),
+              (test::Calls{"open_disc", "set_disc_time_format msf", "disc_track_count", "disc_track_length 1",
+                           "disc_track_length 2", "disc_track_length 3"}));
+    test::record_calls();
+    CDROM_play(1);
+    SetTimerTick(13, 1000);
+    EXPECT_EQ(CDROM_pause(), 0);
+    EXPECT_EQ(CDROM_pause(), -1);
+    SetTimerTick(13, 7);
+    EXPECT_EQ(CDROM_resume(), 0);
+    EXPECT_EQ(CDROM_resume(), -1);
+    EXPECT_EQ(GetTimerTick(13), 1000U);
+    CDROM_status();
+    ExecQuitProc();
+    EXPECT_EQ(test::take_calls(),
+              (test::Calls{"set_disc_time_format tmsf", "play_disc 2:0:0:0 2:0:0:20", "stop_disc",
+                           "set_disc_time_format tmsf", "play_disc 2:0:55:55 2:0:0:20", "disc_mode",
+                           "stop_disc", "close_disc"}));
+    EXPECT_EQ(CDROM_stop(), -1);
+}
+
+TEST(CdAudio, PauseGoesOnWhereItStopped) {
+    ASSERT_EQ(insert("TRACK 01 AUDIO\nINDEX 01 00:00:00\n", image(200)), 0);
+    CDROM_open();
+    CDROM_total();
+    CDROM_play(0);
+    SetTimerTick(13, 18 + 6);  // 1 second and 33 hundredths
+    CDROM_pause();
+    EXPECT_EQ(CDROM_status(), 0);
+    EXPECT_EQ(CDROM_now_time(), time(0, 1, 33));
+    SetTimerTick(13, 30);
+    EXPECT_EQ(CDROM_now_time(), time(0, 1, 33));
+    EXPECT_EQ(GetTimerTick(13), 24U);
+    CDROM_resume();
+    EXPECT_EQ(sectors_heard(2), (std::vector<int>{75 + 33 + 1, 75 + 33 + 2}));
+    SetTimerTick(13, 17);  // 94 hundredths: no frame, and taken as the last of the second
+    CDROM_pause();
+    EXPECT_EQ(CDROM_resume(), 0);
+    EXPECT_EQ(sectors_heard(2), (std::vector<int>{74 + 1, 75 + 1}));
+    SetTimerTick(13, 1000000);  // far beyond the end: over at once
+    CDROM_pause();
+    EXPECT_EQ(CDROM_resume(), 0);
+    EXPECT_EQ(CDROM_status(), 0);
+}
+
+TEST(CdAudio, PlayTimeStopsAtTheEndOfTheTrack) {
+    ASSERT_EQ(insert("TRACK 01 AUDIO\nINDEX 01 00:00:00\n", image(2 * 75 + 50)), 0);
+    CDROM_open();
+    CDROM_total();
+    EXPECT_EQ(CDROM_now_time(), 0U);
+    SetTimerTick(13, 99);
+    CDROM_play(0);
+    EXPECT_EQ(GetTimerTick(13), 0U);
+    SetTimerTick(13, 30);
+    EXPECT_EQ(CDROM_now_time(), time(0, 1, 66));
+    // 2 seconds and 50 frames, of which 100 are taken to be in a second: 36 + 9 ticks.
+    SetTimerTick(13, 5000);
+    EXPECT_EQ(CDROM_now_time(), time(0, 2, 50));
+    EXPECT_EQ(GetTimerTick(13), 45U);
+    CDROM_stop();
+    EXPECT_EQ(CDROM_now_time(), 0U);
+    EXPECT_EQ(CDROM_now_track(), 0);
+    EXPECT_EQ(CDROM_pause(), -1);
+    EXPECT_EQ(CDROM_loop(), 0);
+    EXPECT_EQ(CDROM_loop(), -1);
+}
+
+// Lets the track end and asks the list; the track that plays then, or -1.
+std::int32_t next_task() {
+    play_sectors(30);
+    EXPECT_EQ(CDROM_check_task(), 0);
+    return CDROM_status() != 0 ? CDROM_now_track() : -1;
+}
+
+TEST(CdAudio, TaskListGoesOnByItsType) {
+    CDROM_task_type(0);
+    open_three();
+    EXPECT_EQ(CDROM_clear_task(), 0);
+    EXPECT_EQ(CDROM_check_task(), -2);
+    EXPECT_EQ(CDROM_exec_task(0), -2);
+    for (const std::int32_t track : {2, 0, 1}) EXPECT_EQ(CDROM_push_task(track), 0);
+    EXPECT_EQ(CDROM_check_task(), 0);  // nothing was ever started
+    EXPECT_EQ(CDROM_now_track(), -1);
+    EXPECT_EQ(CDROM_exec_task(0), 0);
+    play_sectors(5);
+    EXPECT_EQ(CDROM_check_task(), 0);  // still plays
+    EXPECT_EQ(CDROM_exec_task(0), 0);  // goes on undisturbed
+    EXPECT_EQ(sectors_heard(1), std::vector<int>{36});
+    EXPECT_EQ(CDROM_exec_task(1), 0);
+    EXPECT_EQ(sectors_heard(1), std::vector<int>{31});
+    std::vector<std::int32_t> played;
+    for (int i = 0; i < 5; ++i) played.push_back(next_task());
+    EXPECT_EQ(played,
+              (std::vector<std::int32_t>{0, 1, -1, 0, 1}));  // after the pause it goes on with entry 1
+    CDROM_task_type(1);
+    for (std::int32_t &track : played) track = next_task();
+    EXPECT_EQ(played, (std::vector<std::int32_t>{2, 0, 1, 2, 0}));
+    CDROM_task_type(77);
+    EXPECT_EQ(next_task(), 0);
+    CDROM_task_type(2);
+    // The generator starts at 1 and draws 41, 18467, 6334, 26500: modulo 3 the entries 2, 2, 1, 1.
+    EXPECT_EQ(CDROM_exec_task(1), 0);
+    played = {CDROM_now_track(), next_task(), next_task(), next_task()};
+    EXPECT_EQ(played, (std::vector<std::int32_t>{1, 1, 0, 0}));
+    HOST_eject_disc();
+    EXPECT_EQ(CDROM_check_task(), 0);
+}
+
+TEST(CdAudio, TaskListHolds256) {
+    open_three();
+    CDROM_clear_task();
+    CDROM_task_type(1);
+    for (int i = 0; i < 256; ++i) CDROM_push_task(i == 255 ? 0 : 1);
+    test::record_calls();
+    EXPECT_EQ(CDROM_push_task(2), 0);
+    CDROM_exec_task(0);
+    for (int i = 0; i < 255; ++i) next_task();
+    EXPECT_EQ(CDROM_now_track(), 0);
+    EXPECT_EQ(next_task(), 1);
+    CDROM_clear_task();
+    CDROM_push_task(1000);  // no track at all: nothing plays, and the drive stays open
+    EXPECT_EQ(CDROM_exec_task(0), -1);
+    EXPECT_EQ(CDROM_play(-1), -1);
+    EXPECT_EQ(CDROM_stop(), 0);
+}
+
+TEST(CdAudio, RefusalsOfTheDrive) {
+    struct Case {
+        const char *call;
+        std::function<std::int32_t()> function;
+        bool closes;
+    };
+    const Case cases[] = {{"set_disc_time_format", CDROM_total, true},
+                          {"disc_track_count", CDROM_total, true},
+                          {"disc_track_length 3", CDROM_total, true},
+                          {"disc_mode", CDROM_status, true},
+                          {"disc_mode", CDROM_loop, true},
+                          {"set_disc_time_format", [] { return CDROM_play(0); }, true},
+                          {"play_disc", [] { return CDROM_play(0); }, true},
+                          {"stop_disc", CDROM_stop, false},
+                          {"stop_disc", CDROM_pause, false},
+                          {"close_disc", CDROM_close, false}};
+    for (const Case &c : cases) {
+        open_three();
+        CDROM_play(1);
+        test::record_calls(c.call);
+        EXPECT_EQ(c.function(), -1) << c.call;
+        EXPECT_EQ(test::take_calls().back(), c.closes ? "close_disc" : c.call);
+        EXPECT_EQ(CDROM_close(), c.closes ? -1 : 0) << c.call;
+    }
+    EXPECT_EQ(test::take_log(), "");
+    open_three();
+    CDROM_play(1);
+    CDROM_pause();
+    test::record_calls("play_disc");
+    EXPECT_EQ(CDROM_resume(), -1);
+    HOST_observe(nullptr);
+    EXPECT_EQ(CDROM_resume(), 0);  // still paused, and not closed
+    CDROM_close();
+    test::record_calls("open_disc");
+    EXPECT_EQ(CDROM_open(), -1);
+    HOST_observe(nullptr);
+    while (PushQuitProc([] {}) == 0) continue;
+    EXPECT_EQ(CDROM_open(), -1);
+    EXPECT_EQ(test::take_log(), "Push Quit Proc Error!!!\n");
+    EXPECT_EQ(CDROM_close(), 0);  // it was open all the same
+}
+
+TEST(CdAudio, DiscsOfManyTracks) {
+    std::string tracks;
+    for (int i = 1; i <= 257; ++i) {
+        tracks += "TRACK " + std::to_string(i) + " AUDIO\nINDEX 01 00:" + std::to_string(i / 75) + ":" +
+                  std::to_string(i % 75) + "\n";
+        if (i < 256) continue;
+        ASSERT_EQ(insert(tracks, image(300)), 0);
+        CDROM_open();
+        EXPECT_EQ(CDROM_total(), i == 256 ? 256 : -1);
+    }
+    EXPECT_EQ(CDROM_close(), -1);
+}
+
+}  // namespace
