@@ -1,0 +1,23 @@
+// Between Unicode and the character sets of the games: Big5 for text, code page 437 for the single-byte
+// fonts. Text in sources is UTF-8 and is turned into Big5 when content is built.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace ink::tool {
+
+// The text as Big5. ASCII stays as it is. Throws std::runtime_error, which names the character and its line,
+// when the text is not UTF-8 or has a character that Big5 lacks.
+std::string to_big5(std::string_view utf8);
+
+// The characters that a Big5 code (lead byte x 256 + trail byte) may stand for, the usual one first: vendors
+// differ over some punctuation. None for a code that is not in use.
+std::vector<char32_t> unicode_of_big5(std::uint16_t code);
+
+// The character of a code of code page 437, the pictures of the control codes included.
+char32_t unicode_of_cp437(std::uint8_t code);
+
+}  // namespace ink::tool
