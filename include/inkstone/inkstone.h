@@ -2,6 +2,7 @@
 #ifndef INKSTONE_INKSTONE_H
 #define INKSTONE_INKSTONE_H
 
+#include "bitio.h"
 #include "can.h"
 #include "compressed_image.h"
 #include "draw.h"
@@ -9,6 +10,7 @@
 #include "flic.h"
 #include "host.h"
 #include "keyboard.h"
+#include "lzss.h"
 #include "pcx.h"
 #include "polling.h"
 #include "runtime.h"
