@@ -3,6 +3,7 @@
 #define INKSTONE_INKSTONE_H
 
 #include "ascii.h"
+#include "bitio.h"
 #include "can.h"
 #include "cdaudio.h"
 #include "compressed_image.h"
@@ -16,6 +17,7 @@
 #include "mac.h"
 #include "mouse.h"
 #include "palette.h"
+#include "lzss.h"
 #include "pcx.h"
 #include "polling.h"
 #include "runtime.h"

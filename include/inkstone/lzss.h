@@ -1,0 +1,50 @@
+/* Compression with a sliding window of 4096 bytes and matches of 2 to 17 bytes, in two forms that cannot read
+   each other. Neither has a header: nothing in the data tells its form or the length it expands to.
+
+   A match names the place in the window, 0 to 4095, where the bytes begin that it repeats; they may overlap
+   those it produces. The first byte of the data goes to place 1, and after place 4095 comes place 0.
+
+   File form, a stream of bits, most significant first:
+     literal  1, byte (8)
+     match    0, place (12), length - 2 (4)
+     end      0, 0 (12); the last byte is filled with 0 bits
+
+   Memory form, groups of a flag byte and up to eight tokens; bit 0 of the flags is for the first token, a 1
+   marks a literal:
+     literal  byte
+     match    (length - 2) * 16 + place / 256, place % 256
+
+   One operation at a time: all four functions share one window. */
+#ifndef INKSTONE_LZSS_H
+#define INKSTONE_LZSS_H
+
+#include "types.h"
+
+INK_BEGIN
+
+/* Compresses the file input_name into the file form as output_name, which is created or replaced. Returns 0,
+   or -1 when a file cannot be opened, with "ERROR : file <name> open error(LZSS_compress_file)" logged. An
+   output that cannot be written is logged as BITIO_output_bits does. */
+INK_API int32_t LZSS_compress_file(const char *input_name, const char *output_name);
+
+/* Expands the file form. The output is created first, so a missing input leaves it empty. Returns 0, or -1
+   when a file cannot be opened, with "ERROR : file <name> open error(LZSS_expand_file)" logged. An input that
+   ends before its end code is expanded as far as it goes, with "BITIO_input_bit error" or "BITIO_input_bits
+   error" logged once. */
+INK_API int32_t LZSS_expand_file(const char *input_name, const char *output_name);
+
+/* Compresses *source_length bytes into the memory form and stores its length in *compressed_length. n bytes
+   need room for up to n + (n + 7) / 8. The two buffers may not overlap. Always returns 0. */
+INK_API int32_t LZSS_compress_data(const uint8_t *source, uint8_t *destination, const uint32_t *source_length,
+                                   uint32_t *compressed_length);
+
+/* Expands the memory form, *compressed_length bytes, into *expanded_length bytes. Neither is a byte read
+   behind the one nor written behind the other, whatever the data says: what does not fit is cut off, and
+   where the data ends early the rest of destination stays as it is. *expanded_length keeps its value. The two
+   buffers may not overlap. Always returns 0. */
+INK_API int32_t LZSS_expand_data(const uint8_t *source, uint8_t *destination,
+                                 const uint32_t *compressed_length, uint32_t *expanded_length);
+
+INK_END
+
+#endif
