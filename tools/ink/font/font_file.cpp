@@ -1,0 +1,173 @@
+#include "font/font_file.h"
+
+#include <ft2build.h>
+#include FT_FREETYPE_H
+#include FT_BDF_H
+#include <zlib.h>
+
+#include <algorithm>
+#include <cctype>
+#include <charconv>
+#include <stdexcept>
+
+namespace ink::tool {
+namespace {
+
+[[noreturn]] void refuse(const std::string &name, const std::string &why) {
+    throw std::runtime_error(name + ": " + why);
+}
+
+std::string size_text(int width, int height) {
+    return std::to_string(width) + " x " + std::to_string(height);
+}
+
+// The whole file, expanded when it is compressed.
+std::vector<unsigned char> read_whole(const std::string &name) {
+    constexpr std::size_t kMost = 256U << 20;
+    std::error_code ignored;
+    if (!std::filesystem::is_regular_file(name, ignored)) refuse(name, "no such file");
+    const std::unique_ptr<gzFile_s, decltype(&gzclose)> file(gzopen(name.c_str(), "rb"), gzclose);
+    if (!file) refuse(name, "cannot be opened");
+    std::vector<unsigned char> bytes;
+    for (;;) {
+        constexpr unsigned kPiece = 1U << 20;
+        const std::size_t before = bytes.size();
+        bytes.resize(before + kPiece);
+        const int read = gzread(file.get(), bytes.data() + before, kPiece);
+        if (read < 0) refuse(name, "is damaged");
+        bytes.resize(before + static_cast<std::size_t>(read));
+        if (read == 0) return bytes;
+        if (bytes.size() > kMost) refuse(name, "is too large for a font");
+    }
+}
+
+// Takes a number after mark off the end of source; nothing when there is none.
+std::optional<int> take_number(std::string &source, char mark) {
+    const std::size_t at = source.rfind(mark);
+    if (at == std::string::npos || at + 1 == source.size()) return std::nullopt;
+    int number = 0;
+    const auto [end, error] = std::from_chars(source.data() + at + 1, source.data() + source.size(), number);
+    if (error != std::errc() || end != source.data() + source.size() || number < 0) return std::nullopt;
+    source.resize(at);
+    return number;
+}
+
+// The character set that a bitmap font says it is for, such as "Big5.ETen-0", from its own properties or the
+// end of its full name.
+std::string character_set(FT_Face face) {
+    const char *encoding = nullptr, *registry = nullptr;
+    if (FT_Get_BDF_Charset_ID(face, &encoding, &registry) == 0 && registry) return registry;
+    BDF_PropertyRec full_name{};
+    if (FT_Get_BDF_Property(face, "FONT", &full_name) != 0 || full_name.type != BDF_PROPERTY_TYPE_ATOM)
+        return {};
+    std::string_view name = full_name.u.atom;
+    const std::size_t last = name.rfind('-');
+    if (last == std::string_view::npos || last == 0) return {};
+    return std::string(name.substr(name.rfind('-', last - 1) + 1));
+}
+
+bool starts_with_big5(const std::string &set) {
+    constexpr std::string_view kBig5 = "big5";
+    return set.size() >= kBig5.size() &&
+           std::equal(kBig5.begin(), kBig5.end(), set.begin(), [](char lower, char letter) {
+               return lower == std::tolower(static_cast<unsigned char>(letter));
+           });
+}
+
+// Distances in FreeType are in 64ths of a pixel.
+int pixels(FT_Pos distance) {
+    return static_cast<int>((distance + 32) >> 6);
+}
+
+}  // namespace
+
+bool Drawn::blank() const {
+    return std::find(ink.begin(), ink.end(), true) == ink.end();
+}
+
+void FontFile::Release::operator()(FT_LibraryRec_ *library) const {
+    FT_Done_FreeType(library);
+}
+void FontFile::Release::operator()(FT_FaceRec_ *face) const {
+    FT_Done_Face(face);
+}
+
+FontFile::FontFile(const std::string &source, int width, int height) {
+    std::string file = source;
+    const int size = take_number(file, '@').value_or(height);
+    const int index = take_number(file, '#').value_or(0);
+    name_ = std::filesystem::path(file).filename().string();
+    bytes_ = read_whole(file);
+    FT_Library library = nullptr;
+    if (FT_Init_FreeType(&library) != 0) refuse(name_, "FreeType cannot be started");
+    library_.reset(library);
+    FT_Face face = nullptr;
+    if (FT_New_Memory_Face(library, bytes_.data(), static_cast<FT_Long>(bytes_.size()), index, &face) != 0)
+        refuse(name_, "is not a font, or has no face " + std::to_string(index));
+    face_.reset(face);
+    choose_characters();
+    choose_size(size, width, height);
+}
+
+void FontFile::choose_characters() {
+    FT_Face face = face_.get();
+    big5_ = starts_with_big5(character_set(face)) && face->num_charmaps > 0 &&
+            FT_Set_Charmap(face, face->charmaps[0]) == 0;
+    if (big5_ || FT_Select_Charmap(face, FT_ENCODING_UNICODE) == 0) return;
+    big5_ = FT_Select_Charmap(face, FT_ENCODING_BIG5) == 0;
+    if (!big5_) refuse(name_, "its characters are numbered neither as in Unicode nor as in Big5");
+}
+
+void FontFile::choose_size(int size, int width, int height) {
+    FT_Face face = face_.get();
+    const auto measure = [&] {
+        ascent_ = pixels(face->size->metrics.ascender);
+        descent_ = -pixels(face->size->metrics.descender);
+    };
+    if (FT_IS_SCALABLE(face)) {
+        if (size < 1 || FT_Set_Pixel_Sizes(face, 0, static_cast<FT_UInt>(size)) != 0)
+            refuse(name_, "cannot be drawn " + std::to_string(size) + " pixels high");
+        measure();
+        return;
+    }
+    for (int i = 0; i < face->num_fixed_sizes; ++i) {
+        if (FT_Select_Size(face, i) != 0) continue;
+        measure();
+        if (ascent_ + descent_ <= height) return;
+    }
+    refuse(name_, "its characters are " +
+                      size_text(pixels(face->size->metrics.max_advance), ascent_ + descent_) +
+                      " pixels large and do not fit into cells of " + size_text(width, height));
+}
+
+std::optional<Drawn> FontFile::draw(const Character &character) const {
+    FT_Face face = face_.get();
+    FT_UInt glyph = 0;
+    if (big5_) {
+        glyph = FT_Get_Char_Index(face, character.code);
+    } else {
+        for (const char32_t unicode : character.unicode)
+            if (glyph == 0) glyph = FT_Get_Char_Index(face, unicode);
+    }
+    if (glyph == 0 || FT_Load_Glyph(face, glyph, FT_LOAD_RENDER | FT_LOAD_TARGET_MONO) != 0)
+        return std::nullopt;
+    const FT_GlyphSlot slot = face->glyph;
+    const FT_Bitmap &bitmap = slot->bitmap;
+    if (bitmap.pixel_mode != FT_PIXEL_MODE_MONO && bitmap.rows != 0) return std::nullopt;
+    Drawn drawn{slot->bitmap_left,
+                slot->bitmap_top,
+                static_cast<int>(bitmap.width),
+                static_cast<int>(bitmap.rows),
+                pixels(slot->advance.x),
+                {}};
+    drawn.ink.reserve(std::size_t{bitmap.width} * bitmap.rows);
+    for (unsigned row = 0; row < bitmap.rows; ++row)
+        for (unsigned column = 0; column < bitmap.width; ++column)
+            drawn.ink.push_back(
+                (bitmap.buffer[static_cast<std::ptrdiff_t>(row) * bitmap.pitch + column / 8] >>
+                 (7 - column % 8)) &
+                1);
+    return drawn;
+}
+
+}  // namespace ink::tool
