@@ -32,10 +32,14 @@ std::string in_braces(std::span<const std::uint8_t> bytes) {
     return text + '}';
 }
 
+// At least one line, so that an empty file can be told from none.
 std::string lines_of_bytes(const char *word, std::span<const std::uint8_t> bytes) {
     std::string text;
-    for (; !bytes.empty(); bytes = bytes.subspan(std::min(bytes.size(), kBytesPerLine)))
-        text += word + in_braces(bytes.first(std::min(bytes.size(), kBytesPerLine))) + '\n';
+    do {
+        const auto line = bytes.first(std::min(bytes.size(), kBytesPerLine));
+        text += word + in_braces(line) + '\n';
+        bytes = bytes.subspan(line.size());
+    } while (!bytes.empty());
     return text;
 }
 
@@ -153,7 +157,8 @@ class Disassembler {
             if (targets_.contains(at)) text += label(at) + ":\n";
             if (at != end_) text += "    " + instruction(at) + '\n';
         }
-        return text + lines_of_bytes("    data ", code_.subspan(end_));
+        if (end_ < code_.size()) text += lines_of_bytes("    data ", code_.subspan(end_));
+        return text;
     }
 
     // In words where the words make these very bytes, else as bytes.
