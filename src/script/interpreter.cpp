@@ -79,7 +79,7 @@ class Run {
     // Takes the operands that were read, unless one of them lies outside the code.
     bool take(const Operands &operands) {
         if (operands.cursor > size_) {
-            end_outside(operands.cursor);
+            end_outside(size_);
             return false;
         }
         state.cursor = operands.cursor;
@@ -133,7 +133,7 @@ class Run {
             const std::uint8_t opcode = code_[position_];
             Operands operands{code_, position_ + 2};
             const std::uint32_t next = operands.cursor + code_[position_ + 1];
-            if (next > size_) return end_outside(position_);
+            if (next > size_) return end_outside(size_);
             position_ = next;
             state.cursor = operands.cursor;
             state.record.set_position(next);

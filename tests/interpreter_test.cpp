@@ -1,0 +1,248 @@
+// Random programs, sound and unsound, run by the library and by a plain interpreter written here from the
+// language's rules, which looks before every byte it reads.
+#include <gtest/gtest.h>
+
+#include <map>
+#include <optional>
+#include <random>
+
+#include "inkstone/mac.h"
+#include "support/files.h"
+#include "support/script.h"
+
+namespace {
+
+using namespace test;
+
+constexpr std::int32_t kVariables = 8;
+constexpr int kMostSteps = 3000;
+
+struct Naive {
+    std::string code;
+    std::vector<std::int32_t> table;
+    std::vector<std::int32_t> variables = std::vector<std::int32_t>(kVariables);
+    std::uint32_t random = 1;
+    std::string trace, log;
+    std::int64_t cursor = 0;
+    bool outside = false;
+
+    std::int64_t size() const { return static_cast<std::int64_t>(code.size()); }
+    bool inside(std::int64_t count) { return !(outside |= cursor + count > size()); }
+    std::uint8_t at(std::int64_t place) const {
+        return static_cast<std::uint8_t>(code[static_cast<std::size_t>(place)]);
+    }
+    std::int32_t read(int count) {
+        if (!inside(count)) return 0;
+        std::uint32_t value = 0;
+        for (int i = 0; i < count; ++i) value |= std::uint32_t{at(cursor++)} << 8 * i;
+        return static_cast<std::int32_t>(value);
+    }
+    bool exists(std::int64_t index) const { return index >= 0 && index < kVariables; }
+    std::int32_t number() {
+        if (!inside(1) || (at(cursor) != '#' && at(cursor) != '@') || !inside(5)) return 0;
+        const bool plain = read(1) == '#';
+        const std::int32_t value = read(4);
+        return plain ? value : exists(value) ? variables[static_cast<std::size_t>(value)] : 0;
+    }
+    std::optional<std::string> string() {
+        if (!inside(1) || at(cursor) > 253 || !inside(1 + at(cursor))) return std::nullopt;
+        const auto length = static_cast<std::size_t>(read(1));
+        cursor += static_cast<std::int64_t>(length);
+        return code.substr(static_cast<std::size_t>(cursor) - length, length).c_str();
+    }
+
+    // The game's commands: what they read is told by the opcode.
+    std::int32_t command(int opcode) {
+        trace += 'c' + std::to_string(opcode);
+        for (int kinds = opcode - 24; kinds > 0; kinds /= 4) {
+            if (kinds % 4 == 0) trace += 'n' + std::to_string(number());
+            if (kinds % 4 == 1) trace += 'l' + std::to_string(read(4));
+            if (kinds % 4 == 2) trace += 'b' + std::to_string(static_cast<std::uint8_t>(read(1)));
+            if (kinds % 4 == 3) trace += 's' + string().value_or("-");
+        }
+        return opcode % 16 == 15 ? opcode : 0;
+    }
+
+    std::int32_t leave(std::int64_t address) {
+        log += "MAC address " + std::to_string(address) + " outside code\n";
+        return -2;
+    }
+
+    // Empty when it takes too many steps.
+    std::optional<std::int32_t> run(std::int32_t start) {
+        if (start < 0) return log += "PROC address not define !!!\n", 0;
+        std::vector<std::int64_t> callers;
+        std::int64_t position = cursor = start;
+        for (int steps = 0; steps < kMostSteps; ++steps) {
+            if (position < 0 || position > size()) return leave(position);
+            if (position + 2 > size() || position + 2 + at(position + 1) > size()) return leave(size());
+            const int opcode = at(position);
+            const std::int64_t operands = cursor = position + 2;
+            position = cursor + at(position + 1);
+            outside = false;
+            if (opcode >= 24) {
+                const std::int32_t result = command(opcode);
+                if (result != 0) return result;
+                if (outside) return leave(size());
+                continue;
+            }
+            std::int32_t target = 0, first = 0, second = 0;
+            int comparison = 0;
+            std::optional<std::string> name;
+            if (opcode == 2 || opcode == 13) target = read(4);
+            if (opcode == 0 || opcode == 2 || opcode == 14 || (opcode >= 17 && opcode <= 22))
+                first = number();
+            if (opcode == 2) comparison = read(1);
+            if (opcode == 2 || (opcode >= 17 && opcode <= 22)) second = number();
+            if (opcode == 16) name = string();
+            if (outside) {
+                cursor = operands;
+                return leave(size());
+            }
+            if (opcode == 23) return -1;
+            if (opcode == 16) return 8;
+            if (opcode == 1 || opcode == 15) {
+                if (callers.empty()) return 0;
+                position = callers.back();
+                callers.pop_back();
+            }
+            if (opcode == 13) position = target;
+            if (opcode == 14 && (first < 0 || first > 1023)) {
+                log += "MAC call proc no out of range\n";
+            } else if (opcode == 14 && callers.size() == 32) {
+                log += "MAC stack overflow\n";
+            } else if (opcode == 14) {
+                const bool known = static_cast<std::size_t>(first) < table.size();
+                if (!known || table[static_cast<std::size_t>(first)] < 0)
+                    return log += "PROC address not define !!!\n", -2;
+                callers.push_back(position);
+                position = table[static_cast<std::size_t>(first)];
+            }
+            std::int32_t unused = 0;
+            std::int32_t &to = exists(first) ? variables[static_cast<std::size_t>(first)] : unused;
+            if (opcode == 2) {
+                const std::map<int, bool> holds = {{'<', to < second},   {'=', to == second},
+                                                   {'>', to > second},   {0xF2, to >= second},
+                                                   {0xF3, to <= second}, {0xF7, to != second}};
+                if (!holds.contains(comparison) || !holds.at(comparison)) position = target;
+            }
+            std::int64_t result = to;
+            if (opcode == 17) result = second;
+            if (opcode == 18) result = std::int64_t{to} + second;
+            if (opcode == 19) result = std::int64_t{to} - second;
+            if (opcode == 20) result = std::int64_t{to} * second;
+            if (opcode == 21 && second != 0) result = std::int64_t{to} / second;
+            if (opcode == 22 && second != 0 && exists(first)) {
+                random = random * 214013 + 2531011;
+                result = static_cast<std::int32_t>(random >> 16 & 0x7FFF) % second;
+            }
+            to = static_cast<std::int32_t>(static_cast<std::uint32_t>(result));
+        }
+        return std::nullopt;
+    }
+};
+
+class Generator {
+  public:
+    explicit Generator(std::uint32_t seed) : random_(seed) {}
+
+    Naive program() {
+        Naive program;
+        const int instructions = 4 + below(30), procedures = 1 + below(6);
+        std::vector<std::int32_t> starts;
+        for (int i = 0; i < instructions; ++i) {
+            starts.push_back(static_cast<std::int32_t>(program.code.size()));
+            program.code += instruction();
+        }
+        program.code += op(1);
+        const auto place = [&] {
+            return below(25) == 0 ? below(900) - 20 : starts[static_cast<std::size_t>(below(instructions))];
+        };
+        for (const std::int32_t start : starts) {
+            const std::size_t at = static_cast<std::size_t>(start);
+            const int opcode = program.code[at];
+            if ((opcode == 2 || opcode == 13) && program.code[at + 1] >= 4)
+                program.code.replace(at + 2, 4, word(place()));
+        }
+        for (int i = 0; i < procedures; ++i) program.table.push_back(i > 0 && below(8) == 0 ? -1 : place());
+        if (below(8) == 0) program.code.resize(program.code.size() - static_cast<std::size_t>(below(7)));
+        return program;
+    }
+
+  private:
+    int below(int limit) { return static_cast<int>(random_() % static_cast<unsigned>(limit)); }
+    std::int32_t value() {
+        const std::int32_t extremes[] = {0, -1, INT32_MIN, INT32_MAX, 16000, 1024};
+        return below(4) == 0 ? extremes[below(6)] : below(12) - 2;
+    }
+    std::string number() {
+        if (below(40) == 0) return "!";
+        return below(3) == 0 ? variable(value()) : constant(value());
+    }
+    std::string instruction() {
+        static const int kOpcodes[] = {0,  1,  2,  2,  2,  5,  13, 14, 14, 15, 17, 17, 18,
+                                       18, 19, 20, 21, 22, 24, 25, 26, 27, 29, 36, 47};
+        const int opcode = below(60) == 0 ? (below(2) == 0 ? 16 : 23) : kOpcodes[below(25)];
+        std::string operands;
+        switch (opcode) {
+            case 2: operands = word(0) + constant(below(9)) + "<=>\xF2\xF3\xF7!"[below(7)] + number(); break;
+            case 13: operands = word(0); break;
+            case 14: operands = below(5) == 0 ? number() : constant(below(6)); break;
+            case 16: operands = text("chain"); break;
+            case 27: operands = text(std::string(static_cast<std::size_t>(below(20)), 'x')); break;
+            default:
+                operands = (below(3) == 0 ? number() : constant(below(kVariables))) + number() + number();
+        }
+        if (below(12) == 0) operands += std::string(static_cast<std::size_t>(below(9)), 'j');
+        if (below(40) == 0)
+            operands.resize(static_cast<std::size_t>(below(static_cast<int>(operands.size()) + 1)));
+        return op(opcode, operands);
+    }
+
+    std::mt19937 random_;
+};
+
+std::string trace;
+
+std::int32_t command(std::uint8_t opcode) {
+    trace += 'c' + std::to_string(opcode);
+    for (int kinds = opcode - 24; kinds > 0; kinds /= 4) {
+        if (kinds % 4 == 0) trace += 'n' + std::to_string(MAC_get_number());
+        if (kinds % 4 == 1) trace += 'l' + std::to_string(MAC_get_long());
+        if (kinds % 4 == 2) trace += 'b' + std::to_string(MAC_get_char());
+        if (kinds % 4 == 3) {
+            const char *string = MAC_get_string();
+            trace += string != nullptr ? std::string("s") + string : "s-";
+        }
+    }
+    return opcode % 16 == 15 ? opcode : 0;
+}
+
+TEST(Interpreter, AgreesWithANaiveOne) {
+    std::map<std::int32_t, int> results;
+    std::uint32_t random = 1;
+    for (std::uint32_t seed = 0; seed < 8000; ++seed) {
+        Naive naive = Generator(seed).program();
+        naive.random = random;
+        const auto expected = naive.run(naive.table[0]);
+        if (!expected) continue;
+        random = naive.random;
+        ++results[*expected];
+
+        write_text("a.mac", script_file(naive.table, naive.code));
+        ASSERT_EQ(MAC_init("", "", kVariables, command), 0);
+        ASSERT_EQ(MAC_load("a.mac"), 0);
+        take_log();
+        trace.clear();
+        ASSERT_EQ(MAC_driver(0), *expected) << seed;
+        ASSERT_EQ(trace, naive.trace) << seed;
+        ASSERT_EQ(take_log(), naive.log) << seed;
+        std::vector<std::int32_t> record(23 + kVariables);
+        MAC_export_info(record.data());
+        ASSERT_EQ(record[21], naive.cursor) << seed;
+        ASSERT_EQ(std::vector<std::int32_t>(record.begin() + 23, record.end()), naive.variables) << seed;
+    }
+    for (const std::int32_t result : {0, -1, -2, 8, 47}) EXPECT_GT(results[result], 100) << result;
+}
+
+}  // namespace

@@ -1,0 +1,331 @@
+// Scripts: loading them, their saved state, and what a run does that no random program shows.
+#include "inkstone/mac.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <functional>
+
+#include "inkstone/host.h"
+#include "inkstone/runtime.h"
+#include "support/files.h"
+#include "support/script.h"
+
+namespace {
+
+using namespace test;
+namespace fs = std::filesystem;
+
+constexpr const char *kNotInitialised = "ERROR : mac system have not been initialized !\n";
+
+std::function<std::int32_t(std::uint8_t)> action;
+std::int32_t act(std::uint8_t opcode) {
+    return action ? action(opcode) : 0;
+}
+
+std::string exported() {
+    std::string bytes(static_cast<std::size_t>(MAC_info_size()), '\xAA');
+    EXPECT_EQ(MAC_export_info(bytes.data()), MAC_info_size());
+    return bytes;
+}
+
+std::string record(std::string name, std::int32_t size, std::int32_t position,
+                   const std::vector<std::int32_t> &values) {
+    name.resize(80);
+    std::string bytes = name + word(size) + word(position) + word(static_cast<std::int32_t>(values.size()));
+    for (const std::int32_t value : values) bytes += word(value);
+    return bytes;
+}
+
+// Loads a script of these procedures and forgets that the log tells of it.
+void load(const std::vector<std::string> &procedures, std::uint32_t variables = 10) {
+    write_text("a.mac", script_file(procedures));
+    ASSERT_EQ(MAC_init("", "", variables, act), 0);
+    ASSERT_EQ(MAC_load("a.mac"), 0);
+    take_log();
+}
+
+TEST(MacLoader, TellsWhatIsMissing) {
+    char name[80] = "untouched";
+    EXPECT_EQ(MAC_load("a.mac"), -1);
+    EXPECT_EQ(MAC_reload(), -1);
+    EXPECT_EQ(take_log(), std::string(kNotInitialised) + kNotInitialised);
+    EXPECT_EQ(MAC_init("", "", 100, nullptr), 0);
+    EXPECT_EQ(MAC_info_size(), 492);
+    EXPECT_EQ(exported(), record("NONAME", 0, 0, std::vector<std::int32_t>(100)));
+    EXPECT_EQ(MAC_reload(), -1);
+    EXPECT_EQ(MAC_load("dir\\none.mac"), -1);
+    EXPECT_EQ(MAC_load(""), -1);
+    EXPECT_EQ(MAC_load(std::string(80, 'n').c_str()), -1);
+    EXPECT_EQ(MAC_inport_info(nullptr), 0);
+    EXPECT_EQ(MAC_inport_info(record("x.mac", 0, 0, {7}).c_str()), 96);
+    EXPECT_EQ(MAC_reload(), -1);
+    EXPECT_EQ(MAC_get_variable(0), 7);
+    EXPECT_EQ(MAC_init("", "", 0x7FFFFFFF, nullptr), -1);
+    EXPECT_EQ(MAC_load("a.mac"), -1);
+    EXPECT_EQ(take_log(),
+              "ERROR : mac filename lost !\n"
+              "ERROR : error open file dir\\none.mac(MAC_load)\n"
+              "ERROR : error open file (MAC_load)\n"
+              "ERROR : error open file " +
+                  std::string(80, 'n') +
+                  "(MAC_load)\n"
+                  "ERROR : mac inport info is null\n"
+                  "ERROR : error open file x.mac\n"
+                  "ERROR : memory alloc error\n" +
+                  kNotInitialised);
+    EXPECT_EQ(MAC_init("", "", 1, nullptr), 0);
+    MAC_free();
+    EXPECT_EQ(MAC_info_size() + MAC_head_size() + MAC_export_info(name), 0);
+    EXPECT_EQ(MAC_export_filename(name), nullptr);
+    EXPECT_STREQ(name, "untouched");
+    EXPECT_EQ(MAC_driver(0) + MAC_get_number() + MAC_get_long() + MAC_get_char() + MAC_get_variable(0), 0);
+    EXPECT_EQ(MAC_get_string(), nullptr);
+}
+
+TEST(MacLoader, FindsScriptsAndLogsInTheirDirectories) {
+    fs::create_directories("Script/sub");
+    fs::create_directory("log");
+    const std::string code = op(23) + std::string(98, '\0');
+    write_text("Script/sub/One.mac", script_file({0, -1, 2}, code));
+    write_text("Script/two.mac", script_file({op(15)}));
+    ASSERT_EQ(MAC_init("SCRIPT", "LOG", 2, nullptr), 0);
+    EXPECT_EQ(MAC_load("sub\\ONE.MAC"), 0);
+    EXPECT_EQ(MAC_head_size(), 36);
+    MAC_set_variable(1, -5);
+    EXPECT_EQ(exported(), record("sub\\ONE.MAC", 100, 0, {0, -5}));
+    EXPECT_EQ(MAC_driver(0), -1);
+    EXPECT_EQ(MAC_driver(1), 0);
+    EXPECT_EQ(MAC_driver(-1) + MAC_driver(3), 0);
+    EXPECT_EQ(MAC_load("two.mac"), 0);
+    EXPECT_EQ(MAC_get_variable(1), -5);  // values carry over
+    EXPECT_EQ(MAC_head_size(), 28);
+    EXPECT_EQ(MAC_reload(), 0);
+    EXPECT_EQ(MAC_init("", "", 0, nullptr), 0);  // keeps both directories and the head
+    EXPECT_EQ(MAC_head_size(), 28);
+    EXPECT_EQ(MAC_info_size(), 92);
+    EXPECT_EQ(MAC_driver(0), 0);
+    EXPECT_EQ(MAC_reload(), -1);
+    EXPECT_EQ(MAC_head_size(), 0);
+    EXPECT_EQ(take_log("log/ERROR.MSG"),
+              "LOAD MAC sub\\ONE.MAC(100) OK!\nPROC address not define !!!\n"
+              "LOAD MAC two.mac(2) OK!\nLOAD MAC two.mac(2) OK!\n"
+              "ERROR : error open file NONAME\n");
+    EXPECT_FALSE(exists("ERROR.MSG"));
+}
+
+// Sizes that the file does not bear out are refused, unless it merely ends early.
+TEST(MacLoader, MeasuresStatedSizes) {
+    const auto header = [](std::int32_t size, std::int32_t count) {
+        return std::string(12, '\0') + word(size) + word(0) + word(count);
+    };
+    struct {
+        std::string file;
+        std::int32_t head, size;  // head 0: refused
+    } const cases[] = {
+        {"", 24, 0},
+        {std::string(20, '\1'), 0, 0},
+        {header(5, 0).substr(0, 22), 24, 5},
+        {header(100, 3) + word(0), 36, 100},
+        {header(1 << 20, 1) + word(0), 0, 0},
+        {header((1 << 20) - 28, 1) + word(0), 28, (1 << 20) - 28},
+        {header(0x7FFFFFFF, 1), 0, 0},
+        {header(-1, 1), 0, 0},
+        {header(0, -1), 0, 0},
+        {header(0, 0x3FFFFFFF), 0, 0},
+        {header(2 << 20, 0) + std::string(2 << 20, '\0'), 24, 2 << 20},
+    };
+    ASSERT_EQ(MAC_init("", "", 1, nullptr), 0);
+    for (const auto &c : cases) {
+        write_text("a.mac", c.file);
+        const bool good = c.head != 0;
+        EXPECT_EQ(MAC_load("a.mac"), good ? 0 : -1);
+        EXPECT_EQ(MAC_head_size(), c.head);
+        const std::string loaded = "LOAD MAC a.mac(" + std::to_string(c.size) + ") OK!\n";
+        EXPECT_EQ(take_log(), good ? loaded : "ERROR : memory alloc error(MAC_load)\n");
+        MAC_driver(0);
+        take_log();
+        ASSERT_EQ(MAC_inport_info(record("a.mac", 0, 0, {0}).c_str()), 96);
+        EXPECT_EQ(MAC_reload(), good ? 0 : -1);
+        EXPECT_EQ(take_log(), good ? loaded : "ERROR : memory alloc error\n");
+    }
+}
+
+TEST(MacState, IsBytesWithAFixedLayout) {
+    load({op(17, constant(2) + constant(-2)) + op(30, constant(1) + constant(2)) + op(1)}, 3);
+    action = [](std::uint8_t) { return MAC_get_number() + 4; };
+    EXPECT_EQ(MAC_driver(0), 5);
+    const std::string saved = exported();  // the position is that of the operand that was not read
+    EXPECT_EQ(saved, record("a.mac", 26, 12 + 2 + 5, {0, 0, -2}));
+    ASSERT_EQ(MAC_init("", "", 50, act), 0);
+    EXPECT_EQ(MAC_inport_info(saved.data()), 104);
+    EXPECT_EQ(exported(), saved);
+    EXPECT_EQ(MAC_driver(0), 0);  // nothing is loaded yet
+    EXPECT_EQ(MAC_reload(), 0);
+    EXPECT_EQ(exported(), record("a.mac", 26, 0, {0, 0, -2}));
+    // A name that does not end, and a count of variables that cannot be.
+    char name[80];
+    EXPECT_EQ(MAC_inport_info((std::string(100, 'x').substr(0, 88) + word(0)).data()), 92);
+    EXPECT_EQ(MAC_export_filename(name), std::string(79, 'x'));
+    EXPECT_STREQ(name, std::string(79, 'x').c_str());
+    take_log();
+    EXPECT_EQ(MAC_inport_info((std::string(88, 'x') + word(-1)).data()), 0);
+    EXPECT_EQ(MAC_info_size(), 0);
+    EXPECT_EQ(MAC_load("a.mac") + MAC_reload(), -2);
+    EXPECT_EQ(take_log(),
+              "ERROR : memory alloc error\nERROR : pmac_info is null\nERROR : pmac_info is null\n");
+}
+
+// Saved by a game that has ended, taken up by another process.
+TEST(MacState, GoesOnInANewProcess) {
+    write_text("a.mac", script_file({op(18, constant(0) + constant(11)) + op(16, text("b.mac")) + op(1)}));
+    write_text("b.mac", script_file({op(20, constant(0) + variable(0)) + op(1)}));
+    const auto first_game = [] {
+        MAC_init("", "", 4, nullptr);
+        MAC_load("a.mac");
+        const bool chained = MAC_driver(0) == 8;
+        write_text("save", exported());
+        std::exit(chained ? 42 : 1);
+    };
+    EXPECT_EXIT(first_game(), ::testing::ExitedWithCode(42), "");
+    ASSERT_EQ(MAC_init("", "", 1, nullptr), 0);
+    EXPECT_EQ(MAC_inport_info(read_text("save").data()), 92 + 16);
+    EXPECT_EQ(MAC_reload(), 0);
+    EXPECT_EQ(MAC_driver(0), 0);
+    EXPECT_EQ(MAC_get_variable(0), 121);
+    EXPECT_EQ(take_log(), "LOAD MAC a.mac(22) OK!\nLOAD MAC b.mac(14) OK!\n");
+}
+
+TEST(MacDriver, ChainsToNamesThatFit) {
+    struct {
+        std::string operand, name;
+    } const cases[] = {
+        {text("next.mac"), "next.mac"},
+        {text(""), ""},
+        {text(std::string(253, 'y')), std::string(79, 'y')},
+        {'\xFE' + std::string(90, 'z'), "a.mac"},  // no string stands there: the name stays
+    };
+    for (const auto &c : cases) {
+        load({op(16, c.operand)});
+        EXPECT_EQ(MAC_driver(0), 8);
+        char name[80];
+        EXPECT_EQ(MAC_export_filename(name), c.name);
+    }
+}
+
+TEST(MacDriver, NestsThirtyTwoCalls) {
+    // Procedure 0 counts its entries and calls itself; the innermost call is not made.
+    load({op(18, constant(0) + constant(1)) + op(14, constant(0)) + op(18, constant(1) + constant(1)) +
+          op(1)});
+    EXPECT_EQ(MAC_driver(0), 0);
+    EXPECT_EQ(MAC_get_variable(0), 33);
+    EXPECT_EQ(MAC_get_variable(1), 33);
+    EXPECT_EQ(take_log(), "MAC stack overflow\n");
+}
+
+TEST(MacDriver, DrawsFromTheLibrarysRandomNumbers) {
+    load({op(22, constant(0) + constant(32768)) + op(22, constant(1) + constant(0)) +
+          op(22, constant(99) + constant(6)) + op(22, constant(2) + constant(-6)) +
+          op(22, constant(3) + constant(INT32_MIN)) + op(1)});
+    EXPECT_EQ(MAC_driver(0), 0);
+    const std::int32_t expected[] = {41, 0, 18467 % 6, 6334};  // of the generator's 41, 18467, 6334
+    for (std::int32_t i = 0; i < 4; ++i) EXPECT_EQ(MAC_get_variable(i), expected[i]) << i;
+}
+
+TEST(MacDriver, ReadsNoVariableFromNumber16000On) {
+    load({op(17, constant(0) + variable(15999)) + op(17, constant(1) + variable(16000)) + op(1)}, 16001);
+    MAC_set_variable(15999, 5);
+    MAC_set_variable(16000, 6);
+    EXPECT_EQ(MAC_driver(0), 0);
+    EXPECT_EQ(MAC_get_variable(0), 5);
+    EXPECT_EQ(MAC_get_variable(1), 0);
+    EXPECT_EQ(MAC_get_variable(16000), 6);
+    EXPECT_EQ(MAC_get_variable(-1) + MAC_get_variable(16001), 0);
+}
+
+TEST(MacDriver, RunsWithoutACallback) {
+    load({op(24)});
+    ASSERT_EQ(MAC_init("", "", 1, nullptr), 0);
+    EXPECT_EQ(MAC_driver(0), 0);  // setting up anew drops the code
+    ASSERT_EQ(MAC_load("a.mac"), 0);
+    EXPECT_EQ(MAC_driver(0), -1);
+}
+
+// Callbacks that take the ground from under the run. The script would set variable 0 afterwards.
+TEST(MacDriver, EndsWhenACallbackReleasesOrReplacesTheScript) {
+    struct {
+        const char *what;
+        std::function<void()> change;
+        std::int32_t variable;
+    } const cases[] = {
+        {"nothing", [] {}, 9},
+        {"free", MAC_free, 0},
+        {"init", [] { MAC_init("", "", 10, act); }, 0},
+        {"load", [] { MAC_load("a.mac"); }, 0},
+        {"failed load", [] { MAC_load("none.mac"); }, 0},
+        {"reload", [] { MAC_reload(); }, 0},
+        {"import",
+         [] {
+             MAC_inport_info(record("a.mac", 0, 3, {1, 2, 3}).data());
+         },
+         9},
+        {"failed import", [] { MAC_inport_info((std::string(88, 'x') + word(-1)).data()); }, 0},
+    };
+    for (const auto &c : cases) {
+        for (const std::int32_t result : {0, 6}) {
+            load({op(30, constant(1)) + op(17, constant(0) + constant(9)) + op(1)});
+            action = [&](std::uint8_t) {
+                c.change();
+                return result;
+            };
+            EXPECT_EQ(MAC_driver(0), result) << c.what;
+            EXPECT_EQ(MAC_get_variable(0), result != 0 && c.variable == 9 && MAC_info_size() == 104 ? 1
+                                           : result != 0                                            ? 0
+                                                         : c.variable)
+                << c.what;
+        }
+    }
+}
+
+LRESULT free_on_message(HWND, UINT message, WPARAM, LPARAM) {
+    if (message == WM_USER || message == WM_TIMER) MAC_free();
+    return 0;
+}
+
+// A game's quit in the middle of a loop that never ends by itself.
+TEST(MacDriver, EndsWhenAPumpedProcedureFreesTheScript) {
+    const HWND window = HOST_open_window("t", 8, 8, free_on_message);
+    load({op(13, word(0))});
+    HOST_post_message(window, WM_USER, 0, 0);
+    EXPECT_EQ(MAC_driver(0), 0);
+    load({op(13, word(0))});
+    EXPECT_EQ(HOST_set_timer(window, 40, 20), 0);
+    const std::uint64_t before = HOST_clock();
+    EXPECT_EQ(MAC_driver(0), 0);
+    EXPECT_NEAR(static_cast<double>(HOST_clock() - before), 20000.0, 10.0);
+    HOST_kill_timer(window, 40);
+    HOST_advance_clock(100000);
+    load({op(1)});
+    EXPECT_EQ(MAC_driver(0), 0);
+    EXPECT_EQ(MAC_head_size(), 28);
+}
+
+TEST(MacDriver, RunsProceduresFromCallbacks) {
+    load({op(30, constant(1) + constant(77)) + op(1), op(31, constant(5)) + op(23), op(32) + op(1)});
+    std::string trace;
+    int depth = 0;
+    action = [&](std::uint8_t opcode) {
+        if (opcode == 32) return ++depth, MAC_driver(2);
+        if (opcode == 31) return trace += 'b', MAC_get_number() - 5;
+        const std::int32_t inner = MAC_driver(MAC_get_number());
+        trace += std::to_string(inner) + ' ' + std::to_string(MAC_get_number());  // its own operands again
+        return 0;
+    };
+    EXPECT_EQ(MAC_driver(0), 0);
+    EXPECT_EQ(trace, "b-1 77");
+    EXPECT_EQ(MAC_driver(2), 0);
+    EXPECT_EQ(depth, 32);
+    EXPECT_EQ(take_log(), "MAC stack overflow\n");
+}
+
+}  // namespace

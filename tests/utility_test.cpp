@@ -1,0 +1,201 @@
+// The utilities.
+#include "inkstone/utility.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstring>
+#include <map>
+#include <numbers>
+
+#include "inkstone/host.h"
+#include "inkstone/mac.h"
+#include "support/files.h"
+#include "support/script.h"
+
+namespace {
+
+using test::exists;
+namespace fs = std::filesystem;
+
+TEST(Utility, TurnsLettersOnly) {
+    for (int c = 0; c < 256; ++c) {
+        const bool small = c >= 'a' && c <= 'z', capital = c >= 'A' && c <= 'Z';
+        EXPECT_EQ(char_upper(static_cast<uint8_t>(c)), small ? c - 32 : c);
+        EXPECT_EQ(char_lower(static_cast<uint8_t>(c)), capital ? c + 32 : c);
+    }
+}
+
+TEST(Utility, ReadsNumbersAtOddPlaces) {
+    const uint8_t bytes[] = {0xFF, 0x34, 0x12, 0x78, 0x56, 0x34, 0x92};
+    int32_t position = 0;
+    EXPECT_EQ(get_byte_from_buffer(&position, bytes), 0xFF);
+    EXPECT_EQ(get_int_from_buffer(&position, bytes), 0x1234);
+    EXPECT_EQ(get_long_from_buffer(&position, bytes), static_cast<int32_t>(0x92345678));
+    EXPECT_EQ(position, 7);
+}
+
+TEST(Utility, CutsAndJoinsFileNames) {
+    const std::map<std::string, std::string> only = {{"README.TXT", "README"},
+                                                     {"X.Y.Z", "X"},
+                                                     {"NAME", "NAME"},
+                                                     {".RC", ""},
+                                                     {"", ""},
+                                                     {"THIRTEEN.CHAR", "THIRTEEN"},
+                                                     {"FOURTEEN.CHARS", "FORMERR!"}};
+    for (const auto &[name, result] : only) {
+        char out[14];
+        EXPECT_STREQ(get_only_filename(out, name.c_str()), result.c_str());
+        EXPECT_EQ(out, result);
+    }
+    const std::map<std::string, std::string> changed = {
+        {"GAME.SAV", "GAME.BAK"}, {"GAME", "GAME.BAK"}, {"", ".BAK"}, {"A.B.C", "A.BAK"}};
+    for (const auto &[name, result] : changed) {
+        char out[20];
+        change_ext(out, name.c_str(), "BAK");
+        EXPECT_EQ(out, result);
+        std::strcpy(out, name.c_str());
+        change_ext(out, out, "BAK");
+        EXPECT_EQ(out, result);
+    }
+}
+
+TEST(Utility, TakesTextLinesApart) {
+    const char *line = "KEY=12\tx, =\t,end";
+    char out[20];
+    int32_t position = 0;
+    const auto take = [&](uint8_t stop, int32_t max) {
+        get_str(out, line, &position, stop, max);
+        return std::string(out) + '|' + std::to_string(position);
+    };
+    EXPECT_EQ(take(1, 19), "KEY|3");
+    skip_space(line, &position);
+    EXPECT_EQ(take(1, 19), "12\tx|8");  // a tab ends no token
+    skip_space(line, &position);
+    EXPECT_EQ(position, 13);
+    EXPECT_EQ(take(1, 2), "en|15");
+    EXPECT_EQ(take(1, 0), "|15");
+    EXPECT_EQ(take(0, -1), "|15");
+    EXPECT_EQ(take(0, 19), "d|16");
+    skip_space(line, &position);
+    EXPECT_EQ(take(0, 19), "|16");
+    position = 0;
+    EXPECT_EQ(take(0, 19), std::string(line) + "|16");
+}
+
+TEST(Utility, HasTheCircleInFixedPoint) {
+    const std::map<int, int> sine = {{30, 32768},   {47, 47930},   {117, 58392},  {159, 23485}, {218, -40348},
+                                     {227, -47930}, {297, -58392}, {330, -32767}, {339, -23485}};
+    const std::map<int, int> cosine = {{60, 32767},   {69, 23485},   {120, -32768}, {128, -40348},
+                                       {137, -47930}, {207, -58392}, {240, -32767}, {249, -23485},
+                                       {308, 40348},  {317, 47930}};
+    for (int angle = 0; angle < 360; ++angle) {
+        const double radians = angle * std::numbers::pi / 180;
+        EXPECT_EQ(int_sin(angle),
+                  sine.contains(angle) ? sine.at(angle) : static_cast<int>(std::sin(radians) * 65536));
+        EXPECT_EQ(int_cos(angle),
+                  cosine.contains(angle) ? cosine.at(angle) : static_cast<int>(std::cos(radians) * 65536));
+        EXPECT_EQ(int_sin(angle - 720), int_sin(angle));
+        EXPECT_EQ(int_cos(angle + 360), int_cos(angle));
+    }
+    EXPECT_EQ(int_sin(INT32_MIN), int_sin(INT32_MIN % 360 + 360));
+}
+
+TEST(Utility, FindsAndMakesAndRemovesDirectories) {
+    test::write_text("File", "");
+    EXPECT_EQ(check_file_exist("FILE"), 0);
+    EXPECT_EQ(check_file_exist("none"), -2);
+    EXPECT_EQ(make_directory(""), -2);
+    EXPECT_EQ(make_directory("SAVE\\SLOT1"), 0);
+    EXPECT_EQ(make_directory("SAVE\\SLOT1"), -2);
+    EXPECT_EQ(make_directory("save/SLOT2\\"), -2);  // made, but not by the last attempt
+    EXPECT_TRUE(exists("SAVE/SLOT1") && exists("SAVE/SLOT2") && !exists("save"));
+    EXPECT_EQ(check_directory_exist("save\\slot1"), 0);
+    EXPECT_TRUE(fs::is_empty("SAVE/SLOT1"));
+    EXPECT_EQ(check_directory_exist("SAVE\\SLOT3"), -2);
+    EXPECT_EQ(check_directory_exist("File"), -2);
+    EXPECT_EQ(check_file_exist("SAVE"), -2);
+    struct {
+        const char *path;
+        std::int32_t result;
+        const char *left;
+    } const cases[] = {{"", -2, ""},
+                       {"SAVE\\SLOT1", -2, "SAVE"},
+                       {"File", -2, "File"},
+                       {"SAVE/SLOT2\\", 0, "SAVE"},
+                       {"\\nowhere\\x", -2, "\\nowhere"}};
+    for (const auto &c : cases) {
+        char path[32];
+        std::strcpy(path, c.path);
+        EXPECT_EQ(remove_directory(path), c.result) << c.path;
+        EXPECT_STREQ(path, c.left);
+    }
+    EXPECT_TRUE(!exists("SAVE") && exists("File"));
+}
+
+TEST(Utility, MakesWholePaths) {
+    const std::string here = fs::current_path().string();
+    struct {
+        const char *path;
+        std::string whole;
+        const char *left;
+    } const cases[] = {
+        {"D:\\game\\Data", "D:\\GAME\\DATA", "D:\\GAME\\DATA"},
+        {"d:\\", "D:", "D:\\"},
+        {"\\game", "\\GAME", "\\GAME"},
+        {"\\", "", "\\"},
+        {"/usr", "/USR", "/USR"},
+        {"d:x", here + "\\X", "d:X"},
+        {"d:", here, "d:"},
+        {"d:.", here, "d:."},
+        {"data\\x", here + "\\DATA\\X", "DATA\\X"},
+        {"1:x", here + "\\1:X", "1:X"},
+        {".", here + "\\.", "."},
+        {"d:..\\x", here, "d:..\\x"},
+    };
+    std::string output;
+    for (const auto &c : cases) {
+        char path[32], whole[512];
+        std::strcpy(path, c.path);
+        ::testing::internal::CaptureStdout();
+        oper_whole_path(path, whole);
+        output += ::testing::internal::GetCapturedStdout();
+        EXPECT_EQ(whole, c.whole) << c.path;
+        EXPECT_STREQ(path, c.left);
+    }
+    EXPECT_EQ(output, "Input path error\n");
+    fs::current_path("/");
+    char path[] = "x", drive[] = "c:x", whole[16];
+    oper_whole_path(path, whole);
+    EXPECT_STREQ(whole, "/\\X");
+    oper_whole_path(drive, whole);
+    EXPECT_STREQ(whole, "\\X");
+}
+
+TEST(Utility, AsksTheMachine) {
+    char time[26];
+    HOST_set_local_time(2026, 11, 2, 9, 5, 42);
+    get_time(time);
+    EXPECT_STREQ(time, "Mon Nov 02 09:05:42 2026\n");
+    for (const auto &[value, result] :
+         std::map<std::string, int>{{"yes", 0}, {"YeS", 0}, {"no", -2}, {"", -2}}) {
+        HOST_set_setting("CHINESBIG5(88)", value.c_str());
+        EXPECT_EQ(check_big5(), result) << value;
+    }
+    HOST_set_setting("CHINESBIG5(88)", nullptr);
+    EXPECT_EQ(check_big5(), -2);
+    EXPECT_EQ(get_cdrom_drive(), 3);
+    HOST_observe([](const char *call) { return std::string_view(call).starts_with("is_cdrom") ? 1 : 0; });
+    EXPECT_EQ(get_cdrom_drive(), -1);
+    HOST_observe(nullptr);
+    // The number that a script draws next is the 4201st.
+    run_random_init();
+    test::write_text(
+        "a.mac", test::script_file({test::op(22, test::constant(0) + test::constant(32768)) + test::op(1)}));
+    ASSERT_EQ(MAC_init("", "", 1, nullptr) + MAC_load("a.mac") + MAC_driver(0), 0);
+    std::uint32_t state = 1;
+    for (int i = 0; i < 4201; ++i) state = state * 214013 + 2531011;
+    EXPECT_EQ(MAC_get_variable(0), static_cast<std::int32_t>(state >> 16 & 0x7FFF));
+}
+
+}  // namespace

@@ -1,0 +1,69 @@
+// The words of the script language: instructions, the kinds of their operands, and what names stand for.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "mac/diagnostic.h"
+
+namespace ink::mac {
+
+enum class Operand {
+    number,     // a constant or the value of a variable
+    variable,   // the index of a variable, or the variable that holds it
+    procedure,  // a number, which is shown by name
+    offset,     // a place in the code
+    character,  // one byte
+    string,
+};
+
+// By the names that declarations use.
+std::optional<Operand> operand_kind(std::string_view name);
+
+struct Instruction {
+    std::uint8_t opcode = 0;
+    std::string name;
+    std::vector<Operand> operands;
+};
+
+// The interpreter's own, but "if", whose operands have a form of their own. Null when there is none.
+const Instruction *built_in(std::string_view name);
+const Instruction *built_in(std::uint8_t opcode);
+
+inline constexpr std::string_view kIfWord = "if";
+
+// The comparison of "if" as written, by its byte and back.
+std::optional<std::uint8_t> comparison(std::string_view text);
+std::optional<std::string_view> comparison(std::uint8_t byte);
+
+// Whether a word has a meaning of its own in the language, so that nothing can be named so.
+bool is_reserved(std::string_view word);
+
+struct Symbol {
+    enum class Kind { constant, variable, procedure, label } kind;
+    std::int64_t value =
+        0;  // of a variable its index, of a procedure its number, of a label its place in the code
+    std::int64_t start = 0;  // of a procedure
+    std::string defined_at;
+};
+
+// A script file and what its source called things. Local labels have no name outside.
+struct Program {
+    std::vector<std::uint8_t> file;
+    std::map<std::string, Symbol> symbols;
+    std::map<std::string, Instruction> commands;
+
+    const Instruction *command(std::uint8_t opcode) const;
+    // The name of the variable with that index; empty when it has none.
+    std::string variable_name(std::int64_t index) const;
+};
+
+// The most procedures that the tools write a table for.
+inline constexpr std::int64_t kMostProcedures = 65536;
+
+}  // namespace ink::mac
