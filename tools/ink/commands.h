@@ -4,4 +4,8 @@
 
 #include <CLI/CLI.hpp>
 
-namespace ink::tool {}  // namespace ink::tool
+namespace ink::tool {
+
+void add_disc(CLI::App &app);
+
+}  // namespace ink::tool
