@@ -11,9 +11,6 @@
 
 namespace test {
 
-inline void put(Bytes &to, std::uint64_t value, int bytes) {
-    for (int i = 0; i < bytes; ++i) to.push_back(static_cast<std::uint8_t>(value >> (8 * i)));
-}
 inline Bytes operator+(Bytes a, const Bytes &b) {
     a.insert(a.end(), b.begin(), b.end());
     return a;

@@ -7,5 +7,6 @@
 namespace ink::tool {
 
 void add_mac(CLI::App &app);
+void add_disc(CLI::App &app);
 
 }  // namespace ink::tool

@@ -8,6 +8,7 @@ int main(int argc, char **argv) {
     CLI::App app("ink makes, converts and inspects the files of Inkstone games.", "ink");
     app.require_subcommand(1);
     ink::tool::add_mac(app);
+    ink::tool::add_disc(app);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError &error) {

@@ -1,0 +1,35 @@
+// Takes any text for a CUE sheet over a small image, and plays the ends of every track it gives.
+#include <cstdio>
+#include <cstdlib>
+#include <vector>
+
+#include "inkstone/cdaudio.h"
+#include "inkstone/host.h"
+#include "scratch.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
+    const char *name = fuzz::as_file(data, size);
+    // The image lies beside the sheet under the name that the kept sheets use.
+    static const bool written = [] {
+        const std::vector<std::uint8_t> image(2352 * 40 + 5, 0x11);
+        std::FILE *file = std::fopen("d.bin", "wb");
+        if (file == nullptr) std::abort();
+        std::fwrite(image.data(), 1, image.size(), file);
+        return std::fclose(file) == 0;
+    }();
+    if (!written || HOST_insert_disc(name) != 0) return 0;
+    if (CDROM_stop() != 0) CDROM_open();
+    const std::int32_t tracks = CDROM_total();
+    std::int16_t heard[2 * 588];
+    for (std::int32_t track = 0; track < tracks && track < 255; ++track) {
+        if (CDROM_play(track) != 0) std::abort();
+        HOST_capture_sound(1);
+        HOST_advance_clock(14000);
+        HOST_read_sound(heard, 588);
+        HOST_capture_sound(0);
+        HOST_advance_clock(256ULL * 60 * 1000000);
+        if (CDROM_status() != 0) std::abort();
+    }
+    HOST_eject_disc();
+    return 0;
+}
