@@ -60,6 +60,17 @@ struct Mirrored {
     }
     template <int N, int... Lane>
     [[gnu::always_inline]] static Pixels<N> reverse(Pixels<N> pixels, std::integer_sequence<int, Lane...>) {
+#if defined(__SSE2__) && !defined(__SSSE3__)
+        // Bytes cannot be shuffled there. Words can, and then rotated by half their length, and the halves
+        // again.
+        if constexpr (N == 16) {
+            using Words [[gnu::vector_size(16)]] = std::uint32_t;
+            using Halves [[gnu::vector_size(16)]] = std::uint16_t;
+            const Words words = __builtin_shufflevector((Words)pixels, (Words)pixels, 3, 2, 1, 0);
+            const auto halves = (Halves)((words << 16) | (words >> 16));
+            return (Pixels<N>)((halves << 8) | (halves >> 8));
+        }
+#endif
         return __builtin_shufflevector(pixels, pixels, (N - 1 - Lane)...);
     }
 };
