@@ -11,6 +11,10 @@
 
 #include "draw/kernels.h"
 
+#if defined(__AVX512VBMI__)
+#include <immintrin.h>
+#endif
+
 namespace {
 
 using Byte = std::uint8_t;
@@ -56,6 +60,17 @@ struct Mirrored {
     }
     template <int N, int... Lane>
     [[gnu::always_inline]] static Pixels<N> reverse(Pixels<N> pixels, std::integer_sequence<int, Lane...>) {
+#if defined(__SSE2__) && !defined(__SSSE3__)
+        // Bytes cannot be shuffled there. Words can, and then rotated by half their length, and the halves
+        // again.
+        if constexpr (N == 16) {
+            using Words [[gnu::vector_size(16)]] = std::uint32_t;
+            using Halves [[gnu::vector_size(16)]] = std::uint16_t;
+            const Words words = __builtin_shufflevector((Words)pixels, (Words)pixels, 3, 2, 1, 0);
+            const auto halves = (Halves)((words << 16) | (words >> 16));
+            return (Pixels<N>)((halves << 8) | (halves >> 8));
+        }
+#endif
         return __builtin_shufflevector(pixels, pixels, (N - 1 - Lane)...);
     }
 };
@@ -163,7 +178,63 @@ void copy_nonzero_mesh(const Blit &blit, unsigned phase, Byte mask) {
     });
 }
 
-// Table lookups do not fit generic vectors: these two go pixel by pixel.
+void outline(const Blit &blit, Step across, Step down, Byte colour) {
+    walk(blit, [=, from = blit.from](auto source, auto, Step x) {
+        constexpr int kCount = sizeof source;
+        const auto around = load<kCount>(from + x - across) | load<kCount>(from + x + across) |
+                            load<kCount>(from + x - down) | load<kCount>(from + x + down);
+        const auto edge = around != 0 ? decltype(source){} + colour : decltype(source){};
+        return source != 0 ? source : edge;
+    });
+}
+
+#if defined(__AVX512VBMI__)
+
+// The one operation generic vectors cannot express: 64 lookups at once in a table of 256 bytes, which is some
+// fifteen times as fast as the loop below.
+class Table {
+  public:
+    explicit Table(const Byte *table)
+        : quarters_{load<64>(table), load<64>(table + 64), load<64>(table + 128), load<64>(table + 192)} {}
+
+    template <class Vector>
+    [[gnu::always_inline]] Vector operator[](Vector index) const {
+        const __m512i wide = widen(index);
+        const __m512i low = _mm512_permutex2var_epi8((__m512i)quarters_[0], wide, (__m512i)quarters_[1]);
+        const __m512i high = _mm512_permutex2var_epi8((__m512i)quarters_[2], wide, (__m512i)quarters_[3]);
+        const __m512i found = _mm512_mask_blend_epi8(_mm512_movepi8_mask(wide), low, high);
+        Vector narrow;
+        __builtin_memcpy(&narrow, &found, sizeof narrow);
+        return narrow;
+    }
+
+  private:
+    // What the lanes beyond the index hold does not matter.
+    static __m512i widen(Pixels<64> index) { return (__m512i)index; }
+    static __m512i widen(Pixels<32> index) { return _mm512_castsi256_si512((__m256i)index); }
+    static __m512i widen(Pixels<16> index) { return _mm512_castsi128_si512((__m128i)index); }
+    template <class Vector>
+    static __m512i widen(Vector index) {
+        long long bits = 0;
+        __builtin_memcpy(&bits, &index, sizeof index);
+        return _mm512_castsi128_si512(_mm_cvtsi64_si128(bits));
+    }
+    Pixels<64> quarters_[4];
+};
+
+void remap(const Blit &blit, const Byte *table) {
+    walk(in_place(blit), [table = Table(table)](auto, auto under, Step) { return table[under]; });
+}
+
+void remap_nonzero(const Blit &blit, const Byte *table) {
+    walk(blit, [table = Table(table)](auto source, auto under, Step) {
+        return source != 0 ? table[under] : under;
+    });
+}
+
+#else
+
+// Generic vectors have no table lookups: these two go pixel by pixel.
 void remap(const Blit &blit, const Byte *table) {
     Byte *to = blit.to;
     for (Step row = 0; row < blit.rows; ++row, to += blit.to_step)
@@ -179,6 +250,8 @@ void remap_nonzero(const Blit &blit, const Byte *table) {
             to[x] = from[x] != 0 ? through : under;
         }
 }
+
+#endif
 
 // What picked pixels do to those underneath.
 constexpr auto kPut = [](auto picked, auto) { return picked; };
@@ -254,6 +327,7 @@ constinit const ink::draw::Kernels ink::draw::INKSTONE_KERNELS = {
     .fill_mesh = fill_mesh,
     .fill_nonzero = fill_nonzero,
     .copy_nonzero_mesh = copy_nonzero_mesh,
+    .outline = outline,
     .remap = remap,
     .remap_nonzero = remap_nonzero,
     .replace = replace,

@@ -15,7 +15,8 @@ const Kernels &best_kernels() {
     __builtin_cpu_init();
     const bool v3 = most != "baseline" && __builtin_cpu_supports("avx2");
     const bool v4 = v3 && most != "v3" && __builtin_cpu_supports("avx512f") &&
-                    __builtin_cpu_supports("avx512bw") && __builtin_cpu_supports("avx512vl");
+                    __builtin_cpu_supports("avx512bw") && __builtin_cpu_supports("avx512vl") &&
+                    __builtin_cpu_supports("avx512vbmi");
     if (v4) return kernels_v4;
     if (v3) return kernels_v3;
 #endif

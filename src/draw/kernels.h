@@ -48,6 +48,9 @@ struct Kernels {
     // The colour, or the source ANDed with the mask, wherever the source is not 0.
     void (*fill_nonzero)(const Blit &, std::uint8_t colour);
     void (*copy_nonzero_mesh)(const Blit &, unsigned phase, std::uint8_t mask);
+    // The source's pixels, or the colour where the source is 0 and a pixel a step across or down from there,
+    // either way, is not. The rectangle is a single row; the source must reach that far around it.
+    void (*outline)(const Blit &, std::ptrdiff_t across, std::ptrdiff_t down, std::uint8_t colour);
     // The target through a table of 256 entries: everywhere, or wherever the source is not 0.
     void (*remap)(const Blit &, const std::uint8_t *table);
     void (*remap_nonzero)(const Blit &, const std::uint8_t *table);
