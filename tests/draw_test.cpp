@@ -2,16 +2,17 @@
 // each instruction set the kernels are built for.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <chrono>
 #include <climits>
-#include <random>
 
 #include "inkstone/inkstone.h"
-#include "support/files.h"
 #include "support/guarded.h"
+#include "support/pictures.h"
 
 using test::Bytes;
 using test::Guarded;
+using test::image_block;
 
 namespace {
 
@@ -154,49 +155,18 @@ void draw_slowly(const Operation &op, const Call &c, const Bytes &bitmap, Bytes 
         }
 }
 
-class Random {
-  public:
-    Random() {
-        for (U8 &pixel : pool_) pixel = (*this)(0, 2) == 0 ? U8{0} : static_cast<U8>((*this)(0, 255));
-    }
-    int operator()(int low, int high) { return std::uniform_int_distribution<int>(low, high)(engine_); }
-    // Pixels out of a pool, one in three of them 0.
-    Bytes pixels(int count) {
-        const auto start = pool_.begin() + (*this)(0, 1000);
-        return Bytes(start, start + count);
-    }
-    // Mostly of small sprites, now and then of none or beyond any target; multiples of 16 are common.
-    int size() {
-        const int kind = (*this)(0, 19);
-        return kind == 0 ? (*this)(100, 700) : kind < 5 ? 16 * (*this)(0, 5) : (*this)(0, 90);
-    }
-    // A start from which the length ends up inside, across either border, or beside the target.
-    int place(int length, int target) {
-        return (*this)(0, 1) == 0 ? near(-length) : near(target - length / 2);
-    }
-    int near(int at) { return at + (*this)(-40, 40); }
-
-  private:
-    std::mt19937 engine_{20240229};
-    Bytes pool_ = Bytes(500'000);
-};
-
-Bytes image_block(int w, int h, const Bytes &pixels) {
-    Bytes block(4 + pixels.size());
-    block[0] = U8(w), block[1] = U8(w >> 8), block[2] = U8(h), block[3] = U8(h >> 8);
-    std::copy(pixels.begin(), pixels.end(), block.begin() + 4);
-    return block;
-}
-
 }  // namespace
 
 TEST(Draw, AgreesWithALoopOverPixels) {
-    Random random;
-    for (int n = 0; n < 8; ++n) {  // what each table does to all colours
-        Bytes row(kWidth * kHeight);
-        for (std::size_t i = 0; i < 256; ++i) row[i] = static_cast<U8>(i);
-        BUF_glass_bar(0, 0, 255, 0, n, row.data());
-        std::copy_n(row.begin(), 256, glass_tables[n]);
+    test::Random random;
+    for (int n = 0; n < 8; ++n) {
+        Bytes palette(768);
+        for (std::size_t c = 0; c < 768; c += 3)
+            palette[c] = palette[c + 1] = palette[c + 2] = static_cast<U8>(random(0, 63));
+        PAL_make_glass_table(0, 256, n, 64, palette.data());
+        for (int c = 0; c < 256; ++c)  // the first grey that is near enough
+            while (std::abs(palette[3u * glass_tables[n][c]] - palette[3u * static_cast<unsigned>(c)]) > 5)
+                ++glass_tables[n][c];
     }
     for (const Operation &op : kOperations)
         for (int round = 0; round < 12; ++round) {
@@ -219,10 +189,10 @@ TEST(Draw, AgreesWithALoopOverPixels) {
                 const Bytes source(sprite.begin() + 4, sprite.end());
                 draw_slowly(op, c, source, expected, expected_key);
                 op.call(c);
-                const Bytes drawn = block.contents();
-                ASSERT_TRUE(std::equal(expected.begin(), expected.end(), drawn.begin() + 4) &&
-                            std::equal(start.begin(), start.begin() + 4, drawn.begin()) &&
-                            expected_key == key.contents() && block.intact() && key.intact())
+                ASSERT_TRUE(std::equal(expected.begin(), expected.end(), c.buf) &&
+                            std::equal(start.begin(), start.begin() + 4, block.data()) &&
+                            std::equal(expected_key.begin(), expected_key.end(), c.key) && block.intact() &&
+                            key.intact())
                     << op.name << " x " << c.x << " y " << c.y << " w " << c.w << " h " << c.h << " a " << c.a
                     << " b " << c.b << " on " << c.bw << " x " << c.bh;
             }
@@ -251,4 +221,180 @@ TEST(Draw, EndsOfTheNumberRangeAreSafe) {
         EXPECT_TRUE(block.intact() && key.intact()) << op.name;
     }
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
+}
+
+TEST(Draw, KnownCases) {
+    Bytes screen(kWidth * kHeight);
+    U8 *buf = screen.data();
+    // Everything drawn since the last time, from the top left, as "x,y=colour ".
+    const auto drawn = [&] {
+        std::string text;
+        for (int i = 0; i < kWidth * kHeight; ++i)
+            if (U8 &pixel = screen[static_cast<std::size_t>(i)]; pixel != 0) {
+                text += std::to_string(i % kWidth) + "," + std::to_string(i / kWidth) + "=" +
+                        std::to_string(pixel) + " ";
+                pixel = 0;
+            }
+        return text;
+    };
+    BUF_put_pixel(5, 5, 0x1FF, buf);
+    BUF_put_pixel(640, 0, 1, buf);
+    EXPECT_EQ(BUF_get_pixel(5, 5, buf), 255);
+    EXPECT_EQ(BUF_get_pixel(-635, 6, buf), 0);
+    EXPECT_EQ(drawn(), "5,5=255 ");
+    BUF_bar(-5, -1, 0, 0, 7, buf);
+    EXPECT_EQ(drawn(), "0,0=7 ");
+    BUF_box(-5, 0, 0, 10, 7, buf);  // its right edge is column 0
+    BUF_box(10, 10, 9, 20, 7, buf);
+    BUF_bar(10, 10, 5, 20, 7, buf);
+    EXPECT_EQ(drawn(), "");
+    BUF_mesh_bar(1, 1, 3, 2, 7, buf);
+    EXPECT_EQ(drawn(), "1,1=7 3,1=7 2,2=7 ");
+    BUF_dash_box(0, 0, 5, 4, 7, 4, buf);
+    EXPECT_EQ(drawn(), "0,0=7 1,0=7 4,0=7 5,0=7 0,1=7 5,1=7 0,2=7 5,2=7 0,4=7 1,4=7 4,4=7 5,4=7 ");
+    BUF_dash_box(0, 0, 5, 4, 7, 1, buf);
+    BUF_dash_box(0, 0, 5, 4, 7, -4, buf);
+    EXPECT_EQ(drawn(), "");
+    MEM_draw_point_cross(0, 479, 3, kWidth, kHeight, buf);
+    EXPECT_EQ(drawn(), "0,477=3 0,478=3 0,479=3 1,479=3 2,479=3 ");
+    Bytes picture = image_block(2, 2, {0x3C, 0x3C, 0x3C, 0x3C});
+    BUF_mesh_pest_image(1, 0, picture.data(), 0x0F, buf);
+    EXPECT_EQ(drawn(), "2,0=12 1,1=12 ");
+    picture = image_block(4, 2, {1, 2, 3, 4, 5, 6, 7, 8});
+    MEM_turn_pest_image(-1, 478, picture.data(), kWidth, kHeight, buf);
+    EXPECT_EQ(drawn(), "0,478=3 1,478=2 2,478=1 0,479=7 1,479=6 2,479=5 ");
+    MEM_reverse_pest_image(637, -1, picture.data(), kWidth, kHeight, buf);
+    EXPECT_EQ(drawn(), "637,0=1 638,0=2 639,0=3 ");
+
+    MEM_put_pixel(0, 0, 1, 5, 5, nullptr);
+    MEM_draw_point_cross(0, 0, 1, 5, 5, nullptr);
+    EXPECT_EQ(MEM_get_pixel(0, 0, 5, 5, nullptr), 0);
+    int w = 0, h = 0;
+    EXPECT_EQ(IMG_get_image_size(picture.data(), &w, &h), 12);
+    EXPECT_EQ(w * 10 + h, 42);
+    EXPECT_EQ(static_cast<uint32_t>(IMG_get_image_size(image_block(65535, 65535, {}).data(), &w, &h)),
+              65535u * 65535u + 4);
+}
+
+TEST(Draw, GetsOnlyWhatIsWhollyInside) {
+    test::Random random;
+    Bytes screen = random.pixels(kWidth * kHeight);
+    for (int i = 0; i < 2000; ++i) {
+        const int w = random(-1, 80), h = random(-1, 60), x = random.place(w, kWidth),
+                  y = random.place(h, kHeight);
+        const bool inside = w > 0 && h > 0 && x >= 0 && y >= 0 && x + w <= kWidth && y + h <= kHeight;
+        Bytes pixels;
+        for (int j = 0; inside && j < h; ++j)
+            pixels.insert(pixels.end(), &screen[static_cast<std::size_t>((y + j) * kWidth + x)],
+                          &screen[static_cast<std::size_t>((y + j) * kWidth + x)] + w);
+        const Bytes untouched(static_cast<std::size_t>(std::max(w * h, 0)), 9);
+        const auto got = [&](const auto &get, std::size_t header) {
+            Guarded to(untouched.size() + header, 9);
+            get(to.data());
+            EXPECT_TRUE(to.intact());
+            return to.contents();
+        };
+        // A failed get leaves a 0 x 0 image block, a bitmap that begins with four zeros, or a header alone.
+        const Bytes image = got([&](U8 *to) { BUF_get_image(x, y, w, h, to, screen.data()); }, 4);
+        ASSERT_EQ(image, inside ? image_block(w, h, pixels) : image_block(0, 0, untouched)) << i;
+        const Bytes memory =
+            got([&](U8 *to) { MEM_get_image(x, y, w, h, to, screen.data(), kWidth, kHeight); }, 4);
+        const bool sized = w >= 0 && h >= 0;
+        ASSERT_EQ(memory, inside ? image : image_block(sized ? w : 0, sized ? h : 0, untouched)) << i;
+        if (w * h < 4) continue;
+        Bytes bitmap = untouched;
+        std::fill_n(bitmap.begin(), 4, U8{0});
+        ASSERT_EQ(got([&](U8 *to) { BUF_get_bitmap(x, y, w, h, to, screen.data()); }, 0),
+                  inside ? pixels : bitmap);
+    }
+}
+
+TEST(Draw, FindsTheRectangleAroundThePixels) {
+    test::Random random;
+    for (int i = 0; i < 3000; ++i) {
+        const int bw = random(0, 20), bh = random(0, 20);
+        Guarded mem(static_cast<std::size_t>(bw * bh));
+        for (int dots = random(0, 3); dots > 0; --dots)
+            MEM_put_pixel(random(0, 20), random(0, 20), 1, bw, bh, mem);
+        int x1 = random(-3, 22), y1 = random(-3, 22), x2 = random(-3, 30), y2 = random(-3, 30);
+        if (i == 0) x1 = y1 = INT_MIN, x2 = y2 = INT_MAX;
+        int box[] = {x1, y1, x2, y2};
+        x2 = std::min(x2, bw), y2 = std::min(y2, bh);
+        int left = x2, top = y2, right = x1, bottom = y1;
+        for (int y = 0; y < bh; ++y)
+            for (int x = 0; x < bw; ++x)
+                if (x >= x1 && x < x2 && y >= y1 && y < y2 && MEM_get_pixel(x, y, bw, bh, mem) != 0) {
+                    left = std::min(left, x), right = std::max(right, x);
+                    top = std::min(top, y), bottom = std::max(bottom, y);
+                }
+        MEM_operate_image_size(&box[0], &box[1], &box[2], &box[3], bw, bh, mem);
+        ASSERT_EQ(std::to_array(box), (std::array{left, top, right, bottom})) << i;
+    }
+}
+
+TEST(Effect, OutlineAndShadowLeaveTheirPictureInTheWorkBuffer) {
+    test::Random random;
+    Bytes screen = random.pixels(kWidth * kHeight), expected = screen;
+    for (int i = 0; i < 600; ++i) {
+        const int w = random.size() / 2, h = random.size() / 2,
+                  d = random(0, 9) == 0 ? random(0, 60) : random(0, 4);
+        const int x = random.place(w, kWidth), y = random.place(h, kHeight), colour = random(-1, 256);
+        const bool shadow = i % 3 == 2;
+        Bytes sprite = image_block(w, h, random.pixels(w * h));
+        const int width = shadow ? w + w / 4 : w + 2 * d, height = shadow ? 3 * h / 4 : h + 2 * d;
+        Bytes picture(static_cast<std::size_t>(width * height));
+        const auto source = [&](int column, int row) {
+            return sprite[4 + static_cast<std::size_t>(row * w + column)];
+        };
+        const auto set = [&](int column, int row, int pixel) {
+            picture[static_cast<std::size_t>(row * width + column)] = static_cast<U8>(pixel);
+        };
+        for (int r = 0; shadow && r < height; ++r)
+            for (int c = 0; c < w; ++c) set(r * w / height / 4 + c, r, source(c, 4 * r / 3));
+        for (const bool outline : {true, false})
+            for (int r = 0; !shadow && r < h; ++r)
+                for (int c = 0; c < w; ++c) {
+                    if (source(c, r) == 0) continue;
+                    if (!outline)
+                        set(c + d, r + d, source(c, r));
+                    else
+                        set(c + d, r, colour), set(c + d, r + 2 * d, colour), set(c, r + d, colour),
+                            set(c + 2 * d, r + d, colour);
+                }
+        // Drawn by the operations the test above has compared.
+        const std::size_t header = i % 3 == 0 ? 4 : 0;
+        Guarded work(picture.size() + header, 0xEE);
+        if (shadow) {
+            BUF_mesh_pest_bitmap(x - w / 4, y + h / 4, width, height, picture.data(), 0, expected.data());
+            BUF_shadow_pest_bitmap(x, y, w, h, sprite.data() + 4, screen.data(), work);
+        } else {
+            BUF_pest_bitmap(x - d, y - d, width, height, picture.data(), expected.data());
+            if (header != 0)
+                BUF_outline_pest_image(x, y, sprite.data(), colour, d, screen.data(), work);
+            else
+                BUF_outline_pest_bitmap(x, y, w, h, sprite.data() + 4, colour, d, screen.data(), work);
+        }
+        ASSERT_EQ(work.contents(), header != 0 ? image_block(width, height, picture) : picture) << i;
+        ASSERT_TRUE(work.intact() && screen == expected) << i << ": " << w << " x " << h << " " << d;
+    }
+}
+
+TEST(Effect, OutlineAndShadowOfImpossibleSizesDrawNothing) {
+    Bytes screen(kWidth * kHeight), sprite = image_block(5, 5, Bytes(25, 1));
+    Guarded work(400);
+    constexpr int kSizes[] = {INT_MIN, -1, 40'000, INT_MAX};
+    for (const int size : kSizes) {
+        BUF_outline_pest_image(9, 9, sprite.data(), 1, size, screen.data(), work);
+        BUF_outline_pest_bitmap(9, 9, 5, 5, sprite.data(), 1, size, screen.data(), work);
+        BUF_outline_pest_bitmap(9, 9, -5, 5, sprite.data(), 1, 5, screen.data(), work);
+        if (size == 40'000) continue;
+        BUF_outline_pest_bitmap(9, 9, size, size, sprite.data(), 1, 1, screen.data(), work);
+        BUF_shadow_pest_bitmap(9, 9, size, size, sprite.data(), screen.data(), work);
+        BUF_shadow_pest_bitmap(size, size, 5, 5, sprite.data(), screen.data(), work);
+        BUF_outline_pest_image(size == -1 ? -9 : size, size, sprite.data(), 1, 2, screen.data(), work);
+        int32_t sides[] = {size, 3};
+        for (const int w : sides) MEM_get_image(w, size, size, w, work, screen.data(), size, w);
+    }
+    EXPECT_EQ(screen, Bytes(kWidth * kHeight));
+    EXPECT_TRUE(work.intact());
 }

@@ -63,9 +63,10 @@ void outlined_far(const Surface &target, std::int64_t x, std::int64_t y, const S
 // distances; the copy is kept small enough for the fastest cache.
 void outlined(const Surface &target, std::int64_t x, std::int64_t y, const Sprite &sprite,
               std::uint8_t colour, std::int64_t distance, const Surface &work) {
+    if (work.width < 1) return;
     std::array<std::uint8_t, 12288> copy;
     const auto room = static_cast<std::int64_t>(copy.size()) - 2 * distance;
-    const std::int64_t rows = room / std::max<std::int64_t>(work.width, 1) - 2 * distance;
+    const std::int64_t rows = room / work.width - 2 * distance;
     if (rows < 1) return outlined_far(target, x, y, sprite, colour, distance, work);
     for (std::int64_t top = 0; top < work.height; top += rows) {
         const Surface band{work.at(0, top), work.width, std::min(rows, work.height - top)};
