@@ -8,7 +8,7 @@
 
 #include "inkstone/inkstone.h"
 #include "support/guarded.h"
-#include "support/pictures.h"
+#include "support/random_pictures.h"
 
 using test::Bytes;
 using test::Guarded;

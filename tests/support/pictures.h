@@ -1,47 +1,37 @@
-// Random pictures for the drawing tests, the same in every run.
+// Pictures compared with kept ones. Where they differ, what was expected, what came and where they differ are
+// left beside each other in the build directory.
 #pragma once
 
-#include <algorithm>
-#include <random>
+#include <gtest/gtest.h>
 
-#include "support/files.h"
+#include <filesystem>
+#include <string>
+
+#include "png/png_file.h"
 
 namespace test {
 
-class Random {
-  public:
-    Random() {
-        for (std::uint8_t &pixel : pool_)
-            pixel = static_cast<std::uint8_t>((*this)(0, 2) == 0 ? 0 : (*this)(0, 255));
-    }
-    int operator()(int low, int high) { return std::uniform_int_distribution<int>(low, high)(engine_); }
-    // Pixels out of a pool, one in three of them 0.
-    Bytes pixels(int count) {
-        const auto start = pool_.begin() + (*this)(0, 1000);
-        return Bytes(start, start + count);
-    }
-    // Mostly of small sprites, now and then of none or beyond any target; multiples of 16 are common.
-    int size() {
-        const int kind = (*this)(0, 19);
-        return kind == 0 ? (*this)(100, 700) : kind < 5 ? 16 * (*this)(0, 5) : (*this)(0, 90);
-    }
-    // A start from which the length ends up inside, across either border, or beside the target.
-    int place(int length, int target) {
-        return (*this)(0, 1) == 0 ? near(-length) : near(target - length / 2);
-    }
-    int near(int at) { return at + (*this)(-40, 40); }
+inline void expect_same_picture(const std::filesystem::path &expected, const std::filesystem::path &actual) {
+    const ink::tool::Picture want = ink::tool::read_png_rgb(expected), got = ink::tool::read_png_rgb(actual);
+    if (want.width == got.width && want.height == got.height && want.rgb == got.rgb) return;
 
-  private:
-    std::mt19937 engine_{20240229};
-    Bytes pool_ = Bytes(500'000);
-};
-
-inline Bytes image_block(int w, int h, const Bytes &pixels) {
-    Bytes block(4 + pixels.size());
-    for (std::size_t i = 0; i < 4; ++i)
-        block[i] = static_cast<std::uint8_t>((i < 2 ? w : h) >> (i % 2 == 0 ? 0 : 8));
-    std::copy(pixels.begin(), pixels.end(), block.begin() + 4);
-    return block;
+    namespace fs = std::filesystem;
+    const fs::path place = PICTURE_DIFFERENCES, stem = expected.stem();
+    fs::create_directories(place);
+    const auto left = [&](const char *what) { return place / (stem.string() + "-" + what + ".png"); };
+    fs::copy_file(expected, left("expected"), fs::copy_options::overwrite_existing);
+    fs::copy_file(actual, left("actual"), fs::copy_options::overwrite_existing);
+    if (want.rgb.size() == got.rgb.size()) {
+        // White where they differ, over the expected picture in the dark.
+        ink::tool::Picture difference = want;
+        for (std::size_t i = 0; i < want.rgb.size(); i += 3)
+            for (std::size_t c = i; c < i + 3; ++c) {
+                const bool same = std::equal(&want.rgb[i], &want.rgb[i] + 3, &got.rgb[i]);
+                difference.rgb[c] = same ? want.rgb[c] / 4 : 255;
+            }
+        ink::tool::write_png_rgb(left("difference"), want.width, want.height, difference.rgb);
+    }
+    ADD_FAILURE() << stem << " is not the kept picture; see " << place;
 }
 
 }  // namespace test

@@ -34,4 +34,20 @@ void write_png_rgb(const std::filesystem::path &name, int width, int height,
     write(name, width, height, PNG_FORMAT_RGB, rgb, nullptr);
 }
 
+Picture read_png_rgb(const std::filesystem::path &name) {
+    png_image image{};
+    image.version = PNG_IMAGE_VERSION;
+    Picture picture;
+    bool read = png_image_begin_read_from_file(&image, name.c_str()) != 0;
+    if (read) {
+        image.format = PNG_FORMAT_RGB;
+        picture.width = static_cast<int>(image.width);
+        picture.height = static_cast<int>(image.height);
+        picture.rgb.resize(PNG_IMAGE_SIZE(image));
+        read = png_image_finish_read(&image, nullptr, picture.rgb.data(), 0, nullptr) != 0;
+    }
+    if (!read) throw std::runtime_error(name.string() + ": " + image.message);
+    return picture;
+}
+
 }  // namespace ink::tool
