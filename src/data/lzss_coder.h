@@ -1,17 +1,17 @@
-// What the two forms of the LZSS family share: the window, and the coding decisions.
+// What the two forms of the LZSS family share: the window and its index, and the coding decisions.
 #pragma once
 
 #include <algorithm>
 
 #include "data/lzss_window.h"
-#include "data/match_tree.h"
+#include "data/match_index.h"
 
 namespace ink::data {
 
-// The one window and its tree; both are too large for every caller's stack.
+// The one window and its index; both are too large for every caller's stack.
 struct LzssState {
     Window window;
-    MatchTree tree{window};
+    MatchIndex index{window};
 };
 inline constinit LzssState lzss;
 
@@ -19,11 +19,11 @@ inline constinit LzssState lzss;
 // sink.match(match) write the tokens.
 template <typename Source, typename Sink>
 void compress(Source &source, Sink &sink) {
-    auto &[window, tree] = lzss;
+    auto &[window, index] = lzss;
     unsigned ahead = 0;
     for (int byte; ahead < kLongestMatch && (byte = source.next()) >= 0; ++ahead)
         window.put(kFirstPosition + ahead, static_cast<std::uint8_t>(byte));
-    tree.reset();
+    if (ahead > 0) index.insert(kFirstPosition);
     Match match;
     for (unsigned position = kFirstPosition; ahead > 0;) {
         match.length = std::min(match.length, ahead);
@@ -36,15 +36,16 @@ void compress(Source &source, Sink &sink) {
         }
         for (; steps > 0; --steps) {
             const unsigned end = wrap(position + kLongestMatch);
-            tree.remove(end);
+            index.remove(end);
             if (const int byte = source.next(); byte >= 0)
                 window.put(end, static_cast<std::uint8_t>(byte));
             else
                 --ahead;
             position = wrap(position + 1);
-            if (ahead != 0) match = tree.insert(position);
+            if (ahead != 0) match = index.insert(position);
         }
     }
+    index.clear();
 }
 
 }  // namespace ink::data

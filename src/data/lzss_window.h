@@ -5,6 +5,7 @@
 #include <array>
 #include <bit>
 #include <cstdint>
+#include <cstring>
 #include <span>
 
 namespace ink::data {
@@ -49,31 +50,37 @@ class WindowString {
     explicit WindowString(const std::uint8_t *bytes)
         : first_(load(bytes)), second_(load(bytes + 8)), last_(bytes[16]) {}
 
-    struct Comparison {
-        unsigned equal;  // how many bytes are equal before the first difference
-        bool greater;    // that this string's is the greater there
-    };
-    Comparison compare(const std::uint8_t *other) const {
-        std::uint64_t mine = first_, its = load(other);
-        unsigned equal = 0;
-        if (mine == its) [[unlikely]] {
-            mine = second_;
-            its = load(other + 8);
-            equal = 8;
-            if (mine == its) {
-                if (last_ == other[16]) return {kLongestMatch, false};
-                return {16, last_ > other[16]};
-            }
-        }
-        return {equal + static_cast<unsigned>(std::countl_zero(mine ^ its)) / 8, mine > its};
+    // How many bytes are equal before the first difference.
+    unsigned equal_bytes(const std::uint8_t *other) const {
+        if (const std::uint64_t different = first_ ^ load(other)) return leading_bytes(different);
+        if (const std::uint64_t different = second_ ^ load(other + 8)) return 8 + leading_bytes(different);
+        return last_ == other[16] ? 17 : 16;
+    }
+
+    // Whether this string comes after the other in order. equal is set when they are the same.
+    bool is_after(const std::uint8_t *other, bool &equal) const {
+        const std::uint64_t first = load(other);
+        if (first_ != first) [[likely]]
+            return first_ > first;
+        const std::uint64_t second = load(other + 8);
+        if (second_ != second) return second_ > second;
+        equal = last_ == other[16];
+        return last_ > other[16];
     }
 
   private:
-    // Eight bytes as the number that is the greater the later the bytes come in order.
-    static std::uint64_t load(const std::uint8_t *b) {
-        using Word = std::uint64_t;
-        return Word{b[0]} << 56 | Word{b[1]} << 48 | Word{b[2]} << 40 | Word{b[3]} << 32 | Word{b[4]} << 24 |
-               Word{b[5]} << 16 | Word{b[6]} << 8 | Word{b[7]};
+    // Eight bytes as a number, the first as the most significant: its order is that of the bytes.
+    static std::uint64_t load(const std::uint8_t *bytes) {
+        std::uint64_t word;
+        std::memcpy(&word, bytes, sizeof word);
+        if constexpr (std::endian::native == std::endian::big) return word;
+        constexpr std::uint64_t kByte = 0xFF;
+        return word << 56 | (word & kByte << 8) << 40 | (word & kByte << 16) << 24 |
+               (word & kByte << 24) << 8 | (word >> 8 & kByte << 24) | (word >> 24 & kByte << 16) |
+               (word >> 40 & kByte << 8) | word >> 56;
+    }
+    static unsigned leading_bytes(std::uint64_t different) {
+        return static_cast<unsigned>(std::countl_zero(different)) / 8;
     }
 
     std::uint64_t first_, second_;
