@@ -1,0 +1,229 @@
+// Sources to scripts and back, and the tool that does it.
+#include "mac/assembler.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <sstream>
+
+#include "mac/disassembler.h"
+#include "support/files.h"
+#include "support/script.h"
+
+namespace {
+
+using namespace test;
+using ink::mac::assemble;
+using ink::mac::disassemble;
+using ink::mac::Program;
+
+constexpr const char *kDeclarations =
+    "command 24 say string\ncommand 25 give number, variable procedure\ncommand 26 at long, char\n"
+    "var gold\nvar far = 0x10\nconst N = (2 + 3) * -4 % 6\n";
+
+std::optional<std::string> read(const std::string &name) {
+    if (name == "dir/commands.mas") return kDeclarations;
+    if (name == "dir/self.mas") return "include \"self.mas\"";
+    return std::nullopt;
+}
+
+std::string build(const std::string &source) {
+    const auto file = assemble("dir/a.mas", source, read).file;
+    return {file.begin(), file.end()};
+}
+
+TEST(Assembler, WritesEachStatement) {
+    struct {
+        std::string source, code;
+    } const cases[] = {
+        {"", ""},
+        {"note 5 ; comment", op(0, constant(5))},
+        {"return\nend\r\nstop", op(1) + op(15) + op(23)},
+        {"a: b: goto b\n goto end_\n end_:", op(13, word(0)) + op(13, word(12))},
+        {"if gold < 5 else .x\n.x:", op(2, word(17) + constant(0) + '<' + constant(5))},
+        {"if [far] <> far else 3", op(2, word(3) + variable(16) + '\xF7' + variable(16))},
+        {"if #9 != @8 else -1", op(2, word(-1) + constant(9) + '\xF7' + variable(8))},
+        {"if far = #far else 0", op(2, word(0) + constant(16) + '=' + constant(16))},
+        {"if gold >= 1 else 0", op(2, word(0) + constant(0) + '\xF2' + constant(1))},
+        {"if gold <= 1 else 0", op(2, word(0) + constant(0) + '\xF3' + constant(1))},
+        {"set gold, 0xFFFFFFFF", op(17, constant(0) + constant(-1))},
+        {"add [gold], far", op(18, variable(0) + variable(16))},
+        {"sub gold, -(N - 1) * 2", op(19, constant(0) + constant(6))},
+        {"mul gold, 'A'", op(20, constant(0) + constant(65))},
+        {"div @gold, '\\''", op(21, variable(0) + constant(39))},
+        {"random #far + 1, 7 / 2", op(22, constant(17) + constant(3))},
+        {"chain \"A.MAC\"", op(16, text("A.MAC"))},
+        {"say \"\xE4\xBD\xA0 \\x5c\\n\\\"\"", op(24, text("\xA7\x41 \\\n\""))},
+        {"give far, [far], 3", op(25, variable(16) + variable(16) + constant(3))},
+        {"at 10, 200", op(26, word(10) + "\xC8")},
+        {"op 200", op(200)},
+        {"op 7, -3, gold, variable gold, long 2, char 'x', \"s\", {00 fF}",
+         op(7,
+            constant(-3) + variable(0) + constant(0) + word(2) + 'x' + text("s") + std::string("\0\xFF", 2))},
+        {"data {01 02}, 3, \"45\"",
+         "\1\2\3"
+         "45"},
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(build("include \"commands.mas\"\n" + c.source),
+                  std::string(12, '\0') + word(static_cast<std::int32_t>(c.code.size())) + word(0) + word(0) +
+                      c.code)
+            << c.source;
+}
+
+TEST(Assembler, LaysTheTableAndTheHeaderOut) {
+    const std::string code =
+        op(14, constant(3)) + op(13, word(0)) + op(14, constant(4)) + op(13, word(7 + 6)) + op(1);
+    const std::string source =
+        "proc main\n call last\n.a: goto main\nproc 3: call last\n.a: goto twin\n"
+        "proc 0x4 last:\n return\n";
+    EXPECT_EQ(
+        build("proc main\n call 3\n goto main\nproc 3 twin\n call last\n goto twin\nproc last\n return\n"),
+        std::string(12, '\0') + word(static_cast<std::int32_t>(code.size())) + word(0) + word(5) + word(0) +
+            word(-1) + word(-1) + word(13) + word(26) + code);
+    EXPECT_EQ(build("header 1, -2, 3, 4\nsize 9\nprocs 2\nentry 3 = there + 1\ndata 1, 2\nthere:"),
+              word(1) + word(-2) + word(3) + word(9) + word(4) + word(4) + word(-1) + word(-1) + word(-1) +
+                  word(3) + "\1\2");
+    EXPECT_EQ(build("file {01 02}\nfile {03}"), "\1\2\3");
+}
+
+TEST(Assembler, PointsAtWhatIsWrong) {
+    struct {
+        std::string source, report;
+    } const cases[] = {
+        {"  jump x",
+         "2:3: there is no instruction \"jump\"; the game's own are declared with: command 24 jump number\n"
+         "      jump x\n      ^"},
+        {"var a\n\tset a 5", "3:8: expected \",\", found \"5\"\n    \tset a 5\n    \t      ^"},
+        {"say \"\xE4\xBD\xA0\xE5\xA5\xBD\", 1",
+         "2:9: expected the end of the line, found \",\"\n"
+         "    say \"\xE4\xBD\xA0\xE5\xA5\xBD\", 1\n              ^"},
+        {"say \"\xF0\xA0\x80\x80\"", "2:6: there is no Big5 character for \"\xF0\xA0\x80\x80\"\n"},
+        {"say \"x", "2:5: this string has no closing \"\n"},
+        {"say \"\\q\"", "2:6: expected \\n, \\\\, \\\", \\' or \\x and two hexadecimal digits\n"},
+        {"say \"" + std::string(254, 'x') + '"', "2:5: this string takes 254 bytes; there is room for 253\n"},
+        {"note 4294967296", "2:6: this number does not fit in 32 bits\n"},
+        {"note 65536 * 65536", "2:12: the result does not fit in 32 bits\n"},
+        {"note 5 / (2 - 2)", "2:8: division by zero\n"},
+        {"note 12x", "2:8: expected a digit\n"},
+        {"note", "2:5: expected a number or a name, found the end of the line\n"},
+        {"note " + std::string(99, '('), "2:71: too many signs or parentheses inside each other\n"},
+        {"goto nowhere", "2:6: there is no \"nowhere\"\n"},
+        {"proc 1\n.a:\nproc 2\n goto .a", "5:7: there is no \".a\"\n"},
+        {"a:\na:", "3:1: \"a\" is defined already, in dir/a.mas:2\n"},
+        {"set: end", "2:1: \"set\" is a word of the language\n"},
+        {"const .a = 1", "2:7: only labels begin with a dot\n"},
+        {"set 5, 1", "2:5: expected a variable, found \"5\"\n"},
+        {"set N, 1", "2:5: \"N\" is no variable; put # before the index of one\n"},
+        {"set far + 1, 1", "2:5: expected a variable's name\n"},
+        {"note far + 1", "2:6: \"far\" is a variable, whose value is not known here\n"},
+        {"if far == 1 else 0", "2:9: expected a number or a name, found \"=\"\n"},
+        {"if far 1 else 0", "2:8: expected <, =, >, >=, <= or <>, found \"1\"\n"},
+        {"if far = 1", "2:11: expected \"else\", found the end of the line\n"},
+        {"at 1, 256", "2:7: expected 0 to 255\n"},
+        {"at 1, 'xy'", "2:7: expected one character of one byte in quotes\n"},
+        {"command 23 x", "2:9: expected an opcode of the game's, 24 to 255\n"},
+        {"command 24 x", "2:12: opcode 24 is \"say\" already\n"},
+        {"command 99 say", "2:12: \"say\" is an instruction already\n"},
+        {"command 99 x word",
+         "2:14: expected number, variable, procedure, long, char or string, found \"word\"\n"},
+        {"proc 3\nproc 3", "3:6: procedure 3 is defined already\n"},
+        {"proc 65536", "2:6: expected the number of a procedure, 0 to 65535\n"},
+        {"const A = a\na:", "2:11: there is no \"a\"\n"},
+        {"op 9, \"" + std::string(253, 'x') + "\", 1",
+         "2:1: the operands take 259 bytes; there is room for 255\n"},
+        {"data {0}", "2:7: expected two hexadecimal digits or }\n"},
+        {"data {", "2:6: these bytes have no closing }\n"},
+        {"stop\nfile {00}",
+         "3:1: a source that gives the whole file has no procedures and no instructions\n"},
+        {"file {00}\nstop",
+         "3:1: a source that gives the whole file has no procedures and no instructions\n"},
+        {"note ?", "2:6: expected a name, a number, a string or an operator\n"},
+        {"include \"none.mas\"", "2:9: cannot read dir/none.mas\n"},
+    };
+    for (const auto &c : cases) {
+        try {
+            assemble("dir/a.mas", "include \"commands.mas\"\n" + c.source, read);
+            ADD_FAILURE() << c.source;
+        } catch (const ink::mac::SourceError &error) {
+            const std::string report = "dir/a.mas:" + c.report;
+            EXPECT_EQ(std::string(error.what()).substr(0, report.size()), report) << c.source;
+        }
+    }
+    EXPECT_THROW(assemble("dir/a.mas", "include \"self.mas\"", read), ink::mac::SourceError);
+}
+
+TEST(Disassembler, GivesASourceThatBuildsToTheSameBytes) {
+    const Program declarations = assemble("dir/commands.mas", kDeclarations, read);
+    const auto check = [&](const std::string &bytes, const std::string &expected) {
+        const std::vector<std::uint8_t> file(bytes.begin(), bytes.end());
+        const std::string source = disassemble(file, declarations, "commands.mas");
+        EXPECT_EQ(source, "include \"commands.mas\"\n" + expected);
+        EXPECT_EQ(assemble("dir/b.mas", source, read).file, file);
+        EXPECT_EQ(assemble("dir/b.mas", disassemble(file, {}, ""), read).file, file);
+    };
+    const std::string sound = op(24, text("\xA7\x41 \xA7\"\n")) + op(14, constant(2)) +
+                              op(25, variable(0) + constant(16) + constant(0)) +
+                              op(2, word(0) + variable(16) + '\xF3' + variable(3)) + op(26, word(5) + "'");
+    const std::string odd = op(17, constant(1)) + op(17, constant(1) + constant(2) + "x") +
+                            op(2, word(0) + constant(0) + "!" + constant(0)) + op(24, "\xFF") +
+                            op(26, word(1)) + op(5, "ab") + op(99) + "\x0D\x04\0";
+    std::string file = script_file({0, 3, static_cast<std::int32_t>(sound.size()), -7, -1}, sound + odd);
+    file.replace(12, 4, word(1));
+    check(
+        file,
+        "header -286331154, -286331154, -286331154, -286331154\nsize 1\nprocs 5\nentry 1 = 3\nentry 3 = -7\n"
+        "\nproc 0 proc_0\nat_0000:\n"
+        "    say \"\xE4\xBD\xA0 \\xA7\\\"\\n\"\n    call proc_2\n    give gold, far, proc_0\n"
+        "    if [far] <= @3 else at_0000\n    at 5, '\\''\n"
+        "\nproc 2 proc_2\n    op 17, {23 01 00 00 00}\n    op 17, {23 01 00 00 00 23 02 00 00 00 78}\n"
+        "    op 2, {00 00 00 00 23 00 00 00 00 21 23 00 00 00 00}\n    op 24, {FF}\n    op 26, {01 00 00 "
+        "00}\n"
+        "    op 5, {61 62}\n    op 99\n    data {0D 04}\n");
+    check("", "file {}\n");
+    check(std::string(22, 'x') + '\x7F',
+          "file {78 78 78 78 78 78 78 78 78 78 78 78 78 78 78 78 78 78 78 78 78 78 7F}\n");
+    check(script_file({1, 2}, "").substr(0, 28),
+          disassemble({}, {}, "").substr(0, 5) +
+              "{EE EE EE EE EE EE EE EE EE EE EE EE 00 00 00 00 EE EE EE EE 02 00 00 00 01 00 00 00}\n");
+}
+
+// The page that explains the language has an example, which must stay true.
+TEST(InkMac, BuildsRunsAndListsTheExampleOfThePage) {
+    const std::string page = read_text(DOCS "/script.md");
+    const auto block = [&page](std::size_t from) {
+        const std::size_t start = page.find("```\n", from) + 4;
+        return page.substr(start, page.find("```\n", start) - start);
+    };
+    write_text("commands.mas", block(0));
+    write_text("gate.mas", block(page.find("`gate.mas`:")));
+    const auto ink = [](const std::string &arguments) {
+        const int status = std::system((INK_TOOL " mac " + arguments + " >out 2>err").c_str());
+        return (status == 0 ? "" : "failed: ") + read_text("out") + read_text("err");
+    };
+    EXPECT_EQ(ink("build gate.mas"), "");
+    EXPECT_EQ(ink("dump gate.mac -d commands.mas -o back.mas"), "");
+    EXPECT_EQ(ink("build back.mas -o sub.mac"), "");
+    EXPECT_EQ(read_file("gate.mac"), read_file("sub.mac"));
+    const std::string start = "say \"守門人：「你要進城嗎？」\"\nask \"給他多少錢？\", ";
+    EXPECT_EQ(ink("run gate.mas -s gold=20 -s answer=6"),
+              start + "answer\nresult 8: the script goes on in CITY.MAC\ngold = 14\nanswer = 6\nluck = 5\n");
+    EXPECT_EQ(ink("run gate.mac -d commands.mas -p 0"),
+              start + "#1\nsay \"「沒有 5 文錢，免談！」\"\nresult -1: the script stopped itself\n");
+    write_text("loop.mas", "var n\nproc a\n.b: add n, 1\n goto .b\nproc c\n call c\n goto 99\n");
+    EXPECT_EQ(ink("run loop.mas -l 4000"), "result 0: broken off at the limit of instructions\nn = 2000\n");
+    EXPECT_EQ(ink("run loop.mas -p c"),
+              "log: MAC stack overflow\nlog: MAC address 99 outside code\n"
+              "result -2: the script left its code\n");
+    // Nothing is written when something is wrong.
+    write_text("wrong.mas", "stop\nstop 1\n");
+    EXPECT_EQ(ink("build wrong.mas"),
+              "failed: wrong.mas:2:6: expected the end of the line, found \"1\"\n"
+              "    stop 1\n         ^\n");
+    EXPECT_FALSE(exists("wrong.mac"));
+    EXPECT_EQ(ink("build gate.mac -o gate.mac").substr(0, 25), "failed: gate.mac:1:1: exp");
+    EXPECT_EQ(ink("run gate.mas -p nobody"),
+              "failed: ink: procedure \"nobody\" is no number and no known name\n");
+}
+
+}  // namespace
