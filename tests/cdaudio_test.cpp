@@ -23,8 +23,8 @@ Bytes image(int sectors) {
     Bytes made;
     for (int sector = 0; sector < sectors; ++sector)
         for (int frame = 0; frame < kSector; ++frame) {
-            test::put(made, static_cast<std::uint64_t>(sector + 1), 2);
-            test::put(made, static_cast<std::uint64_t>(frame), 2);
+            test::put(made, sector + 1, 2);
+            test::put(made, frame, 2);
         }
     return made;
 }

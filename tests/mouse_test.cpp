@@ -142,8 +142,8 @@ void write_animation(const std::string &name, const std::vector<At> &places) {
         const Bytes image{2, 0, 1, 0, color++, 0};
         Bytes block(64);
         block.resize(static_cast<std::size_t>(fnCompressImage(image.data(), block.data(), 0)));
-        test::put(frames, static_cast<std::uint64_t>(x), 2);
-        test::put(frames, static_cast<std::uint64_t>(y), 2);
+        test::put(frames, x, 2);
+        test::put(frames, y, 2);
         test::put(frames, block.size(), 4);
         frames.insert(frames.end(), block.begin(), block.end());
     }

@@ -28,12 +28,12 @@ inline Bytes chunk(const std::string &name, const Bytes &contents, std::int64_t 
 }
 inline Bytes pcm(int channels, int rate, int bits, int tag = 1) {
     Bytes made;
-    put(made, static_cast<std::uint64_t>(tag), 2);
-    put(made, static_cast<std::uint64_t>(channels), 2);
-    put(made, static_cast<std::uint64_t>(rate), 4);
-    put(made, static_cast<std::uint64_t>(rate * channels * bits / 8), 4);
-    put(made, static_cast<std::uint64_t>(channels * bits / 8), 2);
-    put(made, static_cast<std::uint64_t>(bits), 2);
+    put(made, tag, 2);
+    put(made, channels, 2);
+    put(made, rate, 4);
+    put(made, rate * channels * bits / 8, 4);
+    put(made, channels * bits / 8, 2);
+    put(made, bits, 2);
     put(made, 0, 2);
     return made;
 }

@@ -119,7 +119,7 @@ void add_disc(CLI::App &app) {
     building->add_option("-o,--output", options->output, "The CUE sheet; the image .bin is written beside it")
         ->required();
     building->add_option("--gap", options->gap, "Seconds of silence between the tracks")
-        ->check(CLI::Range(0, 60));
+        ->check(CLI::Range(0.0, 60.0));
     building->callback([options] { build(options->names, options->output, options->gap); });
 
     CLI::App *rendering = disc->add_subcommand("render", "Writes one track as a wave file, for listening");

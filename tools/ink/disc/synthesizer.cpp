@@ -152,9 +152,13 @@ void add_echo(Sound &sound, std::size_t delay, double level) {
 Track play_notes(const Music &music) {
     const double beat = 60 / music.tempo;
     Sound sound;
-    for (const MusicVoice &voice : music.voices)
-        for (const Note &note : voice.notes)
+    for (const MusicVoice &voice : music.voices) {
+        for (const Note &note : voice.notes) {
             for (const int pitch : note.pitches) play(voice, note, pitch, beat, sound);
+            // A rest at the end belongs to the music, too.
+            sound.resize(std::max(sound.size(), frames((note.start + note.length) * beat)));
+        }
+    }
     add_echo(sound, frames(music.echo_beats * beat), music.echo_level);
 
     double peak = 0;
