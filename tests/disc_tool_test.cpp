@@ -16,7 +16,7 @@ using test::operator+;
 
 // Runs the program; its messages go to the files out and err.
 int ink(const std::string &arguments) {
-    return std::system((std::string(INK_PROGRAM) + " " + arguments + " > out 2> err").c_str());
+    return std::system((std::string(INK_TOOL) + " " + arguments + " > out 2> err").c_str());
 }
 test::Heard track(std::int32_t number, std::size_t frames) {
     EXPECT_EQ(CDROM_play(number), 0);
