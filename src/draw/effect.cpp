@@ -46,7 +46,7 @@ struct Enlarged {
     bool possible() const { return width >= 0; }
 };
 
-// The same, whatever the distance, by drawing into the work buffer.
+// Fills work with the picture that an outlined sprite is and draws it, pass by pass: for any distance.
 void outlined_far(const Surface &target, std::int64_t x, std::int64_t y, const Sprite &sprite,
                   std::uint8_t colour, std::int64_t distance, const Surface &work) {
     fill(work, {0, 0, work.width - 1, work.height - 1}, 0);
@@ -58,20 +58,19 @@ void outlined_far(const Surface &target, std::int64_t x, std::int64_t y, const S
     pest(target, x - distance, y - distance, {work.pixels, work.width, work.height});
 }
 
-// Fills work with the picture that an outlined sprite is, band of rows by band. A band is made from a copy of
-// the sprite with the margins around it filled in, where every pixel has its four neighbours at fixed
-// distances; the copy is kept small enough for the fastest cache.
+// The same in one pass, band of rows by band. A band is made from a copy of the sprite with empty margins all
+// around it, where the four neighbours of every pixel lie at fixed distances; the copy is kept small enough
+// for the fastest cache.
 void outlined(const Surface &target, std::int64_t x, std::int64_t y, const Sprite &sprite,
               std::uint8_t colour, std::int64_t distance, const Surface &work) {
     if (work.width < 1) return;
     std::array<std::uint8_t, 12288> copy;
-    const auto room = static_cast<std::int64_t>(copy.size()) - 2 * distance;
-    const std::int64_t rows = room / work.width - 2 * distance;
+    const auto rows = static_cast<std::int64_t>(copy.size()) / work.width - 2 * distance;
     if (rows < 1) return outlined_far(target, x, y, sprite, colour, distance, work);
     for (std::int64_t top = 0; top < work.height; top += rows) {
         const Surface band{work.at(0, top), work.width, std::min(rows, work.height - top)};
-        const Surface padded{copy.data() + distance, band.width, band.height + 2 * distance};
-        std::fill_n(copy.begin(), padded.width * padded.height + 2 * distance, std::uint8_t{0});
+        const Surface padded{copy.data(), band.width, band.height + 2 * distance};
+        std::fill_n(padded.pixels, padded.width * padded.height, std::uint8_t{0});
         put(padded, distance, 2 * distance - top, sprite);
         kernels.outline({band.pixels, 0, padded.at(0, distance), 0, band.width * band.height, 1}, distance,
                         distance * band.width, colour);
