@@ -23,9 +23,10 @@ void compress(Source &source, Sink &sink) {
     unsigned ahead = 0;
     for (int byte; ahead < kLongestMatch && (byte = source.next()) >= 0; ++ahead)
         window.put(kFirstPosition + ahead, static_cast<std::uint8_t>(byte));
-    if (ahead > 0) index.insert(kFirstPosition);
-    Match match;
+    MatchIndex::Neighbours neighbours;
+    if (ahead > 0) neighbours = index.insert(kFirstPosition);
     for (unsigned position = kFirstPosition; ahead > 0;) {
+        Match match = index.longest_match(position, neighbours);
         match.length = std::min(match.length, ahead);
         unsigned steps = 1;
         if (match.length < kShortestMatch) {
@@ -42,7 +43,7 @@ void compress(Source &source, Sink &sink) {
             else
                 --ahead;
             position = wrap(position + 1);
-            if (ahead != 0) match = index.insert(position);
+            if (ahead != 0) neighbours = index.insert(position);
         }
     }
     index.clear();

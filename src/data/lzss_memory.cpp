@@ -9,6 +9,8 @@ namespace ink::data {
 namespace {
 
 constexpr unsigned kGroup = 8;
+constexpr unsigned kAllLiterals = 0xFF;
+static_assert(kGroup == LzssOutput::kWord);
 
 class MemorySource {
   public:
@@ -60,6 +62,11 @@ class GroupReader {
         if (left() == 0 || output.room() == 0) return false;
         unsigned flags = *at_++;
         if (left() >= 2 * kGroup && output.room() >= kGroup * kLongestMatch + LzssOutput::kSlack) {
+            if (flags == kAllLiterals) {
+                output.literals(at_);
+                at_ += kGroup;
+                return true;
+            }
             for (unsigned i = 0; i < kGroup; ++i, flags >>= 1) {
                 if (flags & 1)
                     output.literal(*at_++);

@@ -10,8 +10,9 @@ namespace ink::data {
 
 class LzssOutput {
   public:
+    static constexpr std::size_t kWord = 8;
     // How far behind the match itself copy_with_slack() may write.
-    static constexpr std::size_t kSlack = 16;
+    static constexpr std::size_t kSlack = 2 * kWord;
 
     explicit LzssOutput(std::span<std::uint8_t> block)
         : begin_(block.data()), at_(begin_), end_(begin_ + block.size()) {}
@@ -20,6 +21,12 @@ class LzssOutput {
     std::span<const std::uint8_t> written() const { return {begin_, at_}; }
 
     void literal(std::uint8_t byte) { *at_++ = byte; }
+
+    // Copies kWord literals.
+    void literals(const std::uint8_t *bytes) {
+        copy_word(at_, bytes);
+        at_ += kWord;
+    }
 
     // Copies a match, or as much of it as there is room for.
     void copy(Match match) {
@@ -36,12 +43,17 @@ class LzssOutput {
             return;
         }
         std::uint8_t *const next = at_ + match.length;
+        if (distance == 1) {
+            std::memset(at_, at_[-1], kLongestMatch);
+            at_ = next;
+            return;
+        }
         // What repeats at a short distance also repeats at twice that distance.
-        for (; distance < 8; distance *= 2) {
+        for (; distance < kWord; distance *= 2) {
             copy_word(at_, at_ - distance);
             at_ += distance;
         }
-        for (; at_ < next; at_ += 8) copy_word(at_, at_ - distance);
+        for (; at_ < next; at_ += kWord) copy_word(at_, at_ - distance);
         at_ = next;
     }
 
@@ -61,9 +73,10 @@ class LzssOutput {
 
   private:
     static void copy_word(std::uint8_t *to, const std::uint8_t *from) {
-        std::uint64_t word;
-        std::memcpy(&word, from, sizeof word);
-        std::memcpy(to, &word, sizeof word);
+        std::uint64_t word;  // the two may overlap
+        static_assert(sizeof word == kWord);
+        std::memcpy(&word, from, kWord);
+        std::memcpy(to, &word, kWord);
     }
 
     // How far back a position lies; the next one to be written is the farthest.

@@ -4,22 +4,22 @@
 
 namespace ink::data {
 
-void MatchIndex::Occupied::set(unsigned treap) {
-    const unsigned word = treap / 64;
-    words_[word] |= std::uint64_t{1} << treap % 64;
+void MatchIndex::Occupied::set(unsigned tree) {
+    const unsigned word = tree / 64;
+    words_[word] |= std::uint64_t{1} << tree % 64;
     any_[word / 64] |= std::uint64_t{1} << word % 64;
 }
 
-void MatchIndex::Occupied::reset(unsigned treap) {
-    const unsigned word = treap / 64;
-    words_[word] &= ~(std::uint64_t{1} << treap % 64);
+void MatchIndex::Occupied::reset(unsigned tree) {
+    const unsigned word = tree / 64;
+    words_[word] &= ~(std::uint64_t{1} << tree % 64);
     if (words_[word] == 0) any_[word / 64] &= ~(std::uint64_t{1} << word % 64);
 }
 
-unsigned MatchIndex::Occupied::next(unsigned treap) const {
+unsigned MatchIndex::Occupied::next(unsigned tree) const {
     constexpr std::uint64_t kAbove = ~std::uint64_t{1};
-    const unsigned word = treap / 64;
-    if (const auto rest = words_[word] & kAbove << treap % 64; rest != 0)
+    const unsigned word = tree / 64;
+    if (const auto rest = words_[word] & kAbove << tree % 64; rest != 0)
         return word * 64 + static_cast<unsigned>(std::countr_zero(rest));
     unsigned group = word / 64;
     for (auto rest = any_[group] & kAbove << word % 64;; rest = any_[group]) {
@@ -27,109 +27,125 @@ unsigned MatchIndex::Occupied::next(unsigned treap) const {
             const unsigned found = group * 64 + static_cast<unsigned>(std::countr_zero(rest));
             return found * 64 + static_cast<unsigned>(std::countr_zero(words_[found]));
         }
-        if (++group == any_.size()) return kTreaps;
+        if (++group == any_.size()) return kTrees;
     }
 }
 
 MatchIndex::Link &MatchIndex::link_to(unsigned position) {
     const unsigned parent = entries_[position].parent;
-    if (parent == 0) return roots_[treap_of(position)];
+    if (parent == 0) return roots_[tree_of(position)];
     return entries_[parent].child[entries_[parent].child[1] == position];
 }
 
-unsigned MatchIndex::equal_bytes(const WindowString &string, unsigned neighbour) const {
-    return neighbour != 0 ? string.equal_bytes(window_.at(neighbour)) : 0;
+void MatchIndex::put_in_place_of(unsigned old, unsigned position) {
+    link_to(old) = static_cast<Link>(position);
+    if (position != 0) entries_[position].parent = entries_[old].parent;
 }
 
-Match MatchIndex::longer_match(const WindowString &string, unsigned before, unsigned after) const {
-    const unsigned with_before = equal_bytes(string, before), with_after = equal_bytes(string, after);
+void MatchIndex::take_children_of(unsigned old, unsigned position) {
+    for (unsigned side = 0; side < 2; ++side) {
+        const Link child = entries_[old].child[side];
+        entries_[position].child[side] = child;
+        if (child != 0) entries_[child].parent = static_cast<Link>(position);
+    }
+}
+
+MatchIndex::Neighbours MatchIndex::insert(unsigned position) {
+    if (position == 0) return {};
+    const unsigned tree = tree_of(position);
+    unsigned node = roots_[tree];
+    if (node == 0) {
+        insert_alone(position, tree);
+        return {};
+    }
+    const WindowString string(window_.at(position));
+    bool is_after = false;
+    unsigned depth = 0;
+    for (unsigned next = node; next != 0; ++depth) {
+        node = next;
+        const unsigned smaller = entries_[node].child[0], larger = entries_[node].child[1];
+        bool equal = false;
+        is_after = string.is_after(window_.at(node), equal);
+        if (equal) {
+            replace(node, position);
+            return {node, node};
+        }
+        // The way is as good as random: chosen without a branch, which would be mispredicted at every other
+        // node.
+        next = smaller ^ ((smaller ^ larger) & -unsigned{is_after});
+    }
+    entries_[node].child[is_after] = static_cast<Link>(position);
+    entries_[position].parent = static_cast<Link>(node);
+    const Neighbours neighbours =
+        is_after ? Neighbours{node, entries_[node].after} : Neighbours{entries_[node].before, node};
+    insert_in_list(position, neighbours);
+    if (depth > kDeepest) balance(tree);
+    return neighbours;
+}
+
+Match MatchIndex::longest_match(unsigned position, Neighbours neighbours) const {
+    const auto [before, after] = neighbours;
+    if (before == after) return {before != 0 ? kLongestMatch : 0, before};
+    const WindowString string(window_.at(position));
+    const unsigned with_before = before != 0 ? string.equal_bytes(window_.at(before)) : 0;
+    const unsigned with_after = after != 0 ? string.equal_bytes(window_.at(after)) : 0;
     const bool after_wins =
         with_after != with_before ? with_after > with_before : ages_[after] > ages_[before];
     return after_wins ? Match{with_after, after} : Match{with_before, before};
 }
 
-Match MatchIndex::insert(unsigned position) {
-    if (position == 0) return {};
-    const unsigned treap = treap_of(position);
-    unsigned node = roots_[treap];
-    if (node == 0) {
-        insert_alone(position, treap);
-        return {};  // with a neighbour it has one byte in common at most, too few for a match
-    }
-    const WindowString string(window_.at(position));
-    for (;;) {
-        bool equal = false;
-        const bool greater = string.is_after(window_.at(node), equal);
-        if (equal) {
-            replace(node, position);
-            return {kLongestMatch, node};
-        }
-        Link &child = entries_[node].child[greater];
-        if (child != 0) {
-            node = child;
-            continue;
-        }
-        child = static_cast<Link>(position);
-        entries_[position].parent = static_cast<Link>(node);
-        const unsigned before = greater ? node : entries_[node].before;
-        const unsigned after = greater ? entries_[node].after : node;
-        insert_in_list(position, before, after);
-        raise(position);
-        return longer_match(string, before, after);
-    }
-}
-
 void MatchIndex::replace(unsigned old, unsigned position) {
-    const auto link = static_cast<Link>(position);
-    link_to(old) = link;
-    const Entry &entry = entries_[position] = entries_[old];
-    for (const Link child : entry.child)
-        if (child != 0) entries_[child].parent = link;
-    entries_[entry.before].after = link;
-    entries_[entry.after].before = link;
+    const Link before = entries_[old].before, after = entries_[old].after;
+    put_in_place_of(old, position);
+    take_children_of(old, position);
+    entries_[position].before = before;
+    entries_[position].after = after;
+    entries_[before].after = entries_[after].before = static_cast<Link>(position);
     ages_[position] = ages_[old];
     ages_[old] = 0;
 }
 
-void MatchIndex::insert_in_list(unsigned position, unsigned before, unsigned after) {
-    const auto link = static_cast<Link>(position);
+void MatchIndex::insert_in_list(unsigned position, Neighbours neighbours) {
+    const auto [before, after] = neighbours;
     Entry &entry = entries_[position];
     entry.before = static_cast<Link>(before);
     entry.after = static_cast<Link>(after);
     entry.child[0] = entry.child[1] = 0;
-    random_ = random_ * 1664525 + 1013904223;
-    entry.rank = static_cast<std::uint16_t>(random_ >> 16);
-    entries_[before].after = link;
-    entries_[after].before = link;
+    entries_[before].after = entries_[after].before = static_cast<Link>(position);
     ages_[position] = ++youngest_;
 }
 
-void MatchIndex::insert_alone(unsigned position, unsigned treap) {
+void MatchIndex::insert_alone(unsigned position, unsigned tree) {
     unsigned after = 0;
-    if (const unsigned next = occupied_.next(treap); next != kTreaps) {
+    if (const unsigned next = occupied_.next(tree); next != kTrees) {
         after = roots_[next];
         while (entries_[after].child[0] != 0) after = entries_[after].child[0];
     }
-    insert_in_list(position, entries_[after].before, after);
+    insert_in_list(position, {entries_[after].before, after});
     entries_[position].parent = 0;
-    roots_[treap] = static_cast<Link>(position);
-    occupied_.set(treap);
+    roots_[tree] = static_cast<Link>(position);
+    occupied_.set(tree);
 }
 
-void MatchIndex::raise(unsigned position) {
-    Entry &entry = entries_[position];
-    while (entry.parent != 0 && entries_[entry.parent].rank < entry.rank) {
-        const Link parent = entry.parent;
-        Entry &above = entries_[parent];
-        link_to(parent) = static_cast<Link>(position);
-        const bool side = above.child[1] == position;
-        const Link inner = entry.child[!side];
-        above.child[side] = inner;
-        if (inner != 0) entries_[inner].parent = parent;
-        entry.child[!side] = parent;
-        entry.parent = above.parent;
-        above.parent = static_cast<Link>(position);
-    }
+MatchIndex::Link MatchIndex::balanced(Link &next, unsigned count, Link parent) {
+    if (count == 0) return 0;
+    // The entry is known only after those before it are placed.
+    const Link smaller = balanced(next, count / 2, 0);
+    const Link middle = next;
+    next = entries_[middle].after;
+    entries_[middle].parent = parent;
+    entries_[middle].child[0] = smaller;
+    if (smaller != 0) entries_[smaller].parent = middle;
+    entries_[middle].child[1] = balanced(next, count - count / 2 - 1, middle);
+    return middle;
+}
+
+void MatchIndex::balance(unsigned tree) {
+    Link first = roots_[tree];
+    while (entries_[first].child[0] != 0) first = entries_[first].child[0];
+    unsigned count = 0;
+    for (unsigned entry = first; entry != 0 && tree_of(entry) == tree; entry = entries_[entry].after) ++count;
+    roots_[tree] = balanced(first, count, 0);
 }
 
 void MatchIndex::remove(unsigned position) {
@@ -140,27 +156,21 @@ void MatchIndex::remove(unsigned position) {
     ages_[position] = 0;
     entries_[before].after = static_cast<Link>(after);
     entries_[after].before = static_cast<Link>(before);
-    remove_from_treap(position);
+    remove_from_tree(position);
 }
 
-void MatchIndex::remove_from_treap(unsigned position) {
-    Link *link = &link_to(position);
-    Link parent = entries_[position].parent;
-    Link branch[2] = {entries_[position].child[0], entries_[position].child[1]};
-    // What hangs below it becomes one: the higher in rank comes up, time and again.
-    while (branch[0] != 0 && branch[1] != 0) {
-        const bool up = entries_[branch[1]].rank > entries_[branch[0]].rank;
-        *link = branch[up];
-        entries_[*link].parent = parent;
-        parent = *link;
-        link = &entries_[parent].child[!up];
-        branch[up] = *link;
+void MatchIndex::remove_from_tree(unsigned position) {
+    const Entry &entry = entries_[position];
+    if (entry.child[0] != 0 && entry.child[1] != 0) {
+        const unsigned before = entry.before;
+        put_in_place_of(before, entries_[before].child[0]);
+        put_in_place_of(position, before);
+        take_children_of(position, before);
+        return;
     }
-    *link = branch[0] | branch[1];
-    if (*link != 0)
-        entries_[*link].parent = parent;
-    else if (parent == 0)
-        occupied_.reset(treap_of(position));
+    const unsigned child = entry.child[0] | entry.child[1];
+    put_in_place_of(position, child);
+    if (entry.parent == 0 && child == 0) occupied_.reset(tree_of(position));
 }
 
 void MatchIndex::clear() {

@@ -16,9 +16,9 @@
 //   - A string has a smaller child exactly when the string before it in order has a younger place, and a
 //   larger
 //     child exactly when the string after it has.
-// So this index keeps the strings in order as a list, remembers the age of each one's place, and finds the
-// place of a new string in whatever way is fast: through its first two bytes, and then in a treap, a search
-// tree that random ranks keep shallow for any data.
+// So this index keeps the strings in order as a list, remembers the age of each one's place, and is free to
+// find the place of a new string in a way that is fast for any data: through its first two bytes, and then in
+// a search tree of those that share them, which is balanced when it gets too deep.
 #pragma once
 
 #include <array>
@@ -32,15 +32,24 @@ struct Match {
     unsigned length = 0, position = 0;
 };
 
-// A string goes by the position in the window where it starts. None starts at position 0 for the index;
+// A string goes by the position in the window where it starts. None starts at position 0 for the index:
 // there, 0 stands for none, and as an entry for both ends of the list.
 class MatchIndex {
   public:
+    // The strings a new one came between, as far as they begin with the same two bytes; twice the same when
+    // it is equal to that one and took its place.
+    struct Neighbours {
+        unsigned before = 0, after = 0;
+    };
+
     explicit constexpr MatchIndex(const Window &window) : window_(window) {}
 
-    // Inserts the string at a position, which must not be in the index, and returns its longest match with
-    // those that were.
-    Match insert(unsigned position);
+    // Inserts the string at a position, which must not be in the index.
+    Neighbours insert(unsigned position);
+
+    // The longest match of the string that was just inserted, if it has one that is not too short to be
+    // coded.
+    Match longest_match(unsigned position, Neighbours neighbours) const;
 
     // Takes the string at a position out, if it is there. Its bytes may not have changed since it was
     // inserted.
@@ -55,48 +64,47 @@ class MatchIndex {
 
     struct Entry {
         Link before = 0, after = 0;  // in order
-        Link parent = 0;             // in the treap of those that begin with the same two bytes
+        Link parent = 0;             // in the tree of those that begin with the same two bytes
         Link child[2] = {0, 0};      // smaller, larger
-        std::uint16_t rank = 0;      // no higher than its parent's
     };
 
-    // Which treaps are not empty, so that the nearest one is found.
+    // Which trees are not empty, so that the next one is found.
     class Occupied {
       public:
-        void set(unsigned treap);
-        void reset(unsigned treap);
-        // The first one after treap, or kTreaps.
-        unsigned next(unsigned treap) const;
+        void set(unsigned tree);
+        void reset(unsigned tree);
+        // The first one after tree, or kTrees.
+        unsigned next(unsigned tree) const;
 
       private:
         std::array<std::uint64_t, 1024> words_{};
         std::array<std::uint64_t, 16> any_{};  // a bit for each word that is not 0
     };
 
-    static constexpr unsigned kTreaps = 1 << 16;
+    static constexpr unsigned kTrees = 1 << 16;
+    static constexpr unsigned kDeepest = 64;  // random strings hardly ever make a tree of half this depth
 
-    unsigned treap_of(unsigned position) const {
+    unsigned tree_of(unsigned position) const {
         return static_cast<unsigned>(window_.at(position)[0] << 8 | window_.at(position)[1]);
     }
-    // The link that names an entry, in its parent or as the root of its treap.
+    // The link that names an entry, in its parent or as the root of its tree.
     Link &link_to(unsigned position);
-    // How many bytes the string has in common with that of a neighbour.
-    unsigned equal_bytes(const WindowString &string, unsigned neighbour) const;
-    Match longer_match(const WindowString &string, unsigned before, unsigned after) const;
+    void put_in_place_of(unsigned old, unsigned position);
+    void take_children_of(unsigned old, unsigned position);
 
     void replace(unsigned old, unsigned position);
-    void insert_in_list(unsigned position, unsigned before, unsigned after);
-    void insert_alone(unsigned position, unsigned treap);
-    void raise(unsigned position);
-    void remove_from_treap(unsigned position);
+    void insert_in_list(unsigned position, Neighbours neighbours);
+    void insert_alone(unsigned position, unsigned tree);
+    void balance(unsigned tree);
+    Link balanced(Link &next, unsigned count, Link parent);
+    void remove_from_tree(unsigned position);
 
     const Window &window_;
     std::array<Entry, kWindowSize> entries_{};
     std::array<Age, kWindowSize> ages_{};  // of the places in the plain tree; 0 for what is not in the index
-    std::array<Link, kTreaps> roots_{};
+    std::array<Link, kTrees> roots_{};
     Occupied occupied_;
     Age youngest_ = 0;
-    std::uint32_t random_ = 1;
 };
 
 }  // namespace ink::data
