@@ -2,12 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "support/files.h"
+#include "support/blocks.h"
 #include "support/guarded.h"
 
-using test::Bytes;
-using test::Guarded;
-using test::put;
+using namespace test;
 
 namespace {
 
@@ -16,24 +14,15 @@ struct Frame {
     Bytes block;
 };
 
-Bytes block(int width, int height, const Bytes &code, int type = 0, const char *magic = "Cimg") {
-    Bytes bytes(magic, magic + 4);
-    put(bytes, type, 4);
-    put(bytes, width, 2);
-    put(bytes, height, 2);
-    put(bytes, code.size(), 4);
-    put(bytes, code);
-    return bytes;
-}
-
-// A file with anchor (10, -5); the first frame's record starts behind the frame offsets.
-Bytes can_file(const std::vector<Frame> &frames) {
+// A file with anchor (10, -5), its frame offsets and then its frames, which may all be one.
+Bytes can_file(const std::vector<Frame> &frames, std::size_t repeated = 1) {
     Bytes file(12, 0x55), records;
-    put(file, frames.size(), 4);
-    put(file, 10, 2);
-    put(file, -5, 2);
+    for (const auto &[value, bytes] :
+         {std::pair{static_cast<int>(frames.size() * repeated), 4}, {10, 2}, {-5, 2}})
+        put(file, value, bytes);
     for (const Frame &frame : frames) {
-        put(file, 20 + 4 * frames.size() + records.size(), 4);
+        for (std::size_t i = 0; i < repeated; ++i)
+            put(file, 20 + 4 * frames.size() * repeated + records.size(), 4);
         put(records, frame.x, 2);
         put(records, frame.y, 2);
         put(records, frame.block.size(), 4);
@@ -43,17 +32,15 @@ Bytes can_file(const std::vector<Frame> &frames) {
     return file;
 }
 
-const std::vector<Frame> kFrames = {
-    {-3, 7, block(3, 2, {0xC3, 9, 1, 2, 3})},
-    {32767, -32768, block(2, 1, {}, 1)},
-    {0, 0, block(1, 2, {0xC1, 0xFE, 4})},
-};
+const std::vector<Frame> kFrames = {{-3, 7, compressed_block(3, 2, {0xC3, 9, 1, 2, 3})},
+                                    {32767, -32768, compressed_block(2, 1, {}, 1)},
+                                    {0, 0, compressed_block(1, 2, {0xC1, 0xFE, 4})}};
 const Bytes kImages[] = {{3, 0, 2, 0, 9, 9, 9, 1, 2, 3}, {2, 0, 1, 0, 0, 0}, {1, 0, 2, 0, 0xFE, 4}};
-const int kPositions[][2] = {{7, 2}, {32777, -32773}, {10, -5}};
+const std::pair<int, int> kPositions[] = {{7, 2}, {32777, -32773}, {10, -5}};
 
 TEST(Can, ReadsAnAnimationAndItsFramesAlone) {
     std::filesystem::create_directory("art");
-    test::write_file("art/hand.can", can_file(kFrames));
+    write_file("art/hand.can", can_file(kFrames));
     ANI_DATA_STRUCT *head = nullptr;
     ASSERT_EQ(3, CAN_read_file("ART\\HAND.CAN", &head, nullptr));
     EXPECT_TRUE(head->x == 0 && head->y == 0 && head->image == nullptr && head->prev == nullptr);
@@ -62,87 +49,70 @@ TEST(Can, ReadsAnAnimationAndItsFramesAlone) {
         ASSERT_EQ(record, record->next->prev);
         record = record->next;
         EXPECT_EQ(kImages[i], Bytes(record->image, record->image + kImages[i].size()));
-        EXPECT_TRUE(record->x == kPositions[i][0] && record->y == kPositions[i][1]);
-
+        EXPECT_EQ(kPositions[i], std::pair(record->x, record->y));
         Guarded image(kImages[i].size());
-        std::int32_t x = 0, y = 0;
-        EXPECT_EQ(3, CAN_read_frame("Art/hand.can", i, &x, &y, image, nullptr));
+        std::pair<std::int32_t, std::int32_t> position;
+        EXPECT_EQ(3, CAN_read_frame("Art/hand.can", i, &position.first, &position.second, image, nullptr));
         EXPECT_EQ(kImages[i], image.contents());
-        EXPECT_TRUE(image.intact() && x == kPositions[i][0] && y == kPositions[i][1]);
+        EXPECT_EQ(kPositions[i], position);
     }
     EXPECT_EQ(nullptr, record->next);
     ANI_free_ani(head);
     ANI_free_ani(nullptr);
     for (const int index : {-1, 3})
         EXPECT_EQ(-1, CAN_read_frame("art/hand.can", index, nullptr, nullptr, nullptr, nullptr));
-    EXPECT_EQ("", test::take_log());
+    EXPECT_EQ("", take_log());
 }
 
 TEST(Can, BrokenFramesAreBlankAndHostileFilesRefused) {
     const std::string bad_image = "Compress image format error\n",
-                      no_table = "ERROR : memory alloc error:CAN_read_file\n",
                       no_memory = "Memory alloc error:CAN_read_file\n";
-    std::vector<Frame> not_compressed = kFrames, cut = kFrames, huge = kFrames;
-    not_compressed[1].block = block(2, 1, {5, 6}, 0, "Cimx");
-    cut[1].block = block(2, 1, {5});
-    huge[1].block = block(65535, 65535, {0xFF, 1});
-    Bytes past_end = can_file(kFrames), long_block = past_end, many = past_end, none = past_end;
-    past_end[25] = 0x7F;    // frame 1's offset
-    long_block[20] = 80;    // frame 0's offset: its block runs past the end,
-    long_block[87] = 0x7F;  // by what its size says
-    many[14] = 1;           // 65539 frames
-    none[15] = 0x80;        // fewer than 0
-    Bytes shared(12);
-    put(shared, 50000, 4);
-    put(shared, 0, 4);
-    for (int i = 0; i < 50000; ++i) put(shared, 20 + 4 * 50000, 4);
-    const Bytes one = can_file({{0, 0, block(300, 300, {0xFF, 1})}});
-    put(shared, Bytes(one.begin() + 24, one.end()));
+    std::vector<Frame> renamed = kFrames, cut = kFrames, huge = kFrames;
+    renamed[1].block = compressed_block(2, 1, {5, 6}, 0, "Cimx");
+    cut[1].block = compressed_block(2, 1, {5});
+    huge[1].block = compressed_block(65535, 65535, {0xFF, 1});
+    Bytes past_end = can_file(kFrames), many = past_end, none = past_end;
+    past_end[25] = 0x7F;  // frame 1's offset
+    many[14] = 1;         // 65539 frames
+    none[15] = 0x80;      // fewer than 0
     const struct {
         Bytes file;
         int result;
         std::string log;
-        Bytes second;  // image of frame 1
-    } cases[] = {
-        {can_file(not_compressed), 3, bad_image, {2, 0, 1, 0, 0, 0}},
-        {can_file(cut), 3, "", {2, 0, 1, 0, 5, 0}},
-        {past_end, 3, bad_image, {0, 0, 0, 0}},
-        {can_file(huge), -1, no_memory, {}},
-        {many, -1, no_table, {}},
-        {shared, -1, no_memory, {}},
-        {can_file({}), 0, "", {}},
-        {none, -2147483645, "", {}},
-        {{1, 2, 3}, 0, "", {}},
-    };
-    for (const auto &each : cases) {
-        SCOPED_TRACE(&each - cases);
-        test::write_file("a.can", each.file);
+        Bytes second;  // the image of frame 1
+    } cases[] = {{can_file(renamed), 3, bad_image, {2, 0, 1, 0, 0, 0}},
+                 {can_file(cut), 3, "", {2, 0, 1, 0, 5, 0}},
+                 {past_end, 3, bad_image, {0, 0, 0, 0}},
+                 {can_file(huge), -1, no_memory, {}},
+                 {can_file({{0, 0, compressed_block(300, 300, {0xFF, 1})}}, 50000), -1, no_memory, {}},
+                 {many, -1, "ERROR : memory alloc error:CAN_read_file\n", {}},
+                 {none, -2147483645, "", {}},
+                 {{1, 2, 3}, 0, "", {}}};
+    for (const auto &[file, result, log, second] : cases) {
+        write_file("a.can", file);
         ANI_DATA_STRUCT garbage, *head = &garbage;
-        EXPECT_EQ(each.result, CAN_read_file("a.can", &head, nullptr));
-        EXPECT_EQ(each.log, test::take_log());
-        EXPECT_EQ(each.result == -1, head == nullptr);
-        if (!each.second.empty()) {
-            const std::uint8_t *image = head->next->next->image;
-            EXPECT_EQ(each.second, Bytes(image, image + each.second.size()));
-        } else if (head != nullptr) {
-            EXPECT_EQ(nullptr, head->next);
-        }
+        EXPECT_EQ(result, CAN_read_file("a.can", &head, nullptr));
+        EXPECT_EQ(log, take_log());
+        ASSERT_EQ(result == -1, head == nullptr);
+        ASSERT_EQ(result > 0, head != nullptr && head->next != nullptr);
+        const std::uint8_t *image = result > 0 ? head->next->next->image : nullptr;
+        EXPECT_EQ(second, Bytes(image, image + second.size()));
         ANI_free_ani(head);
     }
     ANI_DATA_STRUCT *head = nullptr;
     EXPECT_EQ(-1, CAN_read_file("art\\none.can", &head, nullptr));
-    EXPECT_EQ("CAN file art\\none.can open error:CAN_read_file\n", test::take_log());
+    EXPECT_EQ("CAN file art\\none.can open error:CAN_read_file\n", take_log());
     Guarded image(4, 0xEE);
     std::int32_t x = 0, y = 0;
     EXPECT_EQ(-1, CAN_read_frame("art\\none.can", 0, &x, &y, image, nullptr));
-    EXPECT_EQ("CAN file art\\none.can open error:CAN_read_frame\n", test::take_log());
-    test::write_file("a.can", many);
+    EXPECT_EQ("CAN file art\\none.can open error:CAN_read_frame\n", take_log());
+    write_file("a.can", many);
     EXPECT_EQ(-1, CAN_read_frame("a.can", 0, &x, &y, image, nullptr));
-    EXPECT_EQ("ERROR : memory alloc error(CAN_read_frame)\n", test::take_log());
+    EXPECT_EQ("ERROR : memory alloc error(CAN_read_frame)\n", take_log());
     EXPECT_EQ(Bytes(4, 0xEE), image.contents());
-    test::write_file("a.can", can_file(not_compressed));
+    write_file("a.can", can_file(renamed));
     EXPECT_EQ(3, CAN_read_frame("a.can", 1, &x, &y, image, nullptr));
-    EXPECT_EQ(bad_image, test::take_log());
+    EXPECT_EQ(bad_image, take_log());
     EXPECT_EQ(Bytes(4), image.contents());
 }
 

@@ -41,6 +41,15 @@ class Row {
         if (first < last) std::fill(pixels_ + first, pixels_ + last, pixel);
         move(count);
     }
+    void fill_words(std::uint8_t low, std::uint8_t high, int count) {
+        if (low == high) return fill(low, 2 * count);
+        std::array<std::uint8_t, 256> pixels;
+        for (std::size_t i = 0; i < 2 * static_cast<std::size_t>(count); i += 2) {
+            pixels[i] = low;
+            pixels[i + 1] = high;
+        }
+        copy(std::span(pixels).first(2 * static_cast<std::size_t>(count)));
+    }
 
   private:
     struct Columns {
@@ -133,9 +142,7 @@ void decode_delta_flc(Reader data, const FlicScreen &screen) {
             if (count < 0) {
                 const auto word = data.take(2);
                 if (word.size() < 2) return;
-                std::array<std::uint8_t, 256> pixels;
-                for (std::size_t i = 0; i < pixels.size(); ++i) pixels[i] = word[i % 2];
-                row.copy(std::span(pixels).first(static_cast<std::size_t>(-2 * count)));
+                row.fill_words(word[0], word[1], -count);
             } else {
                 row.copy(data.take(static_cast<std::size_t>(2 * count)));
             }

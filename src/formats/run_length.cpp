@@ -10,6 +10,9 @@ namespace {
 constexpr std::uint8_t kRun = 0xC0;  // from here on a code byte carries a count
 constexpr std::size_t kLongestRun = 63;
 
+// What the fast part of the decoder writes at once: whole words that hold any run.
+constexpr std::ptrdiff_t kWindow = 64;
+
 // Both directions look at eight bytes in one word, the first of them lowest. A test marks bytes in their
 // highest bit; the lowest mark is exact, those above it need not be.
 constexpr std::uint64_t kEachLow = 0x0101010101010101, kEachHigh = 0x8080808080808080;
@@ -25,6 +28,7 @@ std::uint64_t mark_runs(std::uint64_t word) {
 std::uint64_t mark_zeros(std::uint64_t word) {
     return (word - kEachLow) & ~word & kEachHigh;
 }
+// The index of the first byte marked; 8 when none is.
 std::size_t first_mark(std::uint64_t marks) {
     return static_cast<std::size_t>(std::countr_zero(marks)) / 8;
 }
@@ -82,31 +86,60 @@ std::size_t encode_row(std::span<const std::uint8_t> pixels, std::uint8_t *code)
     return static_cast<std::size_t>(to - code);
 }
 
+RunDecoder::RunDecoder(std::span<const std::uint8_t> code)
+    : next_(code.data()), end_(code.data() + code.size()), certain_(end_) {
+    // A code gives at least one pixel for each of its bytes, or for two, unless it is a run of none, which
+    // can be told by its 0xC0. One byte at each end may belong to a code that is not whole.
+    for (std::ptrdiff_t balance = -2; balance < 2 * kWindow && certain_ > next_;
+         balance += *certain_ == kRun ? -1 : 1)
+        --certain_;
+}
+
 std::size_t RunDecoder::decode(std::uint8_t *pixels, std::size_t count) {
-    std::size_t written = 0;
-    while (written < count) {
-        std::size_t length = 0;
-        if (run_ > 0) {
-            length = std::min(run_, count - written);
-            std::memset(pixels + written, value_, length);
-            run_ -= length;
-        } else if (next_ == end_) {
-            break;
-        } else if (*next_ < kRun) {
-            const auto left = static_cast<std::size_t>(end_ - next_);
-            length = count_literal_codes(next_, std::min(left, count - written));
-            std::memcpy(pixels + written, next_, length);
-            next_ += length;
-        } else if (end_ - next_ < 2) {
-            next_ = end_;  // a count without its pixel
+    std::uint8_t *to = pixels, *const end = pixels + count;
+    const std::uint8_t *from = next_;
+    const auto fill = [&](std::size_t length) {
+        run_ = length;
+        length = std::min(length, static_cast<std::size_t>(end - to));
+        std::memset(to, value_, length);
+        to += length;
+        run_ -= length;
+    };
+    fill(run_);
+
+    // As long as more pixels than that are sure to follow, a code may write more than it gives: no length is
+    // branched on.
+    while (end - to >= kWindow && certain_ - from >= 8) {
+        if (*from >= kRun) {
+            const std::uint64_t word = from[1] * kEachLow;
+            for (std::ptrdiff_t i = 0; i < kWindow; i += 8) std::memcpy(to + i, &word, 8);
+            to += *from & kLongestRun;
+            from += 2;
         } else {
-            run_ = *next_ & kLongestRun;
-            value_ = next_[1];
-            next_ += 2;
+            const std::size_t literals = first_mark(mark_runs(load(from)));
+            std::memcpy(to, from, 8);
+            to += literals;
+            from += literals;
         }
-        written += length;
     }
-    return written;
+    while (to < end && from < end_) {
+        if (*from < kRun) {
+            const auto most = static_cast<std::size_t>(std::min(end_ - from, end - to));
+            const std::size_t literals = count_literal_codes(from, most);
+            std::memcpy(to, from, literals);
+            to += literals;
+            from += literals;
+        } else if (end_ - from >= 2) {
+            const std::size_t length = *from & kLongestRun;
+            value_ = from[1];
+            from += 2;
+            fill(length);
+        } else {
+            from = end_;  // a count without its pixel
+        }
+    }
+    next_ = from;
+    return static_cast<std::size_t>(to - pixels);
 }
 
 }  // namespace ink::formats

@@ -14,15 +14,15 @@ std::size_t encode_row(std::span<const std::uint8_t> pixels, std::uint8_t *code)
 // Expands code piece by piece: a run that reaches beyond one piece goes on in the next.
 class RunDecoder {
   public:
-    explicit RunDecoder(std::span<const std::uint8_t> code)
-        : next_(code.data()), end_(code.data() + code.size()) {}
+    explicit RunDecoder(std::span<const std::uint8_t> code);
 
     // Writes the next count pixels, or as many as the code still has, and returns how many.
     std::size_t decode(std::uint8_t *pixels, std::size_t count);
 
   private:
     const std::uint8_t *next_, *end_;
-    std::size_t run_ = 0;  // what is left of the run begun
+    const std::uint8_t *certain_;  // the code behind here gives at least kWindow pixels
+    std::size_t run_ = 0;          // what is left of the run begun
     std::uint8_t value_ = 0;
 };
 

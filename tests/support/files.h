@@ -20,7 +20,7 @@ void put(Bytes &to, Number number, int bytes) {
         to.push_back(static_cast<std::uint8_t>(left));
 }
 inline void put(Bytes &to, const Bytes &bytes) {
-    to.insert(to.end(), bytes.begin(), bytes.end());
+    for (const std::uint8_t byte : bytes) to.push_back(byte);
 }
 
 inline void write_file(const std::string &name, const Bytes &bytes) {

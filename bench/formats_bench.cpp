@@ -1,0 +1,201 @@
+// Pictures and films of a 640 x 480 screen, coded and decoded, beside a memcpy of the same pixels.
+#include <benchmark/benchmark.h>
+
+#include <cstring>
+#include <filesystem>
+#include <random>
+
+#include "bench/flic_film.h"
+#include "inkstone/compressed_image.h"
+#include "inkstone/flic.h"
+#include "inkstone/pcx.h"
+#if defined(HAS_FLIC_PEER)
+#include "bench/flic_peer.h"
+#endif
+
+namespace {
+
+using flic::Picture;
+using test::Bytes;
+using test::put;
+
+constexpr int kWidth = 640, kHeight = 480;
+constexpr std::size_t kPixels = kWidth * kHeight;
+
+// Three kinds of pictures, from what the code is made for to what it is not: flat areas with outlines, as
+// drawn backgrounds have; shaded areas with dithering, as rendered ones have; noise.
+enum Kind { kDrawn, kDithered, kNoise };
+
+Picture picture(Kind kind, unsigned seed = 1) {
+    Picture made{kWidth, kHeight};
+    std::mt19937 random(seed);
+    for (int y = 0; y < kHeight; ++y) {
+        std::uint8_t colour = static_cast<std::uint8_t>(random());
+        for (int x = 0; x < kWidth; ++x) {
+            std::uint8_t &pixel = made.pixels[static_cast<std::size_t>(y * kWidth + x)];
+            switch (kind) {
+                case kDrawn:
+                    if (random() % 24 == 0) colour = static_cast<std::uint8_t>(random());
+                    pixel = colour;
+                    break;
+                case kDithered:
+                    pixel = static_cast<std::uint8_t>(64 + x / 10 + y / 16 + (random() % 3));
+                    break;
+                case kNoise: pixel = static_cast<std::uint8_t>(random()); break;
+            }
+        }
+    }
+    return made;
+}
+
+const char *name(Kind kind) {
+    constexpr const char *kNames[] = {"drawn", "dithered", "noise"};
+    return kNames[kind];
+}
+
+void count_pixels(benchmark::State &state, std::size_t pixels) {
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(pixels));
+}
+
+void copy_pixels(benchmark::State &state) {
+    const Picture from = picture(kNoise);
+    Bytes to(kPixels);
+    for (auto _ : state) {
+        std::memcpy(to.data(), from.pixels.data(), kPixels);
+        benchmark::DoNotOptimize(to.data());
+        benchmark::ClobberMemory();
+    }
+    count_pixels(state, kPixels);
+}
+BENCHMARK(copy_pixels)->Name("formats/memcpy");
+
+struct Compressed {
+    explicit Compressed(Kind kind) : block(16 + 2 * kPixels) {
+        put(image, kWidth, 2);
+        put(image, kHeight, 2);
+        put(image, picture(kind).pixels);
+        fnCompressImage(image.data(), block.data(), 0);
+    }
+    Bytes image, block;
+};
+
+void compress(benchmark::State &state) {
+    Compressed picture(static_cast<Kind>(state.range(0)));
+    for (auto _ : state) fnCompressImage(picture.image.data(), picture.block.data(), 0);
+    state.SetLabel(name(static_cast<Kind>(state.range(0))));
+    count_pixels(state, kPixels);
+}
+BENCHMARK(compress)->Name("formats/cimg_compress")->DenseRange(kDrawn, kNoise);
+
+void expand(benchmark::State &state) {
+    Compressed picture(static_cast<Kind>(state.range(0)));
+    for (auto _ : state) fnUncompressImage(picture.block.data(), picture.image.data());
+    state.SetLabel(name(static_cast<Kind>(state.range(0))));
+    count_pixels(state, kPixels);
+}
+BENCHMARK(expand)->Name("formats/cimg_expand")->DenseRange(kDrawn, kNoise);
+
+// The same expansion one byte at a time, as the code is usually read.
+void expand_by_the_byte(benchmark::State &state) {
+    Compressed picture(static_cast<Kind>(state.range(0)));
+    const std::uint8_t *const end = picture.block.data() + fnGetCompressImageSize(picture.block.data());
+    for (auto _ : state) {
+        std::uint8_t *to = &picture.image[4];
+        for (const std::uint8_t *from = &picture.block[16]; from < end;) {
+            int count = 1;
+            if (*from >= 0xC0) count = *from++ & 0x3F;
+            for (const std::uint8_t pixel = *from++; count > 0; --count) *to++ = pixel;
+        }
+        benchmark::ClobberMemory();
+    }
+    state.SetLabel(name(static_cast<Kind>(state.range(0))));
+    count_pixels(state, kPixels);
+}
+BENCHMARK(expand_by_the_byte)->Name("formats/cimg_expand_by_the_byte")->DenseRange(kDrawn, kNoise);
+
+void read_pcx(benchmark::State &state) {
+    Picture shown = picture(static_cast<Kind>(state.range(0)));
+    const std::string file = std::filesystem::temp_directory_path() / "ink-bench.pcx";
+    PCX_save_file(file.c_str(), 0, 0, kWidth, kHeight, shown.pixels.data(), kWidth, 0);
+    for (auto _ : state) PCX_read_file(file.c_str(), shown.pixels.data());
+    std::filesystem::remove(file);
+    state.SetLabel(name(static_cast<Kind>(state.range(0))));
+    count_pixels(state, kPixels);
+}
+BENCHMARK(read_pcx)->Name("formats/pcx_read_file")->DenseRange(kDrawn, kNoise);
+
+// A picture of which every other eighth row band is new: what a film changes from frame to frame.
+Picture changed(const Picture &before) {
+    Picture now = before;
+    const Picture other = picture(kDrawn, 2);
+    for (int y = 0; y < kHeight; ++y)
+        if (y / 60 % 2 == 0)
+            std::copy(other.row(y) + 100, other.row(y) + 500,
+                      &now.pixels[static_cast<std::size_t>(y * kWidth + 100)]);
+    return now;
+}
+
+Bytes film_frame(int type) {
+    const Picture before = picture(kDrawn), now = changed(before);
+    switch (type) {
+        case flic::BYTE_RUN: return flic::frame({flic::chunk(type, flic::byte_run(now))});
+        case flic::DELTA_FLI: return flic::frame({flic::chunk(type, flic::delta_fli(now, before))});
+        case flic::DELTA_FLC: return flic::frame({flic::chunk(type, flic::delta_flc(now, before))});
+        default: return flic::frame({flic::chunk(type, flic::copy(now))});
+    }
+}
+
+// How many pixels a frame of this kind paints, all but a few of them.
+std::size_t painted(int type) {
+    return type == flic::DELTA_FLI || type == flic::DELTA_FLC ? 240 * 400 : kPixels;
+}
+
+const char *chunk_name(int type) {
+    switch (type) {
+        case flic::BYTE_RUN: return "BYTE_RUN";
+        case flic::DELTA_FLI: return "DELTA_FLI";
+        case flic::DELTA_FLC: return "DELTA_FLC";
+        default: return "FLI_COPY";
+    }
+}
+
+void play_frame(benchmark::State &state) {
+    const int type = static_cast<int>(state.range(0));
+    Bytes film = flic::file_header(1, kWidth, kHeight), screen(kPixels);
+    put(film, film_frame(type));
+    const std::string file = std::filesystem::temp_directory_path() / "ink-bench.flc";
+    test::write_file(file, film);
+    FLIC_open_flic_file(file.c_str(), 0, screen.data());
+    if (FLIC_read_flic_data() != 0) state.SkipWithError("the film cannot be read");
+    for (auto _ : state) FLIC_play_flic_frame();
+    FLIC_close_flic_file();
+    std::filesystem::remove(file);
+    state.SetLabel(chunk_name(type));
+    count_pixels(state, painted(type));
+}
+BENCHMARK(play_frame)
+    ->Name("formats/flic_frame")
+    ->Arg(flic::BYTE_RUN)
+    ->Arg(flic::DELTA_FLI)
+    ->Arg(flic::DELTA_FLC)
+    ->Arg(flic::FLI_COPY);
+
+#if defined(HAS_FLIC_PEER)
+void play_frame_libavcodec(benchmark::State &state) {
+    const int type = static_cast<int>(state.range(0));
+    const Bytes frame = film_frame(type);
+    flic::Peer peer(flic::file_header(1, kWidth, kHeight), kWidth, kHeight);
+    for (auto _ : state)
+        if (!peer.decode(frame)) state.SkipWithError("the frame is refused");
+    state.SetLabel(chunk_name(type));
+    count_pixels(state, painted(type));
+}
+BENCHMARK(play_frame_libavcodec)
+    ->Name("formats/flic_frame_libavcodec")
+    ->Arg(flic::BYTE_RUN)
+    ->Arg(flic::DELTA_FLI)
+    ->Arg(flic::DELTA_FLC)
+    ->Arg(flic::FLI_COPY);
+#endif
+
+}  // namespace
