@@ -10,6 +10,7 @@
 
 #include "inkstone/mac.h"
 #include "inkstone/runtime.h"
+#include "support/script.h"
 
 #if defined(INKSTONE_BENCH_LUA)
 #include <lua.hpp>
@@ -20,31 +21,16 @@ namespace {
 constexpr std::int32_t kTurns = 100000;
 constexpr std::int64_t kInstructionsPerTurn = 4;
 
-std::string word(std::int32_t value) {
-    return std::string(reinterpret_cast<const char *>(&value), 4);
-}
-std::string constant(std::int32_t value) {
-    return '#' + word(value);
-}
-std::string variable(std::int32_t index) {
-    return '@' + word(index);
-}
-std::string instruction(char opcode, const std::string &operands) {
-    return std::string{opcode, static_cast<char>(operands.size())} + operands;
-}
-
 void load_script() {
-    const std::string reset = instruction(17, constant(0) + constant(0));
-    const std::string body =
-        instruction(18, constant(1) + variable(0)) + instruction(18, constant(0) + constant(1));
+    using namespace test;
+    const std::string reset = op(17, constant(0) + constant(0));
+    const std::string body = op(18, constant(1) + variable(0)) + op(18, constant(0) + constant(1));
     const auto loop = static_cast<std::int32_t>(reset.size());
     const std::int32_t end = loop + 17 + static_cast<std::int32_t>(body.size()) + 6;
-    const std::string code = reset + instruction(2, word(end) + constant(0) + '<' + constant(kTurns)) + body +
-                             instruction(13, word(loop)) + instruction(1, "");
-    const std::string file = std::string(12, '\0') + word(static_cast<std::int32_t>(code.size())) + word(0) +
-                             word(1) + word(0) + code;
+    const std::string procedure =
+        reset + op(2, word(end) + constant(0) + '<' + constant(kTurns)) + body + op(13, word(loop)) + op(1);
     const auto place = std::filesystem::temp_directory_path();
-    std::ofstream(place / "bench.mac", std::ios::binary) << file;
+    std::ofstream(place / "bench.mac", std::ios::binary) << script_file({procedure});
     MAC_init(place.c_str(), place.c_str(), 16, nullptr);
     MAC_load("bench.mac");
     std::filesystem::remove(place / "bench.mac");

@@ -74,9 +74,6 @@ TEST(Assembler, WritesEachStatement) {
 TEST(Assembler, LaysTheTableAndTheHeaderOut) {
     const std::string code =
         op(14, constant(3)) + op(13, word(0)) + op(14, constant(4)) + op(13, word(7 + 6)) + op(1);
-    const std::string source =
-        "proc main\n call last\n.a: goto main\nproc 3: call last\n.a: goto twin\n"
-        "proc 0x4 last:\n return\n";
     EXPECT_EQ(
         build("proc main\n call 3\n goto main\nproc 3 twin\n call last\n goto twin\nproc last\n return\n"),
         std::string(12, '\0') + word(static_cast<std::int32_t>(code.size())) + word(0) + word(5) + word(0) +
