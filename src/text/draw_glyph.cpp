@@ -15,42 +15,56 @@ namespace {
 // Columns of a drawn row as bits, the leftmost in bit 63. The widest character, 24 pixels in double size with
 // outline and shadow, takes 51.
 using Bits = std::uint64_t;
-// Eight pixels as they stand in memory.
-using Pixels = std::uint64_t;
 
-enum class Outline { none, flat, patterned };
+// The copies of a glyph that make its outline, in the order in which they are drawn.
+enum Copy { kLeft, kRight, kUpper, kLower, kCopies };
 
-constexpr std::size_t kCopies = 4;  // left, right, upper, lower
-enum { kLeft, kRight, kUpper, kLower };
+// Pixels as they stand in memory: as many as a word or a vector register of any processor holds.
+using Word = std::uint64_t;
+using Pixels [[gnu::vector_size(16)]] = std::uint8_t;
+constexpr std::size_t kWide = sizeof(Pixels), kNarrow = sizeof(Word);
 
-Pixels load(const std::uint8_t *from) {
-    Pixels pixels;
+template <typename T>
+T load(const std::uint8_t *from) {
+    T pixels;
     std::memcpy(&pixels, from, sizeof pixels);
     return pixels;
 }
-void store(std::uint8_t *to, Pixels pixels) {
+template <typename T>
+void store(std::uint8_t *to, T pixels) {
     std::memcpy(to, &pixels, sizeof pixels);
 }
-Pixels eight_of(std::uint8_t colour) {
-    return colour * Pixels{0x0101010101010101};
+template <typename T>
+T filled(std::uint8_t colour) {
+    std::array<std::uint8_t, sizeof(T)> bytes;
+    bytes.fill(colour);
+    return load<T>(bytes.data());
 }
 
 // For each byte of bits, leftmost pixel in bit 7, the eight pixels that are 0xFF where the bit is set.
 constexpr auto kMasks = [] {
-    std::array<Pixels, 256> masks{};
+    std::array<Word, 256> masks{};
     for (std::size_t bits = 0; bits < masks.size(); ++bits) {
-        std::array<std::uint8_t, 8> bytes{};
+        std::array<std::uint8_t, kNarrow> bytes{};
         for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = (bits >> (7 - i)) & 1 ? 0xFF : 0;
-        masks[bits] = std::bit_cast<Pixels>(bytes);
+        masks[bits] = std::bit_cast<Word>(bytes);
     }
     return masks;
 }();
 
-// Pixels chunk x 8 to chunk x 8 + 7 of a row.
-Pixels mask(Bits row, std::size_t chunk) {
-    return kMasks[(row >> (56 - 8 * chunk)) & 0xFF];
+// The mask of the pixels of row from column at on.
+template <typename T>
+T mask(Bits row, std::size_t at) {
+    const Word first = kMasks[row << at >> 56];
+    if constexpr (sizeof(T) == kNarrow) {
+        return first;
+    } else {
+        using Pair [[gnu::vector_size(16)]] = Word;
+        return reinterpret_cast<T>(Pair{first, kMasks[row << at << 8 >> 56]});
+    }
 }
-Pixels select(Pixels where, Pixels colours, Pixels others) {
+template <typename T>
+T select(T where, T colours, T others) {
     return others ^ ((others ^ colours) & where);
 }
 
@@ -74,51 +88,62 @@ struct Layer {
     Layer right() const { return {ink >> 1, background >> 1, shadow >> 1}; }
 };
 
-// What all drawings leave in one row.
-struct Composed {
-    Layer top;
-    std::array<Bits, kCopies> outline{};  // by the copy it is of; all in the first when its colour is flat
+// What all drawings leave in one row, with kOutlines words for the outline: one for each copy when each
+// brings the colours of the pixels it is a copy of, one for all while they have the same colour.
+template <std::size_t kOutlines>
+struct Row : Layer {
+    std::array<Bits, kOutlines> outline{};
 
-    template <Outline kOutline>
-    void draw_over(const Layer &layer, std::size_t copy) {
+    // Draws one copy for the outline over what is there.
+    void draw_copy(const Layer &layer, std::size_t copy) {
         const Bits kept = ~layer.all();
-        top = {0, (top.background & kept) | layer.background, (top.shadow & kept) | layer.shadow};
-        if constexpr (kOutline == Outline::patterned) {
-            for (std::size_t i = 0; i < copy; ++i) outline[i] &= kept;
-            outline[copy] = layer.ink;
-        } else {
-            outline[0] = (outline[0] & kept) | layer.ink;
-        }
+        background = (background & kept) | layer.background;
+        shadow = (shadow & kept) | layer.shadow;
+        for (Bits &bits : outline) bits &= kept;
+        outline[copy % kOutlines] |= layer.ink;
+    }
+    // Draws the glyph itself over its outline.
+    void draw_top(const Layer &layer) {
+        draw_copy(layer, 0);
+        outline[0] &= ~layer.ink;
+        ink = layer.ink;
     }
 };
 
-// One row of a pattern's colours as drawn, readable from column -2 on to two columns past the last whole
-// eight.
+// The colours of one row of a pattern as drawn, readable from a vector's width before the row to one after
+// it.
 class ColourRow {
   public:
     ColourRow(const ColourPattern &pattern, std::size_t row, std::size_t width, bool zoom) {
-        if (pattern.flat()) {
-            colours_ = pattern.at(0);
-        } else if (!zoom) {
-            colours_ = pattern.at(row * width);
-        } else {
+        if (zoom) {
             for (std::size_t i = 0; i < width; ++i)
-                doubled_[kMargin + 2 * i] = doubled_[kMargin + 2 * i + 1] = *pattern.at(row * width + i);
-            colours_ = doubled_.data() + kMargin;
+                doubled_[kWide + 2 * i] = doubled_[kWide + 2 * i + 1] = *pattern.at(row * width + i);
+            colours_ = doubled_.data() + kWide;
+        } else {
+            colours_ = pattern.at(row * width);
         }
     }
     ColourRow(const ColourRow &) = delete;
     ColourRow &operator=(const ColourRow &) = delete;
 
-    Pixels load(std::ptrdiff_t column) const { return text::load(colours_ + column); }
+    const std::uint8_t *at(std::ptrdiff_t column) const { return colours_ + column; }
 
   private:
-    static constexpr std::size_t kMargin = 8;
     const std::uint8_t *colours_;
-    std::array<std::uint8_t, 2 * kMaxGlyphSize + 2 * kMargin> doubled_;
+    std::array<std::uint8_t, 2 * kMaxGlyphSize + 2 * kWide> doubled_{};
 };
 
-template <bool kOpaque, bool kShadow, Outline kOutline>
+// The colours of a row: the same for all its pixels, or one for each, from pointers to that of the first
+// column.
+struct Colours {
+    std::uint8_t background, ink, outline;
+};
+struct PatternedColours {
+    const std::uint8_t *ink = nullptr;
+    std::array<const std::uint8_t *, kCopies> outline{};
+};
+
+template <bool kOpaque, bool kShadow, bool kOutline, bool kPatterned>
 class Drawing {
   public:
     Drawing(const draw::Surface &screen, std::int64_t x, std::int64_t y, const Glyph &glyph, bool zoom,
@@ -127,139 +152,156 @@ class Drawing {
           x_(x),
           y_(y),
           zoom_(zoom),
-          height_(static_cast<int>(glyph.height) << zoom),
           glyph_width_(glyph.width),
+          height_(static_cast<std::int64_t>(glyph.height << zoom)),
           ink_(ink),
           outline_(outline),
-          outline_pixels_(eight_of(outline.first())),
-          background_(eight_of(background)) {
+          colours_{background, ink.first(), outline.first()} {
         const std::size_t width = glyph.width << zoom;
-        cell_ = ~Bits{0} << (64 - width) >> kLead;
-        for (std::size_t i = 0; i < glyph.height; ++i)
-            rows_[i] = (zoom ? double_columns(glyph.rows[i]) : Bits{glyph.rows[i]} << 32) >> kLead;
-        chunks_ = (width + 2 * kLead + kShadow + 7) / 8;
-        clipped_ = x_ < kLead || x_ - kLead + static_cast<std::int64_t>(8 * chunks_) > screen_.width;
+        cell_ = ~Bits{0} << (64 - width) >> kMargin;
+        columns_ = (width + 2 * kMargin + kShadow + kNarrow - 1) / kNarrow * kNarrow;
+        std::size_t row = kBefore;
+        for (std::size_t i = 0; i < glyph.height; ++i) {
+            const Bits bits = (zoom ? double_columns(glyph.rows[i]) : Bits{glyph.rows[i]} << 32) >> kMargin;
+            rows_[row++] = bits;
+            if (zoom) rows_[row++] = bits;
+        }
+        std::fill_n(rows_.begin(), kBefore, 0);
+        std::fill_n(rows_.begin() + static_cast<std::ptrdiff_t>(row), kAfter, 0);
     }
 
     void draw() const {
-        if constexpr (kOutline == Outline::none) {
-            for (int row = 0; row < height_ + kShadow; ++row) paint(row, {single(row), {}});
-        } else {
-            Layer above, here, below = single(-1);
-            for (int row = -1; row <= height_ + kShadow; ++row) {
-                above = here;
-                here = below;
-                below = single(row + 1);
-                paint(row, compose(above, here, below));
-            }
+        const auto first = static_cast<int>(std::max<std::int64_t>(-kMargin, -y_));
+        const auto end = static_cast<int>(std::min(height_ + kMargin + kShadow, screen_.height - y_));
+        const std::int64_t left = x_ - kMargin, right = left + static_cast<std::int64_t>(columns_);
+        if (left >= 0 && right <= screen_.width) {
+            std::uint8_t *line = screen_.at(left, y_ + first);
+            compose(first, end, [&, this](int row, const auto &composed) {
+                paint_row(line, row, composed);
+                line += screen_.width;
+            });
+            return;
         }
+        // Only some of the columns are on the screen: paint on a copy of them.
+        const std::int64_t from = std::max<std::int64_t>(left, 0), to = std::min(right, screen_.width);
+        if (from >= to) return;
+        compose(first, end, [&, this](int row, const auto &composed) {
+            std::uint8_t *const line = screen_.at(0, y_ + row);
+            std::array<std::uint8_t, 64> part{};
+            std::copy(line + from, line + to, part.begin() + (from - left));
+            paint_row(part.data(), row, composed);
+            std::copy_n(part.begin() + (from - left), to - from, line + from);
+        });
     }
 
   private:
-    // Column -1 is drawn too when there is an outline.
-    static constexpr int kLead = kOutline == Outline::none ? 0 : 1;
-
-    Bits ink(int row) const {
-        return row >= 0 && row < height_ ? rows_[static_cast<std::size_t>(row >> zoom_)] : 0;
-    }
+    // How many columns and rows are drawn before and after those of the glyph.
+    static constexpr int kMargin = kOutline ? 1 : 0;
+    static constexpr std::size_t kOutlines = !kOutline ? 0 : kPatterned ? kCopies : 1;
+    // Empty rows, to be read around those of the glyph.
+    static constexpr int kBefore = 3, kAfter = 4;
 
     // What one drawing of the glyph leaves in the row. Whatever the size, the pixels of a shadow are written
     // before ink or background can come to stand there, so they stay only where neither does.
-    Layer single(int row) const {
-        Layer layer;
-        layer.ink = ink(row);
-        if constexpr (kOpaque) layer.background = row >= 0 && row < height_ ? cell_ & ~layer.ink : 0;
+    Layer layer(int row) const {
+        const Bits *const here = rows_.data() + kBefore + row;
+        Layer one{*here, 0, 0};
+        if constexpr (kOpaque) one.background = row >= 0 && row < height_ ? cell_ & ~one.ink : 0;
         if constexpr (kShadow) {
-            const Bits above = ink(row - 1);
-            const Bits fallen = zoom_ ? above | above >> 1 | layer.ink >> 1 : above >> 1;
-            layer.shadow = fallen & ~(layer.ink | layer.background);
+            const Bits above = here[-1];
+            const Bits fallen = zoom_ ? above | above >> 1 | one.ink >> 1 : above >> 1;
+            one.shadow = fallen & ~(one.ink | one.background);
         }
-        return layer;
+        return one;
     }
 
-    // The copies of the outline in the order in which they are drawn, and the glyph over them.
-    Composed compose(const Layer &above, const Layer &here, const Layer &below) const {
-        Composed composed;
-        if (x_ > 0) composed.draw_over<kOutline>(here.left(), kLeft);
-        composed.draw_over<kOutline>(here.right(), kRight);
-        if (y_ > 0) composed.draw_over<kOutline>(below, kUpper);
-        composed.draw_over<kOutline>(above, kLower);
-        for (Bits &copy : composed.outline) copy &= ~here.all();
-        composed.top = {here.ink, (composed.top.background & ~here.all()) | here.background,
-                        (composed.top.shadow & ~here.all()) | here.shadow};
-        return composed;
-    }
-
-    ColourRow colours(const ColourPattern &pattern, int row) const {
-        const int inside = std::clamp(row, 0, height_ - 1);
-        return {pattern, static_cast<std::size_t>(inside >> zoom_), glyph_width_, zoom_};
-    }
-
-    // Puts a composed row on the screen.
-    void paint(int row, const Composed &composed) const {
-        const std::int64_t y = y_ + row;
-        if (y < 0 || y >= screen_.height) return;
-        const ColourRow ink = colours(ink_, row);
-        const auto pixels = [&](std::size_t chunk, Pixels under) {
-            const std::ptrdiff_t column = static_cast<std::ptrdiff_t>(8 * chunk) - kLead;
-            if constexpr (kOpaque) under = select(mask(composed.top.background, chunk), background_, under);
-            if constexpr (kShadow) under &= ~mask(composed.top.shadow, chunk);
-            if constexpr (kOutline == Outline::flat)
-                under = select(mask(composed.outline[0], chunk), outline_pixels_, under);
-            if constexpr (kOutline == Outline::patterned)
-                under = outlined(row, chunk, column, composed, under);
-            return select(mask(composed.top.ink, chunk), ink.load(column), under);
-        };
-        const std::int64_t left = x_ - kLead;
-        std::uint8_t *const line = screen_.at(0, y);
-        for (std::size_t chunk = 0; chunk < chunks_; ++chunk) {
-            const std::int64_t at = left + static_cast<std::int64_t>(8 * chunk);
-            if (!clipped_) {
-                store(line + at, pixels(chunk, load(line + at)));
-                continue;
+    // Calls paint with each row from first to the one before end.
+    template <typename Paint>
+    void compose(int first, int end, Paint paint) const {
+        if constexpr (!kOutline) {
+            for (int row = first; row < end; ++row) paint(row, Row<0>{layer(row), {}});
+        } else if (first < end) {
+            Layer above, here = layer(first - 1), below = layer(first);
+            for (int row = first; row < end; ++row) {
+                above = here;
+                here = below;
+                below = layer(row + 1);
+                Row<kOutlines> composed;
+                if (x_ > 0) composed.draw_copy(here.left(), kLeft);
+                composed.draw_copy(here.right(), kRight);
+                if (y_ > 0) composed.draw_copy(below, kUpper);
+                composed.draw_copy(above, kLower);
+                composed.draw_top(here);
+                paint(row, composed);
             }
-            const std::int64_t begin = std::max<std::int64_t>(at, 0), end = std::min(at + 8, screen_.width);
-            if (begin >= end) continue;
-            const std::size_t count = static_cast<std::size_t>(end - begin);
-            std::array<std::uint8_t, 8> part{};
-            std::memcpy(part.data() + (begin - at), line + begin, count);
-            store(part.data(), pixels(chunk, load(part.data())));
-            std::memcpy(line + begin, part.data() + (begin - at), count);
         }
     }
 
-    // Each copy of a patterned outline brings the colours of the pixel it is a copy of.
-    Pixels outlined(int row, std::size_t chunk, std::ptrdiff_t column, const Composed &composed,
-                    Pixels under) const {
-        const ColourRow here = colours(outline_, row), below = colours(outline_, row + 1),
-                        above = colours(outline_, row - 1);
-        under = select(mask(composed.outline[kLeft], chunk), here.load(column + 1), under);
-        under = select(mask(composed.outline[kRight], chunk), here.load(column - 1), under);
-        under = select(mask(composed.outline[kUpper], chunk), below.load(column), under);
-        return select(mask(composed.outline[kLower], chunk), above.load(column), under);
+    [[gnu::always_inline]] void paint_row(std::uint8_t *to, int row, const Row<kOutlines> &composed) const {
+        const auto colours_of = [&](const ColourPattern &pattern, int drawn) {
+            const std::int64_t inside = std::clamp<std::int64_t>(drawn, 0, height_ - 1) >> zoom_;
+            return ColourRow(pattern, static_cast<std::size_t>(inside), glyph_width_, zoom_);
+        };
+        if constexpr (!kPatterned) {
+            paint_columns(to, composed, {});
+        } else if constexpr (!kOutline) {
+            const ColourRow ink = colours_of(ink_, row);
+            paint_columns(to, composed, {ink.at(0), {}});
+        } else {
+            const ColourRow ink = colours_of(ink_, row), here = colours_of(outline_, row),
+                            below = colours_of(outline_, row + 1), above = colours_of(outline_, row - 1);
+            // The first column drawn is the one before the glyph's.
+            paint_columns(to, composed, {ink.at(-1), {here.at(0), here.at(-2), below.at(-1), above.at(-1)}});
+        }
     }
 
-    const draw::Surface &screen_;
+    [[gnu::always_inline]] void paint_columns(std::uint8_t *to, const Row<kOutlines> &row,
+                                              const PatternedColours &patterned) const {
+        std::size_t at = 0;
+        for (; at + kWide <= columns_; at += kWide) paint<Pixels>(to, at, row, patterned);
+        if (at < columns_) paint<Word>(to, at, row, patterned);
+    }
+
+    template <typename T>
+    [[gnu::always_inline]] void paint(std::uint8_t *to, std::size_t at, const Row<kOutlines> &row,
+                                      const PatternedColours &patterned) const {
+        T pixels;
+        if constexpr (kOpaque && !kShadow && !kOutline) {
+            pixels =
+                filled<T>(colours_.background);  // the columns are those of the cell, and all are written
+        } else {
+            pixels = load<T>(to + at);
+            if constexpr (kOpaque)
+                pixels = select(mask<T>(row.background, at), filled<T>(colours_.background), pixels);
+            if constexpr (kShadow) pixels &= ~mask<T>(row.shadow, at);
+        }
+        for (std::size_t i = 0; i < kOutlines; ++i) {
+            T colours;
+            if constexpr (kPatterned)
+                colours = load<T>(patterned.outline[i] + at);
+            else
+                colours = filled<T>(colours_.outline);
+            pixels = select(mask<T>(row.outline[i], at), colours, pixels);
+        }
+        T colours;
+        if constexpr (kPatterned)
+            colours = load<T>(patterned.ink + at);
+        else
+            colours = filled<T>(colours_.ink);
+        store(to + at, select(mask<T>(row.ink, at), colours, pixels));
+    }
+
+    const draw::Surface screen_;
     const std::int64_t x_, y_;
     const bool zoom_;
-    const int height_;
     const std::size_t glyph_width_;
+    const std::int64_t height_;
     const ColourPattern &ink_, &outline_;
-    const Pixels outline_pixels_, background_;
+    const Colours colours_;
     Bits cell_;
-    std::array<Bits, kMaxGlyphSize> rows_;
-    std::size_t chunks_;
-    bool clipped_;
+    std::size_t columns_;  // a whole number of words
+    std::array<Bits, kBefore + 2 * kMaxGlyphSize + kAfter> rows_;
 };
-
-template <bool kOpaque, bool kShadow>
-void draw_outlined(Outline outline, const auto &...arguments) {
-    switch (outline) {
-        case Outline::none: return Drawing<kOpaque, kShadow, Outline::none>(arguments...).draw();
-        case Outline::flat: return Drawing<kOpaque, kShadow, Outline::flat>(arguments...).draw();
-        case Outline::patterned: return Drawing<kOpaque, kShadow, Outline::patterned>(arguments...).draw();
-    }
-}
 
 }  // namespace
 
@@ -283,17 +325,21 @@ void draw_text_glyph(const draw::Surface &screen, std::int64_t x, std::int64_t y
     if (x < -kReach || x > screen.width + kReach || y < -kReach || y > screen.height + kReach) return;
 
     const ColourPattern &ink = slots[static_cast<std::size_t>(style.slot)], &outline = slots[kOutlineSlot];
-    const Outline kind = !style.outline ? Outline::none : outline.flat() ? Outline::flat : Outline::patterned;
-    const auto draw = [&](auto opaque, auto shadow) {
-        draw_outlined<opaque(), shadow()>(kind, screen, x, y, glyph, style.zoom, ink, outline,
-                                          background.colour);
+    const bool patterned = !ink.flat() || (style.outline && !outline.flat());
+    const auto choose = [&](auto... chosen) {
+        Drawing<decltype(chosen)::value...>(screen, x, y, glyph, style.zoom, ink, outline, background.colour)
+            .draw();
     };
-    constexpr std::true_type yes;
-    constexpr std::false_type no;
-    if (background.opaque)
-        style.shadow ? draw(yes, yes) : draw(yes, no);
-    else
-        style.shadow ? draw(no, yes) : draw(no, no);
+    const auto branch = [](bool which, auto &&next) {
+        return which ? next(std::true_type{}) : next(std::false_type{});
+    };
+    branch(background.opaque, [&](auto opaque) {
+        branch(style.shadow, [&](auto shadow) {
+            branch(style.outline, [&](auto outlined) {
+                branch(patterned, [&](auto pattern) { choose(opaque, shadow, outlined, pattern); });
+            });
+        });
+    });
 }
 
 }  // namespace ink::text

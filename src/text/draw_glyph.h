@@ -11,7 +11,7 @@
 namespace ink::text {
 
 // The colours of a slot: the pixel of a glyph in row r and column c takes entry r x (width of the glyph) + c.
-// The row kernels read up to eight entries past either end of a glyph's row and ignore what they read there.
+// The row kernels read a few entries past either end of a glyph's row and ignore what they read there.
 class ColourPattern {
   public:
     // A pattern of one colour.
@@ -24,7 +24,7 @@ class ColourPattern {
     const std::uint8_t *at(std::size_t entry) const { return entries_.data() + kMargin + entry; }
 
   private:
-    static constexpr std::size_t kMargin = 8;
+    static constexpr std::size_t kMargin = 16;
     std::array<std::uint8_t, kMaxGlyphSize * kMaxGlyphSize + 2 * kMargin> entries_{};
     bool flat_ = true;
 };

@@ -27,12 +27,13 @@ inline Glyph font_glyph(std::span<const std::uint8_t> bytes, std::size_t width, 
         std::copy(bytes.begin(), bytes.end(), padded.begin());
         bytes = padded;
     }
-    const std::uint8_t *row = bytes.data();
-    for (std::size_t i = 0; i < height; ++i, row += row_bytes) {
-        glyph.rows[i] = std::uint32_t{row[0]} << 24;
-        if (row_bytes > 1) glyph.rows[i] |= std::uint32_t{row[1]} << 16;
-        if (row_bytes > 2) glyph.rows[i] |= std::uint32_t{row[2]} << 8;
-    }
+    const auto decode = [&](auto row_of) {
+        for (std::size_t i = 0; i < height; ++i) glyph.rows[i] = row_of(bytes.data() + i * row_bytes);
+    };
+    const auto one = [](const std::uint8_t *row) { return std::uint32_t{row[0]} << 24; };
+    const auto two = [one](const std::uint8_t *row) { return one(row) | std::uint32_t{row[1]} << 16; };
+    const auto three = [two](const std::uint8_t *row) { return two(row) | std::uint32_t{row[2]} << 8; };
+    row_bytes == 1 ? decode(one) : row_bytes == 2 ? decode(two) : decode(three);
     return glyph;
 }
 

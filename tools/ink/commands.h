@@ -8,5 +8,6 @@ namespace ink::tool {
 
 void add_mac(CLI::App &app);
 void add_disc(CLI::App &app);
+void add_font(CLI::App &app);
 
 }  // namespace ink::tool

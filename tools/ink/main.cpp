@@ -9,6 +9,7 @@ int main(int argc, char **argv) {
     app.require_subcommand(1);
     ink::tool::add_mac(app);
     ink::tool::add_disc(app);
+    ink::tool::add_font(app);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError &error) {
