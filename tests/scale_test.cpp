@@ -65,7 +65,7 @@ void check(const Call &call, const Pixels &source) {
 
 TEST(Scale, EveryPixelIsTheOneTheDivisionGives) {
     Random random(30);
-    for (int i = 0; i < 1500 && !HasFatalFailure(); ++i) {
+    for (int i = 0; i < 600 && !HasFatalFailure(); ++i) {
         // Enlarged, shrunken a little and a lot; every fourth far larger than the screen.
         const int sw = random(0, i % 3 == 0 ? 300 : 40), sh = random(0, 40);
         const int most = i % 4 == 0 ? (i % 8 == 0 ? kMax : 5000) : 120;

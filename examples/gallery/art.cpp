@@ -63,22 +63,7 @@ int ridge(int x, int width, int phase, int roughness) {
     return wave(angle + phase) + wave(3 * angle + 5 * phase) / 3 + wave(7 * angle + 2 * phase) / roughness;
 }
 
-}  // namespace
-
-Palette make_palette() {
-    Palette palette{};
-    set_ramp(palette, kInk, {3, 4, 7}, {20, 24, 32}, {52, 56, 60});
-    set_ramp(palette, kRed, {14, 1, 3}, {50, 8, 6}, {63, 40, 26});
-    set_ramp(palette, kGold, {20, 9, 2}, {52, 36, 8}, {63, 60, 36});
-    set_ramp(palette, kJade, {2, 12, 11}, {14, 38, 28}, {46, 62, 48});
-    set_ramp(palette, kSky, {2, 4, 14}, {12, 24, 44}, {46, 58, 63});
-    set_ramp(palette, kDusk, {12, 6, 20}, {44, 20, 30}, {63, 48, 36});
-    set_ramp(palette, kPaper, {28, 24, 18}, {52, 47, 38}, {63, 61, 55});
-    PAL_make_system_color(palette.data());
-    return palette;
-}
-
-Image lantern() {
+Image paint_lantern() {
     constexpr int kWidth = 40, kHeight = 60, kRadiusX = 19, kRadiusY = 18, kMiddleX = 20, kMiddleY = 25;
     Image image = make_image(kWidth, kHeight);
     for (int y = 0; y < kHeight; ++y)
@@ -104,7 +89,7 @@ Image lantern() {
     return image;
 }
 
-Image seal() {
+Image paint_seal() {
     // The character for bright, paper on red.
     static constexpr const char *kStrokes[10] = {
         ".......######", "#####..#....#", "#...#..#....#", "#...#..######", "#####..#....#",
@@ -120,6 +105,31 @@ Image seal() {
             image.block[static_cast<std::size_t>(4 + y * kSize + x)] =
                 stroke ? shade(kPaper, 14) : dithered(kRed, 130 - 2 * y, x, y);
         }
+    return image;
+}
+
+}  // namespace
+
+Palette make_palette() {
+    Palette palette{};
+    set_ramp(palette, kInk, {3, 4, 7}, {20, 24, 32}, {52, 56, 60});
+    set_ramp(palette, kRed, {14, 1, 3}, {50, 8, 6}, {63, 40, 26});
+    set_ramp(palette, kGold, {20, 9, 2}, {52, 36, 8}, {63, 60, 36});
+    set_ramp(palette, kJade, {2, 12, 11}, {14, 38, 28}, {46, 62, 48});
+    set_ramp(palette, kSky, {2, 4, 14}, {12, 24, 44}, {46, 58, 63});
+    set_ramp(palette, kDusk, {12, 6, 20}, {44, 20, 30}, {63, 48, 36});
+    set_ramp(palette, kPaper, {28, 24, 18}, {52, 47, 38}, {63, 61, 55});
+    PAL_make_system_color(palette.data());
+    return palette;
+}
+
+const Image &lantern() {
+    static const Image image = paint_lantern();
+    return image;
+}
+
+const Image &seal() {
+    static const Image image = paint_seal();
     return image;
 }
 

@@ -34,8 +34,8 @@ struct Image {
     const std::uint8_t *bitmap() const { return block.data() + 4; }
 };
 
-Image lantern();  // 40 x 60, colour 0 around it
-Image seal();     // 32 x 32, without transparent pixels, and not the same in a mirror
+const Image &lantern();  // 40 x 60, colour 0 around it
+const Image &seal();     // 32 x 32, without transparent pixels, and not the same in a mirror
 
 // Hills by the water under the moon, for any size.
 Bytes landscape(int width, int height);

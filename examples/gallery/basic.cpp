@@ -6,11 +6,6 @@
 namespace gallery {
 namespace {
 
-const Image &lamp() {
-    static const Image image = lantern();
-    return image;
-}
-
 // A picture in the middle of the cell.
 int left_of(const Cell &cell, int width) {
     return cell.x + (cell.width - width) / 2;
@@ -32,7 +27,7 @@ void put_pixel(const Cell &cell) {
 
 void get_pixel(const Cell &cell) {
     // Every pixel of the lantern, read and drawn again as a block of three by two.
-    BUF_put_image(cell.x + 4, top_of(cell, 60), lamp().block.data(), cell.screen);
+    BUF_put_image(cell.x + 4, top_of(cell, 60), lantern().block.data(), cell.screen);
     for (int y = 0; y < 30; ++y)
         for (int x = 0; x < 20; ++x) {
             const int colour = BUF_get_pixel(cell.x + 4 + x * 2, top_of(cell, 60) + y * 2, cell.screen);
@@ -68,30 +63,30 @@ void dash_box(const Cell &cell) {
 
 void change_color(const Cell &cell) {
     for (int i = 0; i < 2; ++i)
-        BUF_put_image(cell.x + 8 + i * 60, top_of(cell, 60), lamp().block.data(), cell.screen);
+        BUF_put_image(cell.x + 8 + i * 60, top_of(cell, 60), lantern().block.data(), cell.screen);
     for (int i = 0; i < kShades; ++i)
         BUF_change_color(cell.x + 60, cell.y, cell.right(), cell.bottom(), kRed + i, kJade + i, cell.screen);
 }
 
 void put_image(const Cell &cell) {
     checkered_ground(cell);
-    BUF_put_image(left_of(cell, 40), top_of(cell, 60), lamp().block.data(), cell.screen);
+    BUF_put_image(left_of(cell, 40), top_of(cell, 60), lantern().block.data(), cell.screen);
 }
 
 void pest_image(const Cell &cell) {
     checkered_ground(cell);
-    BUF_pest_image(left_of(cell, 40), top_of(cell, 60), lamp().block.data(), cell.screen);
+    BUF_pest_image(left_of(cell, 40), top_of(cell, 60), lantern().block.data(), cell.screen);
 }
 
 void put_bitmap(const Cell &cell) {
     // The rows of the lantern from its body on.
     checkered_ground(cell);
-    BUF_put_bitmap(left_of(cell, 40), top_of(cell, 40), 40, 40, lamp().bitmap() + 40 * 5, cell.screen);
+    BUF_put_bitmap(left_of(cell, 40), top_of(cell, 40), 40, 40, lantern().bitmap() + 40 * 5, cell.screen);
 }
 
 void pest_bitmap(const Cell &cell) {
     checkered_ground(cell);
-    BUF_pest_bitmap(left_of(cell, 40), top_of(cell, 40), 40, 40, lamp().bitmap() + 40 * 5, cell.screen);
+    BUF_pest_bitmap(left_of(cell, 40), top_of(cell, 40), 40, 40, lantern().bitmap() + 40 * 5, cell.screen);
 }
 
 // The picture drawn at the upper left is taken and put down again elsewhere.
@@ -145,7 +140,7 @@ void memory_put_image(const Cell &cell) {
     checkered_ground(cell);
     Memory memory(cell);
     for (int i = 0; i < 3; ++i)
-        MEM_put_image(-12 + i * 48, 6 + i * 20, lamp().block.data(), memory.data(), memory.width(),
+        MEM_put_image(-12 + i * 48, 6 + i * 20, lantern().block.data(), memory.data(), memory.width(),
                       memory.height());
 }
 
@@ -153,7 +148,7 @@ void memory_pest_image(const Cell &cell) {
     checkered_ground(cell);
     Memory memory(cell);
     for (int i = 0; i < 3; ++i)
-        MEM_pest_image(-12 + i * 48, 6 + i * 20, lamp().block.data(), memory.data(), memory.width(),
+        MEM_pest_image(-12 + i * 48, 6 + i * 20, lantern().block.data(), memory.data(), memory.width(),
                        memory.height());
 }
 
@@ -161,7 +156,7 @@ void memory_put_bitmap(const Cell &cell) {
     checkered_ground(cell);
     Memory memory(cell);
     for (int i = 0; i < 3; ++i)
-        MEM_put_bitmap(-12 + i * 48, 10 + i * 24, 40, 38, lamp().bitmap() + 40 * 6, memory.data(),
+        MEM_put_bitmap(-12 + i * 48, 10 + i * 24, 40, 38, lantern().bitmap() + 40 * 6, memory.data(),
                        memory.width(), memory.height());
 }
 
@@ -169,7 +164,7 @@ void memory_pest_bitmap(const Cell &cell) {
     checkered_ground(cell);
     Memory memory(cell);
     for (int i = 0; i < 3; ++i)
-        MEM_pest_bitmap(-12 + i * 48, 10 + i * 24, 40, 38, lamp().bitmap() + 40 * 6, memory.data(),
+        MEM_pest_bitmap(-12 + i * 48, 10 + i * 24, 40, 38, lantern().bitmap() + 40 * 6, memory.data(),
                         memory.width(), memory.height());
 }
 
@@ -197,7 +192,7 @@ void operate_image_size(const Cell &cell) {
     // A picture somewhere in an empty buffer, and the rectangle found around it.
     BUF_bar(cell.x, cell.y, cell.right(), cell.bottom(), 0, cell.screen);
     Memory memory(cell);
-    MEM_pest_image(52, 22, lamp().block.data(), memory.data(), memory.width(), memory.height());
+    MEM_pest_image(52, 22, lantern().block.data(), memory.data(), memory.width(), memory.height());
     std::int32_t left = 0, top = 0, right = memory.width(), bottom = memory.height();
     MEM_operate_image_size(&left, &top, &right, &bottom, memory.width(), memory.height(), memory.data());
     MEM_box(left - 1, top - 1, right + 1, bottom + 1, kGold + 13, memory.width(), memory.height(),
@@ -205,9 +200,8 @@ void operate_image_size(const Cell &cell) {
 }
 
 void image_put_image(const Cell &cell) {
-    Image picture = seal();
     Image target = lantern();
-    IMG_put_image(20, 28, picture.block.data(), target.block.data());
+    IMG_put_image(20, 28, seal().block.data(), target.block.data());
     checkered_ground(cell);
     BUF_pest_image(left_of(cell, 40), top_of(cell, 60), target.block.data(), cell.screen);
 }
@@ -217,16 +211,16 @@ void image_pest_image(const Cell &cell) {
     landscape_ground(cell);
     BUF_get_image(cell.x, cell.y, 80, 72, target.data(), cell.screen);
     for (int i = 0; i < 3; ++i)
-        IMG_pest_image(-14 + i * 34, -20 + i * 24, lamp().block.data(), target.data());
+        IMG_pest_image(-14 + i * 34, -20 + i * 24, lantern().block.data(), target.data());
     checkered_ground(cell);
     BUF_put_image(left_of(cell, 80), top_of(cell, 72), target.data(), cell.screen);
 }
 
 void image_get_image_size(const Cell &cell) {
     std::int32_t width = 0, height = 0;
-    const std::int32_t size = IMG_get_image_size(lamp().block.data(), &width, &height);
+    const std::int32_t size = IMG_get_image_size(lantern().block.data(), &width, &height);
     const int x = cell.x + 10, y = top_of(cell, height);
-    BUF_pest_image(x, y, lamp().block.data(), cell.screen);
+    BUF_pest_image(x, y, lantern().block.data(), cell.screen);
     BUF_box(x - 1, y - 1, x + width, y + height, kInk + 9, cell.screen);
     print(cell.right() - 32, y + 6, std::to_string(width) + " x", kPaper + 14, cell.screen);
     print(cell.right() - 32, y + 22, std::to_string(height), kPaper + 14, cell.screen);

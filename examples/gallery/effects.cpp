@@ -10,11 +10,6 @@
 namespace gallery {
 namespace {
 
-const Image &lamp() {
-    static const Image image = lantern();
-    return image;
-}
-
 // Three lanterns across a cell.
 constexpr int kPlaces = 3;
 int place_x(const Cell &cell, int i) {
@@ -28,14 +23,14 @@ void mask_image(const Cell &cell) {
     landscape_ground(cell);
     const int colours[kPlaces] = {kInk + 1, kGold + 12, kPaper + 15};
     for (int i = 0; i < kPlaces; ++i)
-        BUF_mask_pest_image(place_x(cell, i), place_y(cell), lamp().block.data(), cell.screen, colours[i]);
+        BUF_mask_pest_image(place_x(cell, i), place_y(cell), lantern().block.data(), cell.screen, colours[i]);
 }
 
 void outline_image(const Cell &cell) {
     landscape_ground(cell);
     Bytes work(60 * 80 + 4);
     for (int i = 0; i < kPlaces; ++i)
-        BUF_outline_pest_image(place_x(cell, i), place_y(cell), lamp().block.data(), kPaper + 15, i + 1,
+        BUF_outline_pest_image(place_x(cell, i), place_y(cell), lantern().block.data(), kPaper + 15, i + 1,
                                cell.screen, work.data());
 }
 
@@ -44,14 +39,14 @@ void outline_bitmap(const Cell &cell) {
     Bytes work(60 * 80);
     const int colours[kPlaces] = {kGold + 14, kJade + 14, kSky + 15};
     for (int i = 0; i < kPlaces; ++i)
-        BUF_outline_pest_bitmap(place_x(cell, i), place_y(cell), 40, 60, lamp().bitmap(), colours[i], 2,
+        BUF_outline_pest_bitmap(place_x(cell, i), place_y(cell), 40, 60, lantern().bitmap(), colours[i], 2,
                                 cell.screen, work.data());
 }
 
 void mesh_image(const Cell &cell) {
     landscape_ground(cell);
     for (int i = 0; i < kPlaces; ++i)
-        BUF_mesh_pest_image(place_x(cell, i), place_y(cell), lamp().block.data(), 255, cell.screen);
+        BUF_mesh_pest_image(place_x(cell, i), place_y(cell), lantern().block.data(), 255, cell.screen);
 }
 
 void mesh_bitmap(const Cell &cell) {
@@ -59,7 +54,8 @@ void mesh_bitmap(const Cell &cell) {
     landscape_ground(cell);
     const int masks[kPlaces] = {255, 0xFC, 0};
     for (int i = 0; i < kPlaces; ++i)
-        BUF_mesh_pest_bitmap(place_x(cell, i), place_y(cell), 40, 60, lamp().bitmap(), masks[i], cell.screen);
+        BUF_mesh_pest_bitmap(place_x(cell, i), place_y(cell), 40, 60, lantern().bitmap(), masks[i],
+                             cell.screen);
 }
 
 // Glass 0 to 2: dark, as it is and bright, in greys of the ink.
@@ -90,14 +86,14 @@ void glass_mask_image(const Cell &cell) {
     landscape_ground(cell);
     make_glass();
     for (int i = 0; i < kPlaces; ++i)
-        BUF_glass_mask_pest_image(place_x(cell, i), place_y(cell), lamp().block.data(), cell.screen, i);
+        BUF_glass_mask_pest_image(place_x(cell, i), place_y(cell), lantern().block.data(), cell.screen, i);
 }
 
 void glass_mask_bitmap(const Cell &cell) {
     landscape_ground(cell);
     make_glass();
     for (int i = 0; i < kPlaces; ++i)
-        BUF_glass_mask_pest_bitmap(place_x(cell, i), place_y(cell) + 10, 40, 40, lamp().bitmap() + 40 * 5,
+        BUF_glass_mask_pest_bitmap(place_x(cell, i), place_y(cell) + 10, 40, 40, lantern().bitmap() + 40 * 5,
                                    cell.screen, i);
 }
 
@@ -108,8 +104,8 @@ void show_keys(const Cell &cell,
     checkered_ground(cell);
     for (int i = 0; i < kPlaces; ++i) {
         const int colours[kPlaces] = {kRed + 10, kGold + 11, kJade + 10};
-        draw(cell.x + 6 + i * 20, place_y(cell) - 12 + i * 12, lamp().block.data(), cell.screen, colours[i],
-             keys.data());
+        draw(cell.x + 6 + i * 20, place_y(cell) - 12 + i * 12, lantern().block.data(), cell.screen,
+             colours[i], keys.data());
     }
     Bytes part(static_cast<std::size_t>(cell.width / 2 * cell.height));
     BUF_get_bitmap(cell.x, cell.y, cell.width / 2, cell.height, part.data(), keys.data());
@@ -132,31 +128,31 @@ constexpr int kApart = 80;
 
 void reverse_image(const Cell &cell) {
     checkered_ground(cell);
-    BUF_pest_image(left_x(cell), place_y(cell), lamp().block.data(), cell.screen);
+    BUF_pest_image(left_x(cell), place_y(cell), lantern().block.data(), cell.screen);
     Memory memory(cell);
-    MEM_reverse_pest_image(left_x(cell) + kApart - cell.x, place_y(cell) - cell.y, lamp().block.data(),
+    MEM_reverse_pest_image(left_x(cell) + kApart - cell.x, place_y(cell) - cell.y, lantern().block.data(),
                            memory.width(), memory.height(), memory.data());
 }
 
 void reverse_bitmap(const Cell &cell) {
     checkered_ground(cell);
-    BUF_pest_bitmap(left_x(cell), place_y(cell), 40, 40, lamp().bitmap(), cell.screen);
+    BUF_pest_bitmap(left_x(cell), place_y(cell), 40, 40, lantern().bitmap(), cell.screen);
     Memory memory(cell);
-    MEM_reverse_pest_bitmap(left_x(cell) + kApart - cell.x, place_y(cell) - cell.y, 40, 40, lamp().bitmap(),
-                            memory.width(), memory.height(), memory.data());
+    MEM_reverse_pest_bitmap(left_x(cell) + kApart - cell.x, place_y(cell) - cell.y, 40, 40,
+                            lantern().bitmap(), memory.width(), memory.height(), memory.data());
 }
 
 void turn_image(const Cell &cell) {
     checkered_ground(cell);
-    BUF_pest_image(left_x(cell), place_y(cell), lamp().block.data(), cell.screen);
+    BUF_pest_image(left_x(cell), place_y(cell), lantern().block.data(), cell.screen);
     Memory memory(cell);
-    MEM_turn_pest_image(left_x(cell) + kApart - cell.x, place_y(cell) - cell.y, lamp().block.data(),
+    MEM_turn_pest_image(left_x(cell) + kApart - cell.x, place_y(cell) - cell.y, lantern().block.data(),
                         memory.width(), memory.height(), memory.data());
 }
 
 void turn_bitmap(const Cell &cell) {
     checkered_ground(cell);
-    const Image stamp = seal();
+    const Image &stamp = seal();
     BUF_put_image(left_x(cell), place_y(cell) + 12, stamp.block.data(), cell.screen);
     Memory memory(cell);
     MEM_turn_pest_bitmap(left_x(cell) + kApart - cell.x, place_y(cell) + 12 - cell.y, 32, 32, stamp.bitmap(),
@@ -166,17 +162,17 @@ void turn_bitmap(const Cell &cell) {
 // Reflections under the picture.
 void shadow_mask_image(const Cell &cell) {
     landscape_ground(cell);
-    BUF_pest_image(place_x(cell, 1), cell.y, lamp().block.data(), cell.screen);
+    BUF_pest_image(place_x(cell, 1), cell.y, lantern().block.data(), cell.screen);
     Memory memory(cell);
-    MEM_shadow_mask_pest_image(kInk + 2, place_x(cell, 1) - cell.x, 60, lamp().block.data(), memory.width(),
-                               memory.height(), memory.data());
+    MEM_shadow_mask_pest_image(kInk + 2, place_x(cell, 1) - cell.x, 60, lantern().block.data(),
+                               memory.width(), memory.height(), memory.data());
 }
 
 void shadow_mask_bitmap(const Cell &cell) {
     landscape_ground(cell);
-    BUF_pest_bitmap(place_x(cell, 1), cell.y + 10, 40, 45, lamp().bitmap(), cell.screen);
+    BUF_pest_bitmap(place_x(cell, 1), cell.y + 10, 40, 45, lantern().bitmap(), cell.screen);
     Memory memory(cell);
-    MEM_shadow_mask_pest_bitmap(kDusk + 3, place_x(cell, 1) - cell.x, 55, 40, 45, lamp().bitmap(),
+    MEM_shadow_mask_pest_bitmap(kDusk + 3, place_x(cell, 1) - cell.x, 55, 40, 45, lantern().bitmap(),
                                 memory.width(), memory.height(), memory.data());
 }
 
@@ -185,9 +181,9 @@ void shadow_bitmap(const Cell &cell) {
     BUF_bar(cell.x, cell.y + cell.height / 2, cell.right(), cell.bottom(), kPaper + 6, cell.screen);
     Bytes work(50 * 45);
     for (int i = 0; i < kPlaces; ++i) {
-        BUF_shadow_pest_bitmap(place_x(cell, i), place_y(cell) + 6, 40, 60, lamp().bitmap(), cell.screen,
+        BUF_shadow_pest_bitmap(place_x(cell, i), place_y(cell) + 6, 40, 60, lantern().bitmap(), cell.screen,
                                work.data());
-        BUF_pest_image(place_x(cell, i), place_y(cell) + 6, lamp().block.data(), cell.screen);
+        BUF_pest_image(place_x(cell, i), place_y(cell) + 6, lantern().block.data(), cell.screen);
     }
 }
 

@@ -33,7 +33,7 @@ void pump() {
 
 Bytes night_scene() {
     Bytes pixels = landscape(kViewWidth, kViewHeight);
-    const Image lamp = lantern();
+    const Image &lamp = lantern();
     MEM_pest_image(8, 84, lamp.block.data(), pixels.data(), kViewWidth, kViewHeight);
     MEM_pest_image(66, 60, lamp.block.data(), pixels.data(), kViewWidth, kViewHeight);
     return pixels;

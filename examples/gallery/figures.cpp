@@ -9,18 +9,14 @@
 namespace gallery {
 namespace {
 
-const Image &lamp() {
-    static const Image image = lantern();
-    return image;
-}
-
 // The same picture from half its size to three times.
 using ScaleImage = void (*)(int32_t, int32_t, int32_t, int32_t, const uint8_t *, uint8_t *);
 void show_scaled(const Cell &cell, ScaleImage scale) {
     checkered_ground(cell);
     int x = cell.x + 6;
     for (const int halves : {1, 2, 5}) {
-        scale(x, cell.bottom() - 8 - 30 * halves, 20 * halves, 30 * halves, lamp().block.data(), cell.screen);
+        scale(x, cell.bottom() - 8 - 30 * halves, 20 * halves, 30 * halves, lantern().block.data(),
+              cell.screen);
         x += 20 * halves + 8;
     }
 }
@@ -46,7 +42,7 @@ void scale_pest_bitmap(const Cell &cell) {
     landscape_ground(cell);
     for (int i = 0; i < 5; ++i)
         BUF_scale_pest_bitmap(cell.x + 4 + i * 38, cell.y + 10 + i * 14, 34, 150 - i * 28, 40, 60,
-                              lamp().bitmap(), cell.screen);
+                              lantern().bitmap(), cell.screen);
 }
 
 // The zoom fills a screen: its picture is shown at a third of the size.
