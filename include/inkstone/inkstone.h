@@ -6,6 +6,7 @@
 #include "bitio.h"
 #include "can.h"
 #include "cdaudio.h"
+#include "chine.h"
 #include "compressed_image.h"
 #include "draw.h"
 #include "effect.h"
