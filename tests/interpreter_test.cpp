@@ -17,6 +17,19 @@ using namespace test;
 constexpr std::int32_t kVariables = 8;
 constexpr int kMostSteps = 3000;
 
+// The game's commands, on either side: what they read is told by the opcode.
+template <class Reader>
+std::int32_t command(Reader &reader, int opcode, std::string &trace) {
+    trace += 'c' + std::to_string(opcode);
+    for (int kinds = opcode - 24; kinds > 0; kinds /= 4) {
+        if (kinds % 4 == 0) trace += 'n' + std::to_string(reader.number());
+        if (kinds % 4 == 1) trace += 'l' + std::to_string(reader.read(4));
+        if (kinds % 4 == 2) trace += 'b' + std::to_string(reader.read(1));
+        if (kinds % 4 == 3) trace += 's' + reader.string().value_or("-");
+    }
+    return opcode % 16 == 15 ? opcode : 0;
+}
+
 struct Naive {
     std::string code;
     std::vector<std::int32_t> table;
@@ -51,18 +64,6 @@ struct Naive {
         return code.substr(static_cast<std::size_t>(cursor) - length, length).c_str();
     }
 
-    // The game's commands: what they read is told by the opcode.
-    std::int32_t command(int opcode) {
-        trace += 'c' + std::to_string(opcode);
-        for (int kinds = opcode - 24; kinds > 0; kinds /= 4) {
-            if (kinds % 4 == 0) trace += 'n' + std::to_string(number());
-            if (kinds % 4 == 1) trace += 'l' + std::to_string(read(4));
-            if (kinds % 4 == 2) trace += 'b' + std::to_string(static_cast<std::uint8_t>(read(1)));
-            if (kinds % 4 == 3) trace += 's' + string().value_or("-");
-        }
-        return opcode % 16 == 15 ? opcode : 0;
-    }
-
     std::int32_t leave(std::int64_t address) {
         log += "MAC address " + std::to_string(address) + " outside code\n";
         return -2;
@@ -81,7 +82,7 @@ struct Naive {
             position = cursor + at(position + 1);
             outside = false;
             if (opcode >= 24) {
-                const std::int32_t result = command(opcode);
+                const std::int32_t result = command(*this, opcode, trace);
                 if (result != 0) return result;
                 if (outside) return leave(size());
                 continue;
@@ -202,21 +203,15 @@ class Generator {
     std::mt19937 random_;
 };
 
-std::string trace;
-
-std::int32_t command(std::uint8_t opcode) {
-    trace += 'c' + std::to_string(opcode);
-    for (int kinds = opcode - 24; kinds > 0; kinds /= 4) {
-        if (kinds % 4 == 0) trace += 'n' + std::to_string(MAC_get_number());
-        if (kinds % 4 == 1) trace += 'l' + std::to_string(MAC_get_long());
-        if (kinds % 4 == 2) trace += 'b' + std::to_string(MAC_get_char());
-        if (kinds % 4 == 3) {
-            const char *string = MAC_get_string();
-            trace += string != nullptr ? std::string("s") + string : "s-";
-        }
+struct Library {
+    std::int32_t number() { return MAC_get_number(); }
+    std::int32_t read(int count) { return count == 1 ? MAC_get_char() : MAC_get_long(); }
+    std::optional<std::string> string() {
+        const char *text = MAC_get_string();
+        return text != nullptr ? std::optional<std::string>(text) : std::nullopt;
     }
-    return opcode % 16 == 15 ? opcode : 0;
-}
+} library;
+std::string library_trace;
 
 TEST(Interpreter, AgreesWithANaiveOne) {
     std::map<std::int32_t, int> results;
@@ -230,12 +225,14 @@ TEST(Interpreter, AgreesWithANaiveOne) {
         ++results[*expected];
 
         write_text("a.mac", script_file(naive.table, naive.code));
-        ASSERT_EQ(MAC_init("", "", kVariables, command), 0);
+        ASSERT_EQ(MAC_init("", "", kVariables,
+                           [](std::uint8_t opcode) { return command(library, opcode, library_trace); }),
+                  0);
         ASSERT_EQ(MAC_load("a.mac"), 0);
         take_log();
-        trace.clear();
+        library_trace.clear();
         ASSERT_EQ(MAC_driver(0), *expected) << seed;
-        ASSERT_EQ(trace, naive.trace) << seed;
+        ASSERT_EQ(library_trace, naive.trace) << seed;
         ASSERT_EQ(take_log(), naive.log) << seed;
         std::vector<std::int32_t> record(23 + kVariables);
         MAC_export_info(record.data());
