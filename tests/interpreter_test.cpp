@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <map>
-#include <optional>
 #include <random>
 
 #include "inkstone/mac.h"
@@ -16,19 +15,6 @@ using namespace test;
 
 constexpr std::int32_t kVariables = 8;
 constexpr int kMostSteps = 3000;
-
-// The game's commands, on either side: what they read is told by the opcode.
-template <class Reader>
-std::int32_t command(Reader &reader, int opcode, std::string &trace) {
-    trace += 'c' + std::to_string(opcode);
-    for (int kinds = opcode - 24; kinds > 0; kinds /= 4) {
-        if (kinds % 4 == 0) trace += 'n' + std::to_string(reader.number());
-        if (kinds % 4 == 1) trace += 'l' + std::to_string(reader.read(4));
-        if (kinds % 4 == 2) trace += 'b' + std::to_string(reader.read(1));
-        if (kinds % 4 == 3) trace += 's' + reader.string().value_or("-");
-    }
-    return opcode % 16 == 15 ? opcode : 0;
-}
 
 struct Naive {
     std::string code;
@@ -203,14 +189,7 @@ class Generator {
     std::mt19937 random_;
 };
 
-struct Library {
-    std::int32_t number() { return MAC_get_number(); }
-    std::int32_t read(int count) { return count == 1 ? MAC_get_char() : MAC_get_long(); }
-    std::optional<std::string> string() {
-        const char *text = MAC_get_string();
-        return text != nullptr ? std::optional<std::string>(text) : std::nullopt;
-    }
-} library;
+Library library;
 std::string library_trace;
 
 TEST(Interpreter, AgreesWithANaiveOne) {
