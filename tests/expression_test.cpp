@@ -38,55 +38,51 @@ TEST(Expression, LosesTheFirstTokenAndThoseBeyondThe512th) {
 }
 
 // Random sound texts, whose values are worked out while they are made.
-class Sum {
-  public:
-    explicit Sum(std::uint32_t seed) : random_(seed) {}
+struct Maker {
+    std::string text;
+    std::mt19937 random;
+
+    bool chance() { return random() % 3 == 0; }
     std::uint32_t sum(int depth) {
         std::uint32_t value = product(depth);
-        while (random_() % 3 == 0) {
-            const bool plus = random_() % 2 == 0;
+        while (chance()) {
+            const bool plus = random() % 2 == 0;
             text += plus ? '+' : '-';
-            const std::uint32_t next = product(depth);
-            value = plus ? value + next : value - next;
+            value += product(depth) * (plus ? 1U : ~0U);
         }
         return value;
     }
-    std::string text;
-
-  private:
     std::uint32_t product(int depth) {
         std::uint32_t value = factor(depth);
-        while (random_() % 3 == 0) {
-            const bool times = random_() % 2 == 0;
-            text += times ? '*' : '/';
-            if (times) {
+        while (chance()) {
+            if (chance()) {
+                text += '*';
                 value *= factor(depth);
             } else {  // by a number that is not 0
-                text += std::to_string(random_() % 9 + 1);
+                text += '/' + std::to_string(random() % 9 + 1);
                 value = static_cast<std::uint32_t>(static_cast<std::int32_t>(value) / (text.back() - '0'));
             }
         }
         return value;
     }
     std::uint32_t factor(int depth) {
-        if (depth < 6 && random_() % 3 == 0) {
-            text += '(';
-            const std::uint32_t value = sum(depth + 1);
-            text += ')';
+        if (depth == 6 || !chance()) {
+            const auto value = static_cast<std::uint32_t>(random() >> random() % 32);
+            text += std::to_string(value);
             return value;
         }
-        const auto value = static_cast<std::uint32_t>(random_() >> random_() % 32);
-        text += std::to_string(value);
+        text += '(';
+        const std::uint32_t value = sum(depth + 1);
+        text += ')';
         return value;
     }
-    std::mt19937 random_;
 };
 
 TEST(Expression, OfAnySoundTextIsWorkedOut) {
     for (std::uint32_t seed = 0; seed < 20000; ++seed) {
-        Sum made(seed);
-        const auto value = static_cast<std::int32_t>(made.sum(0));
-        ASSERT_EQ(string_2_number(made.text.c_str()), value) << made.text;
+        Maker maker{"", std::mt19937(seed)};
+        const auto value = static_cast<std::int32_t>(maker.sum(0));
+        ASSERT_EQ(string_2_number(maker.text.c_str()), value) << maker.text;
     }
 }
 

@@ -75,13 +75,12 @@ struct Naive {
             }
             std::int32_t target = 0, first = 0, second = 0;
             int comparison = 0;
-            std::optional<std::string> name;
             if (opcode == 2 || opcode == 13) target = read(4);
             if (opcode == 0 || opcode == 2 || opcode == 14 || (opcode >= 17 && opcode <= 22))
                 first = number();
             if (opcode == 2) comparison = read(1);
             if (opcode == 2 || (opcode >= 17 && opcode <= 22)) second = number();
-            if (opcode == 16) name = string();
+            if (opcode == 16) string();
             if (outside) {
                 cursor = operands;
                 return leave(size());
@@ -159,8 +158,8 @@ class Generator {
   private:
     int below(int limit) { return static_cast<int>(random_() % static_cast<unsigned>(limit)); }
     std::int32_t value() {
-        const std::int32_t extremes[] = {0, -1, INT32_MIN, INT32_MAX, 16000, 1024};
-        return below(4) == 0 ? extremes[below(6)] : below(12) - 2;
+        const std::int32_t extremes[] = {INT32_MIN, INT32_MAX, 16000, 1024};
+        return below(4) == 0 ? extremes[below(4)] : below(12) - 2;
     }
     std::string number() {
         if (below(40) == 0) return "!";
