@@ -8,6 +8,7 @@
 
 #include "inkstone/host.h"
 #include "inkstone/mac.h"
+#include "support/script.h"
 
 namespace {
 
@@ -36,16 +37,9 @@ std::int32_t command(std::uint8_t opcode) {
         case 31: MAC_set_variable(MAC_get_number(), MAC_get_long()); return 0;
         default: break;
     }
-    std::int32_t sum = 0;
-    for (unsigned kinds = opcode - 32U; kinds != 0; kinds /= 4) {
-        if (kinds % 4 == 0) sum ^= MAC_get_number();
-        if (kinds % 4 == 1) sum ^= MAC_get_long();
-        if (kinds % 4 == 2) sum ^= MAC_get_char();
-        if (kinds % 4 == 3)
-            if (const char *text = MAC_get_string())
-                sum ^= static_cast<std::int32_t>(std::string(text).size());
-    }
-    return opcode % 2 == 0 ? 0 : MAC_get_variable(sum) % 2;
+    std::string trace;
+    test::Library library;
+    return test::command(library, opcode, trace);
 }
 
 LRESULT procedure(HWND, UINT message, WPARAM, LPARAM) {

@@ -84,69 +84,27 @@ TEST(Assembler, LaysTheTableAndTheHeaderOut) {
     EXPECT_EQ(build("file {01 02}\nfile {03}"), "\1\2\3");
 }
 
+// Sources with one fault each, below them the report: the first lines of it, each behind "> ".
 TEST(Assembler, PointsAtWhatIsWrong) {
-    struct {
-        std::string source, report;
-    } const cases[] = {
-        {"  jump x",
-         "2:3: there is no instruction \"jump\"; the game's own are declared with: command 24 jump number\n"
-         "      jump x\n      ^"},
-        {"var a\n\tset a 5", "3:8: expected \",\", found \"5\"\n    \tset a 5\n    \t      ^"},
-        {"say \"\xE4\xBD\xA0\xE5\xA5\xBD\", 1",
-         "2:9: expected the end of the line, found \",\"\n"
-         "    say \"\xE4\xBD\xA0\xE5\xA5\xBD\", 1\n              ^"},
-        {"say \"\xF0\xA0\x80\x80\"", "2:6: there is no Big5 character for \"\xF0\xA0\x80\x80\"\n"},
-        {"say \"x", "2:5: this string has no closing \"\n"},
-        {"say \"\\q\"", "2:6: expected \\n, \\\\, \\\", \\' or \\x and two hexadecimal digits\n"},
-        {"say \"" + std::string(254, 'x') + '"', "2:5: this string takes 254 bytes; there is room for 253\n"},
-        {"note 4294967296", "2:6: this number does not fit in 32 bits\n"},
-        {"note 65536 * 65536", "2:12: the result does not fit in 32 bits\n"},
-        {"note 5 / (2 - 2)", "2:8: division by zero\n"},
-        {"note 12x", "2:8: expected a digit\n"},
-        {"note", "2:5: expected a number or a name, found the end of the line\n"},
-        {"note " + std::string(99, '('), "2:71: too many signs or parentheses inside each other\n"},
-        {"goto nowhere", "2:6: there is no \"nowhere\"\n"},
-        {"proc 1\n.a:\nproc 2\n goto .a", "5:7: there is no \".a\"\n"},
-        {"a:\na:", "3:1: \"a\" is defined already, in dir/a.mas:2\n"},
-        {"set: end", "2:1: \"set\" is a word of the language\n"},
-        {"const .a = 1", "2:7: only labels begin with a dot\n"},
-        {"set 5, 1", "2:5: expected a variable, found \"5\"\n"},
-        {"set N, 1", "2:5: \"N\" is no variable; put # before the index of one\n"},
-        {"set far + 1, 1", "2:5: expected a variable's name\n"},
-        {"note far + 1", "2:6: \"far\" is a variable, whose value is not known here\n"},
-        {"if far == 1 else 0", "2:9: expected a number or a name, found \"=\"\n"},
-        {"if far 1 else 0", "2:8: expected <, =, >, >=, <= or <>, found \"1\"\n"},
-        {"if far = 1", "2:11: expected \"else\", found the end of the line\n"},
-        {"at 1, 256", "2:7: expected 0 to 255\n"},
-        {"at 1, 'xy'", "2:7: expected one character of one byte in quotes\n"},
-        {"command 23 x", "2:9: expected an opcode of the game's, 24 to 255\n"},
-        {"command 24 x", "2:12: opcode 24 is \"say\" already\n"},
-        {"command 99 say", "2:12: \"say\" is an instruction already\n"},
-        {"command 99 x word",
-         "2:14: expected number, variable, procedure, long, char or string, found \"word\"\n"},
-        {"proc 3\nproc 3", "3:6: procedure 3 is defined already\n"},
-        {"proc 65536", "2:6: expected the number of a procedure, 0 to 65535\n"},
-        {"const A = a\na:", "2:11: there is no \"a\"\n"},
-        {"op 9, \"" + std::string(253, 'x') + "\", 1",
-         "2:1: the operands take 259 bytes; there is room for 255\n"},
-        {"data {0}", "2:7: expected two hexadecimal digits or }\n"},
-        {"data {", "2:6: these bytes have no closing }\n"},
-        {"stop\nfile {00}",
-         "3:1: a source that gives the whole file has no procedures and no instructions\n"},
-        {"file {00}\nstop",
-         "3:1: a source that gives the whole file has no procedures and no instructions\n"},
-        {"note ?", "2:6: expected a name, a number, a string or an operator\n"},
-        {"include \"none.mas\"", "2:9: cannot read dir/none.mas\n"},
-    };
-    for (const auto &c : cases) {
+    std::istringstream file(read_text(TEST_DATA "/script/errors.txt"));
+    int count = 0;
+    std::string source, report;
+    for (std::string line; std::getline(file, line);) {
+        const bool reported = line.starts_with("> ");
+        (reported ? report : source) += (reported ? line.substr(2) : line) + '\n';
+        if (!reported || file.peek() == '>') continue;
         try {
-            assemble("dir/a.mas", "include \"commands.mas\"\n" + c.source, read);
-            ADD_FAILURE() << c.source;
+            assemble("dir/a.mas", "include \"commands.mas\"\n" + source, read);
+            ADD_FAILURE() << source;
         } catch (const ink::mac::SourceError &error) {
-            const std::string report = "dir/a.mas:" + c.report;
-            EXPECT_EQ(std::string(error.what()).substr(0, report.size()), report) << c.source;
+            report = "dir/a.mas:" + report;
+            EXPECT_EQ((error.what() + std::string("\n")).substr(0, report.size()), report) << source;
         }
+        ++count;
+        source = report = {};
+        std::getline(file, line);
     }
+    EXPECT_EQ(count, 41);
     EXPECT_THROW(assemble("dir/a.mas", "include \"self.mas\"", read), ink::mac::SourceError);
 }
 
@@ -155,7 +113,7 @@ TEST(Disassembler, GivesASourceThatBuildsToTheSameBytes) {
     const auto check = [&](const std::string &bytes, const std::string &expected) {
         const std::vector<std::uint8_t> file(bytes.begin(), bytes.end());
         const std::string source = disassemble(file, declarations, "commands.mas");
-        EXPECT_EQ(source, "include \"commands.mas\"\n" + expected);
+        EXPECT_EQ(source, expected);
         EXPECT_EQ(assemble("dir/b.mas", source, read).file, file);
         EXPECT_EQ(assemble("dir/b.mas", disassemble(file, {}, ""), read).file, file);
     };
@@ -167,22 +125,9 @@ TEST(Disassembler, GivesASourceThatBuildsToTheSameBytes) {
                             op(26, word(1)) + op(5, "ab") + op(99) + "\x0D\x04\0";
     std::string file = script_file({0, 3, static_cast<std::int32_t>(sound.size()), -7, -1}, sound + odd);
     file.replace(12, 4, word(1));
-    check(
-        file,
-        "header -286331154, -286331154, -286331154, -286331154\nsize 1\nprocs 5\nentry 1 = 3\nentry 3 = -7\n"
-        "\nproc 0 proc_0\nat_0000:\n"
-        "    say \"\xE4\xBD\xA0 \\xA7\\\"\\n\"\n    call proc_2\n    give gold, far, proc_0\n"
-        "    if [far] <= @3 else at_0000\n    at 5, '\\''\n"
-        "\nproc 2 proc_2\n    op 17, {23 01 00 00 00}\n    op 17, {23 01 00 00 00 23 02 00 00 00 78}\n"
-        "    op 2, {00 00 00 00 23 00 00 00 00 21 23 00 00 00 00}\n    op 24, {FF}\n    op 26, {01 00 00 "
-        "00}\n"
-        "    op 5, {61 62}\n    op 99\n    data {0D 04}\n");
-    check("", "file {}\n");
-    check(std::string(22, 'x') + '\x7F',
-          "file {78 78 78 78 78 78 78 78 78 78 78 78 78 78 78 78 78 78 78 78 78 78 7F}\n");
-    check(script_file({1, 2}, "").substr(0, 28),
-          disassemble({}, {}, "").substr(0, 5) +
-              "{EE EE EE EE EE EE EE EE EE EE EE EE 00 00 00 00 EE EE EE EE 02 00 00 00 01 00 00 00}\n");
+    check(file, read_text(TEST_DATA "/script/odd.mas"));
+    check("", "include \"commands.mas\"\nfile {}\n");
+    check(std::string(3, '\x7F') + '\1', "include \"commands.mas\"\nfile {7F 7F 7F 01}\n");
 }
 
 // The page that explains the language has an example, which must stay true.

@@ -1,9 +1,12 @@
-// Script files put together byte by byte.
+// Script files put together byte by byte, and commands for them.
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
+
+#include "inkstone/mac.h"
 
 namespace test {
 
@@ -44,5 +47,29 @@ inline std::string script_file(const std::vector<std::string> &procedures) {
     }
     return script_file(table, code);
 }
+
+// The commands of an imaginary game: the opcode tells which operands it reads (two bits each: number, long,
+// char, string) and whether it ends the run. What was read is added to trace.
+template <class Reader>
+std::int32_t command(Reader &reader, int opcode, std::string &trace) {
+    trace += 'c' + std::to_string(opcode);
+    for (int kinds = opcode - 24; kinds > 0; kinds /= 4) {
+        if (kinds % 4 == 0) trace += 'n' + std::to_string(reader.number());
+        if (kinds % 4 == 1) trace += 'l' + std::to_string(reader.read(4));
+        if (kinds % 4 == 2) trace += 'b' + std::to_string(reader.read(1));
+        if (kinds % 4 == 3) trace += 's' + reader.string().value_or("-");
+    }
+    return opcode % 16 == 15 ? opcode : 0;
+}
+
+// Operands as the library reads them.
+struct Library {
+    std::int32_t number() { return MAC_get_number(); }
+    std::int32_t read(int count) { return count == 1 ? MAC_get_char() : MAC_get_long(); }
+    std::optional<std::string> string() {
+        const char *text = MAC_get_string();
+        return text != nullptr ? std::optional<std::string>(text) : std::nullopt;
+    }
+};
 
 }  // namespace test
