@@ -51,10 +51,7 @@ TEST(DiscTool, BuildsADiscOfWaveFilesOfAllKinds) {
     const auto wave = [](const Bytes &format, const Bytes &data) {
         return test::riff(test::chunk("fmt ", format) + test::chunk("data", data));
     };
-    const struct {
-        Bytes file;
-        test::Heard heard;
-    } cases[] = {
+    const std::pair<Bytes, test::Heard> cases[] = {
         {wave(test::pcm(2, 44100, 16), test::words({1, -2, 32767, -32768, 5, 6})),
          {{1, -2}, {32767, -32768}, {5, 6}}},
         {wave(test::pcm(1, 44100, 8), {128, 0, 255}), {{0, 0}, {-32768, -32768}, {32512, 32512}}},
@@ -66,9 +63,9 @@ TEST(DiscTool, BuildsADiscOfWaveFilesOfAllKinds) {
         {wave(test::pcm(1, 22050, 16), test::words(std::vector<int>(600, 1000))), {}},
     };
     std::string names;
-    for (const auto &c : cases) {
+    for (const auto &[file, heard] : cases) {
         const std::string name = std::to_string(names.size()) + ".wav";
-        test::write_file(name, c.file);
+        test::write_file(name, file);
         names += " " + name;
     }
     std::filesystem::create_directory("disc");
@@ -78,7 +75,7 @@ TEST(DiscTool, BuildsADiscOfWaveFilesOfAllKinds) {
     ASSERT_EQ(CDROM_total(), std::ssize(cases));
     EXPECT_EQ(CDROM_track_time(1), 9U);  // one sector, and the gap of eight before the next track
     EXPECT_EQ(CDROM_track_time(6), 3U);  // 1200 frames
-    for (std::int32_t i = 0; i < 6; ++i) EXPECT_EQ(track(i, 3), cases[i].heard) << i;
+    for (std::int32_t i = 0; i < 6; ++i) EXPECT_EQ(track(i, 3), cases[i].second) << i;
     EXPECT_EQ(track(6, 1100)[500], (std::array<std::int16_t, 2>{1000, 1000}));
 }
 
@@ -88,15 +85,13 @@ TEST(DiscTool, PlaysNotes) {
         "tempo 120\nmeter 5/2\nvoice v wave=sine release=0  # a voice\nv A4:1 - C#5+E5:1/2~ | C#5+E5 [ "
         "Bb3:1/4 "
         "- ]3\n");
-    const struct {
-        double beat, frequency;
-    } heard[] = {{0.1, 440},      {2.2, 554.365},  {2.2, 659.255},
-                 {3.05, 233.082}, {3.55, 233.082}, {4.05, 233.082}};
+    const std::pair<double, double> heard[] = {{0.1, 440},      {2.2, 554.365},  {2.2, 659.255},
+                                               {3.05, 233.082}, {3.55, 233.082}, {4.05, 233.082}};
     ASSERT_EQ(sound.size(), 22050U * 9 / 2);
-    for (const auto &h : heard) {
-        const auto from = static_cast<std::size_t>(h.beat * 22050);
-        EXPECT_GT(strength(sound, from, 4000, h.frequency), 3000) << h.beat;
-        EXPECT_LT(strength(sound, from, 4000, h.frequency * 1.1), 2500) << h.beat;
+    for (const auto &[beat, frequency] : heard) {
+        const auto from = static_cast<std::size_t>(beat * 22050);
+        EXPECT_GT(strength(sound, from, 4000, frequency), 3000) << beat;
+        EXPECT_LT(strength(sound, from, 4000, frequency * 1.1), 2500) << beat;
     }
     for (const char *wave : {"triangle", "square", "saw", "pluck"}) {
         const std::vector<int> tone = play(std::string("voice v decay=5000 wave=") + wave + "\nv A4:4\n");

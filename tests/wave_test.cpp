@@ -1,11 +1,11 @@
-// Wave sound: the samples that are heard, the files that load and that do not, and the order of platform
-// calls.
+// Wave sound: the samples that are heard, the files that load and do not, the order of platform calls.
 #include "inkstone/wave.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <numbers>
+#include <tuple>
 
 #include "inkstone/host.h"
 #include "inkstone/runtime.h"
@@ -24,29 +24,25 @@ std::vector<int> noise(std::size_t count) {
         made.push_back(static_cast<int>((state = state * 1664525 + 1013904223) >> 8) % 40000 - 20000);
     return made;
 }
+
 TEST(Wave, IsHeardSampleBySampleAndSummed) {
     DS_init(nullptr);
-    struct Case {
-        int channels, bits;
-        Bytes samples;
-        test::Heard heard;
-    };
-    const Case cases[] = {
+    const std::tuple<int, int, Bytes, test::Heard> cases[] = {
         {1, 8, {128, 255, 0, 64}, {{0, 0}, {32512, 32512}, {-32768, -32768}, {-16384, -16384}}},
         {2, 8, {128, 255, 0, 64}, {{0, 32512}, {-32768, -16384}, {0, 0}, {0, 0}}},
         {1, 16, test::words({1, -2, 32767, -32768}), {{1, 1}, {-2, -2}, {32767, 32767}, {-32768, -32768}}},
         {2, 16, test::words({1, -2, 32767, -32768}), {{1, -2}, {32767, -32768}, {0, 0}, {0, 0}}},
         {2, 16, test::words({1, -2, 3}), {{1, -2}, {0, 0}, {0, 0}, {0, 0}}},  // half a frame is none
     };
-    for (const Case &c : cases) {
-        test::write_file("a.wav", test::wave(c.channels, 44100, c.bits, c.samples));
+    for (const auto &[channels, bits, samples, heard] : cases) {
+        test::write_file("a.wav", test::wave(channels, 44100, bits, samples));
         ASSERT_EQ(DS_load_wave_channel("a.wav", 0), 0);
-        DS_start(0, 0);
-        EXPECT_EQ(DS_status(0), -2);
-        EXPECT_EQ(test::listen(4), c.heard);
-        EXPECT_EQ(DS_status(0), 0);
-        DS_start(0, 0);  // from its start again, since it ended by itself
-        EXPECT_EQ(test::listen(4), c.heard);
+        for (int i = 0; i < 2; ++i) {  // from its start again when it has ended by itself
+            DS_start(0, 0);
+            EXPECT_EQ(DS_status(0), -2);
+            EXPECT_EQ(test::listen(4), heard);
+            EXPECT_EQ(DS_status(0), 0);
+        }
     }
     // Two are summed, and the sum is clamped.
     test::write_wave("a.wav", {1000, -7, 30000, -30000});
@@ -103,18 +99,15 @@ TEST(Wave, VolumeAttenuates) {
     const std::vector<int> sound = noise(500);
     test::write_wave("a.wav", sound);
     DS_load_wave("a.wav");
-    const struct {
-        std::int32_t asked, set;
-        double factor;
-    } cases[] = {{-600, -600, 0.5012}, {-2000, -2000, 0.1}, {500, 0, 1}, {-20000, -10000, 0}, {0, 0, 1}};
-    for (const auto &c : cases) {
+    const std::tuple<int, int, double> cases[] = {
+        {-600, -600, 0.5012}, {-2000, -2000, 0.1}, {500, 0, 1}, {-20000, -10000, 0}, {0, 0, 1}};
+    for (const auto &[asked, set, factor] : cases) {
         test::record_calls();
-        DS_set_volume(0, c.asked);
-        EXPECT_EQ(test::take_calls(), test::Calls{"set_buffer_volume 1 " + std::to_string(c.set)});
+        DS_set_volume(0, asked);
+        EXPECT_EQ(test::take_calls(), test::Calls{"set_buffer_volume 1 " + std::to_string(set)});
         DS_start(0, 0);
         const std::vector<int> heard = test::left(test::listen(500));
-        for (std::size_t i = 0; i < heard.size(); ++i)
-            ASSERT_NEAR(heard[i], sound[i] * c.factor, 1) << c.asked;
+        for (std::size_t i = 0; i < heard.size(); ++i) ASSERT_NEAR(heard[i], sound[i] * factor, 1);
     }
     DS_start(0, 1);
     test::listen(10);
