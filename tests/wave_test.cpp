@@ -1,11 +1,11 @@
-// Wave sound: the samples that are heard, the files that load and that do not, and the order of platform
-// calls.
+// Wave sound: the samples that are heard, the files that load and do not, the order of platform calls.
 #include "inkstone/wave.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <numbers>
+#include <tuple>
 
 #include "inkstone/host.h"
 #include "inkstone/runtime.h"
@@ -17,53 +17,40 @@ namespace {
 using test::Bytes;
 using test::operator+;
 
-std::vector<int> noise(std::size_t count, int amplitude = 20000) {
+std::vector<int> noise(std::size_t count) {
     std::vector<int> made;
     std::uint32_t state = 7;
     for (std::size_t i = 0; i < count; ++i)
-        made.push_back(static_cast<int>((state = state * 1664525 + 1013904223) >> 8) % (2 * amplitude) -
-                       amplitude);
+        made.push_back(static_cast<int>((state = state * 1664525 + 1013904223) >> 8) % 40000 - 20000);
     return made;
 }
-std::vector<int> cut(const std::vector<int> &whole, std::size_t from, std::size_t count) {
-    const auto begin = whole.begin() + static_cast<std::ptrdiff_t>(from);
-    return {begin, begin + static_cast<std::ptrdiff_t>(count)};
-}
 
-TEST(Wave, IsHeardSampleBySample) {
+TEST(Wave, IsHeardSampleBySampleAndSummed) {
     DS_init(nullptr);
-    struct Case {
-        int channels, bits;
-        Bytes samples;
-        test::Heard heard;
-    };
-    const Case cases[] = {
+    const std::tuple<int, int, Bytes, test::Heard> cases[] = {
         {1, 8, {128, 255, 0, 64}, {{0, 0}, {32512, 32512}, {-32768, -32768}, {-16384, -16384}}},
         {2, 8, {128, 255, 0, 64}, {{0, 32512}, {-32768, -16384}, {0, 0}, {0, 0}}},
         {1, 16, test::words({1, -2, 32767, -32768}), {{1, 1}, {-2, -2}, {32767, 32767}, {-32768, -32768}}},
         {2, 16, test::words({1, -2, 32767, -32768}), {{1, -2}, {32767, -32768}, {0, 0}, {0, 0}}},
         {2, 16, test::words({1, -2, 3}), {{1, -2}, {0, 0}, {0, 0}, {0, 0}}},  // half a frame is none
     };
-    for (const Case &c : cases) {
-        test::write_file("a.wav", test::wave(c.channels, 44100, c.bits, c.samples));
+    for (const auto &[channels, bits, samples, heard] : cases) {
+        test::write_file("a.wav", test::wave(channels, 44100, bits, samples));
         ASSERT_EQ(DS_load_wave_channel("a.wav", 0), 0);
-        DS_start(0, 0);
-        EXPECT_EQ(DS_status(0), -2);
-        EXPECT_EQ(test::listen(4), c.heard);
-        EXPECT_EQ(DS_status(0), 0);
-        DS_start(0, 0);  // from its start again, since it ended by itself
-        EXPECT_EQ(test::listen(4), c.heard);
+        for (int i = 0; i < 2; ++i) {  // from its start again when it has ended by itself
+            DS_start(0, 0);
+            EXPECT_EQ(DS_status(0), -2);
+            EXPECT_EQ(test::listen(4), heard);
+            EXPECT_EQ(DS_status(0), 0);
+        }
     }
-}
-
-TEST(Wave, ChannelsAreSummedAndTheSumIsClamped) {
-    DS_init(nullptr);
-    const std::vector<int> a{1000, -7, 30000, -30000}, b{-1, 50, 30000, -30000};
-    test::write_wave("a.wav", a);
-    test::write_wave("b.wav", b);
-    EXPECT_EQ(DS_load_wave("a.wav") + DS_load_wave("b.wav"), 0 + 1);
+    // Two are summed, and the sum is clamped.
+    test::write_wave("a.wav", {1000, -7, 30000, -30000});
+    test::write_wave("b.wav", {-1, 50, 30000, -30000});
+    DS_load_wave_channel("a.wav", 0);
+    DS_load_wave_channel("b.wav", 3);
     DS_start(0, 0);
-    DS_start(1, 0);
+    DS_start(3, 0);
     EXPECT_EQ(test::left(test::listen(4)), (std::vector<int>{999, 43, 32767, -32768}));
 }
 
@@ -73,15 +60,17 @@ TEST(Wave, LoopHasNoGapAndRestartsWhenStartedAgain) {
     test::write_wave("a.wav", sound);
     DS_load_wave_channel("a.wav", 2);
     DS_start(2, 1);
-    std::vector<int> thrice = sound;
-    for (int i = 0; i < 2; ++i) thrice.insert(thrice.end(), sound.begin(), sound.end());
-    EXPECT_EQ(test::left(test::listen(1323)), thrice);
+    const auto expect = [&](std::size_t from, std::size_t count) {
+        const std::vector<int> heard = test::left(test::listen(count));
+        for (std::size_t i = 0; i < count; ++i) ASSERT_EQ(heard[i], sound[(from + i) % 441]) << i;
+    };
+    expect(0, 1323);
     HOST_advance_clock(3600'000'000 + 2268);  // an hour and 100.02 frames that nobody listens to
     EXPECT_EQ(DS_status(2), -2);
-    EXPECT_EQ(test::left(test::listen(200)), cut(thrice, 100, 200));
+    expect(100, 800);
     DS_start(2, 0);  // begins again, and goes on looping; the 5 ms that fade out are past then
     test::listen(230);
-    EXPECT_EQ(test::left(test::listen(600)), cut(thrice, 230, 600));
+    expect(230, 600);
 }
 
 TEST(Wave, StopKeepsThePlaceAndDoesNotClick) {
@@ -110,18 +99,15 @@ TEST(Wave, VolumeAttenuates) {
     const std::vector<int> sound = noise(500);
     test::write_wave("a.wav", sound);
     DS_load_wave("a.wav");
-    const struct {
-        std::int32_t asked, set;
-        double factor;
-    } cases[] = {{-600, -600, 0.5012}, {-2000, -2000, 0.1}, {500, 0, 1}, {-20000, -10000, 0}, {0, 0, 1}};
-    for (const auto &c : cases) {
+    const std::tuple<int, int, double> cases[] = {
+        {-600, -600, 0.5012}, {-2000, -2000, 0.1}, {500, 0, 1}, {-20000, -10000, 0}, {0, 0, 1}};
+    for (const auto &[asked, set, factor] : cases) {
         test::record_calls();
-        DS_set_volume(0, c.asked);
-        EXPECT_EQ(test::take_calls(), test::Calls{"set_buffer_volume 1 " + std::to_string(c.set)});
+        DS_set_volume(0, asked);
+        EXPECT_EQ(test::take_calls(), test::Calls{"set_buffer_volume 1 " + std::to_string(set)});
         DS_start(0, 0);
         const std::vector<int> heard = test::left(test::listen(500));
-        for (std::size_t i = 0; i < heard.size(); ++i)
-            ASSERT_NEAR(heard[i], sound[i] * c.factor, 1) << c.asked;
+        for (std::size_t i = 0; i < heard.size(); ++i) ASSERT_NEAR(heard[i], sound[i] * factor, 1);
     }
     DS_start(0, 1);
     test::listen(10);
@@ -133,9 +119,10 @@ TEST(Wave, VolumeAttenuates) {
 // The power of what differs from the ideal sine, and of the sine, as a ratio in decibels.
 double signal_to_noise(int rate, double frequency, double amplitude) {
     std::vector<int> sound;
-    for (int i = 0; i < rate; ++i)
-        sound.push_back(
-            static_cast<int>(std::lround(amplitude * std::sin(2 * std::numbers::pi * frequency * i / rate))));
+    for (int i = 0; i < rate; ++i) {
+        const double angle = 2 * std::numbers::pi * frequency * i / rate;
+        sound.push_back(static_cast<int>(std::lround(amplitude * std::sin(angle))));
+    }
     test::write_wave("a.wav", sound, rate);
     DS_load_wave_channel("a.wav", 0);
     DS_start(0, 1);  // whole periods: the loop's seam must not be heard either
@@ -144,10 +131,8 @@ double signal_to_noise(int rate, double frequency, double amplitude) {
     test::listen(300);
     double error = 0;
     for (std::size_t i = 0; i < heard.size(); ++i) {
-        const double ideal =
-            frequency < 22050
-                ? amplitude * std::sin(2 * std::numbers::pi * frequency * static_cast<double>(i) / 44100)
-                : 0;
+        const double angle = 2 * std::numbers::pi * frequency * static_cast<double>(i) / 44100;
+        const double ideal = frequency < 22050 ? amplitude * std::sin(angle) : 0;
         error += (heard[i] - ideal) * (heard[i] - ideal);
     }
     return 10 * std::log10(amplitude * amplitude / 2 * static_cast<double>(heard.size()) / error);
@@ -157,12 +142,9 @@ TEST(Wave, EveryRateIsResampledWell) {
     DS_init(nullptr);
     for (const auto &[rate, frequency] : {std::pair{8000, 1000},
                                           {11025, 3000},
-                                          {22050, 440},
                                           {22050, 8000},
                                           {44100, 15000},
-                                          {48000, 1000},
                                           {48000, 15000},
-                                          {96000, 1000},
                                           {200000, 5000}})
         EXPECT_GT(signal_to_noise(rate, frequency, 30000), 80) << rate << ' ' << frequency;
     // What the mix cannot carry must not come back as another tone.
@@ -193,18 +175,22 @@ TEST(Wave, MakesItsPlatformCallsInOrder) {
                            "unlock_buffer 2", "release_buffer 2", "release_sound"}));
 }
 
-TEST(Wave, LostMemoryIsRestored) {
+TEST(Wave, GetsOverLostMemoryAndUnknownStatus) {
     DS_init(nullptr);
     test::write_wave("a.wav", {5, 6});
     HOST_observe([](const char *call) -> std::int32_t {
         test::calls.emplace_back(call);
-        return test::calls.size() == 2 ? 2 : 0;
+        return test::calls.size() == 2 ? 2 : test::calls.back() == "buffer_status 1" ? 1 : 0;
     });
     EXPECT_EQ(DS_load_wave("a.wav"), 0);
-    EXPECT_EQ(test::take_calls(), (test::Calls{"create_buffer 1 44100 16 4", "lock_buffer 1",
-                                               "restore_buffer 1", "lock_buffer 1", "unlock_buffer 1"}));
+    DS_start(0, 1);
+    EXPECT_EQ(DS_status(0), 0);
     DS_start(0, 0);
-    EXPECT_EQ(test::left(test::listen(2)), (std::vector<int>{5, 6}));
+    EXPECT_EQ(test::take_calls(),
+              (test::Calls{"create_buffer 1 44100 16 4", "lock_buffer 1", "restore_buffer 1", "lock_buffer 1",
+                           "unlock_buffer 1", "buffer_status 1", "play_buffer 1 1", "buffer_status 1",
+                           "buffer_status 1", "play_buffer 1 0"}));
+    EXPECT_EQ(test::left(test::listen(3)), (std::vector<int>{5, 6, 0}));
 }
 
 TEST(WaveDeath, EveryRefusalOfTheDeviceIsFatal) {
@@ -213,25 +199,23 @@ TEST(WaveDeath, EveryRefusalOfTheDeviceIsFatal) {
         test::record_calls(fail);
         DS_init(nullptr);
         DS_load_wave("a.wav");
-        DS_start(0, 1);
-        DS_start(0, 1);
+        for (int i = 0; i < 2; ++i) DS_start(0, 1);
         DS_set_volume(0, -1);
         DS_unload_wave(0);
     };
-    const struct {
-        const char *call, *message;
-    } cases[] = {{"create_sound", "Create DirectSound error"},
-                 {"set_cooperative_level", "Set DirectSound CooperativeLevel error"},
-                 {"create_buffer", "DS: CreateSoundBuffer error"},
-                 {"lock_buffer", "DS: DirectSoundBuffer Lock error"},
-                 {"unlock_buffer", "DS: DirectSoundBuffer Unlock error"},
-                 {"play_buffer", "DS: Cannot start playing"},
-                 {"set_buffer_position", "DS: Cannot set current position"},
-                 {"set_buffer_volume", "DS: can not set volume"},
-                 {"stop_buffer", "DS: can not stop sound"}};
-    for (const auto &c : cases)
-        EXPECT_EXIT(whole_life(c.call), testing::ExitedWithCode(1),
-                    std::string("SystemError: ") + c.message + "\n");
+    const std::pair<const char *, const char *> cases[] = {
+        {"create_sound", "Create DirectSound error"},
+        {"set_cooperative_level", "Set DirectSound CooperativeLevel error"},
+        {"create_buffer", "DS: CreateSoundBuffer error"},
+        {"lock_buffer", "DS: DirectSoundBuffer Lock error"},
+        {"unlock_buffer", "DS: DirectSoundBuffer Unlock error"},
+        {"play_buffer", "DS: Cannot start playing"},
+        {"set_buffer_position", "DS: Cannot set current position"},
+        {"set_buffer_volume", "DS: can not set volume"},
+        {"stop_buffer", "DS: can not stop sound"}};
+    for (const auto &[call, message] : cases)
+        EXPECT_EXIT(whole_life(call), testing::ExitedWithCode(1),
+                    std::string("SystemError: ") + message + "\n");
     // A format that the mixer does not have is refused by the device too.
     for (const Bytes &format :
          {test::pcm(1, 44100, 24), test::pcm(3, 44100, 16), test::pcm(1, 99, 8), test::pcm(2, 200001, 8)}) {
@@ -241,17 +225,6 @@ TEST(WaveDeath, EveryRefusalOfTheDeviceIsFatal) {
     }
 }
 
-TEST(Wave, StatusThatCannotBeReadIsNotPlaying) {
-    DS_init(nullptr);
-    test::write_wave("a.wav", noise(100));
-    DS_load_wave("a.wav");
-    DS_start(0, 1);
-    test::record_calls("buffer_status");
-    EXPECT_EQ(DS_status(0), 0);
-    DS_start(0, 0);
-    EXPECT_EQ(test::take_calls(), (test::Calls{"buffer_status 1", "buffer_status 1", "play_buffer 1 0"}));
-}
-
 TEST(WaveDeath, BadFilesAreRefusedEachWithItsMessage) {
     using test::chunk;
     using test::pcm;
@@ -259,45 +232,41 @@ TEST(WaveDeath, BadFilesAreRefusedEachWithItsMessage) {
     const Bytes format = chunk("fmt ", pcm(1, 44100, 16)), data = chunk("data", {1, 0, 2, 0});
     Bytes short_file = riff(format);
     short_file.resize(12 + 8 + 17);
-    const struct {
-        const char *what;
-        Bytes file;
-        const char *log, *fatal;
-    } cases[] = {
-        {"nothing", {}, "ERROR : bad.wav not a WAVE file(DS)", "DS: not a WAVE file"},
-        {"other form", riff(format + data, "AVI "), "ERROR : bad.wav not a WAVE file(DS)",
-         "DS: not a WAVE file"},
-        {"no format", riff(data), "ERROR : bad.wav has no fmt chunk(DS)", "DS: WAVE file has no fmt chunk"},
-        {"format after the end", test::chunk("RIFF", test::letters("WAVE")) + format + data,
-         "ERROR : bad.wav has no fmt chunk(DS)", "DS: WAVE file has no fmt chunk"},
-        {"format of 14 bytes", riff(chunk("fmt ", Bytes(14, 1)) + data),
-         "ERROR : unable read fmt chunk from file bad.wav(DS)", "DS: unable to read fmt chunk"},
-        {"file of 17 format bytes", short_file, "ERROR : unable read fmt chunk from file bad.wav(DS)",
-         "DS: unable to read fmt chunk"},
-        {"other tag", riff(chunk("fmt ", pcm(1, 44100, 16, 3)) + data),
-         "ERROR : WAVE file bad.wav is not PCM format(DS)", "DS: WAVE file is not PCM format"},
-        {"extensible", riff(chunk("fmt ", pcm(1, 44100, 16, 0xFFFE) + Bytes(22)) + data),
-         "ERROR : WAVE file bad.wav is not PCM format(DS)", "DS: WAVE file is not PCM format"},
-        {"format beyond the end", riff(chunk("fmt ", pcm(1, 44100, 16), 1000) + data),
-         "ERROR : unable ascend file bad.wav", "DS: unable ascend"},
-        {"no data", riff(format + chunk("LIST", {1, 2, 3})), nullptr, "DS: WAVE file has no data chunk"},
-        {"data before format", riff(data + format), nullptr, "DS: WAVE file has no data chunk"},
-        {"truncated", riff(format + chunk("data", {1, 0}, 4)), nullptr, "DS: unable to read data chunk "},
-        {"4 GB", riff(format + chunk("data", {1, 0}, 0xFFFFFFFF)), nullptr, "DS: unable to read data chunk "},
+    // The line for the log and the text of the fatal exit.
+    using Messages = std::pair<const char *, const char *>;
+    const Messages kNotWave{"ERROR : bad.wav not a WAVE file(DS)\n", "DS: not a WAVE file"},
+        kNoFormat{"ERROR : bad.wav has no fmt chunk(DS)\n", "DS: WAVE file has no fmt chunk"},
+        kShortFormat{"ERROR : unable read fmt chunk from file bad.wav(DS)\n", "DS: unable to read fmt chunk"},
+        kNotPcm{"ERROR : WAVE file bad.wav is not PCM format(DS)\n", "DS: WAVE file is not PCM format"},
+        kAscend{"ERROR : unable ascend file bad.wav\n", "DS: unable ascend"},
+        kNoData{"", "DS: WAVE file has no data chunk"}, kShortData{"", "DS: unable to read data chunk "};
+    const std::pair<Bytes, Messages> cases[] = {
+        {{}, kNotWave},
+        {riff(format + data, "AVI "), kNotWave},
+        {riff(data), kNoFormat},
+        {chunk("RIFF", test::letters("WAVE")) + format + data, kNoFormat},  // after the chunk's end
+        {riff(chunk("fmt ", Bytes(14, 1)) + data), kShortFormat},
+        {short_file, kShortFormat},
+        {riff(chunk("fmt ", pcm(1, 44100, 16, 3)) + data), kNotPcm},
+        {riff(chunk("fmt ", pcm(1, 44100, 16, 0xFFFE) + Bytes(22)) + data), kNotPcm},  // extensible
+        {riff(chunk("fmt ", pcm(1, 44100, 16), 1000) + data), kAscend},
+        {riff(format + chunk("LIST", {1, 2, 3})), kNoData},
+        {riff(data + format), kNoData},
+        {riff(format + chunk("data", {1, 0}, 4)), kShortData},
+        {riff(format + chunk("data", {1, 0}, 0xFFFFFFFF)), kShortData},
     };
     test::write_wave("good.wav", {7, 8, 9});
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.what);
-        test::write_file("bad.wav", c.file);
+    for (const auto &[file, messages] : cases) {
+        test::write_file("bad.wav", file);
         DS_init(nullptr);
         ASSERT_EQ(DS_load_wave_channel("good.wav", 1), 0);
         DS_start(1, 1);
         EXPECT_EQ(DS_load_wave_channel("bad.wav", 1), -2);
-        EXPECT_EQ(test::take_log(), c.log != nullptr ? std::string(c.log) + "\n" : "");
+        EXPECT_EQ(test::take_log(), messages.first) << messages.second;
         // The former sound goes when the samples have been found, not before.
-        EXPECT_EQ(DS_status(1), std::string(c.fatal).find("read data") == std::string::npos ? -2 : 0);
-        EXPECT_EXIT(DS_load_wave("bad.wav"), testing::ExitedWithCode(1),
-                    std::string("SystemError: ") + c.fatal + "\n");
+        EXPECT_EQ(DS_status(1), messages == kShortData ? 0 : -2) << messages.second;
+        const std::string text = std::string("SystemError: ") + messages.second + "\n";
+        EXPECT_EXIT(DS_load_wave("bad.wav"), testing::ExitedWithCode(1), text);
     }
     EXPECT_EQ(DS_load_wave_channel("none.wav", 0), -2);
     EXPECT_EQ(DS_load_wave_channel(nullptr, 0), -2);
