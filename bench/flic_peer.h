@@ -9,11 +9,11 @@ extern "C" {
 #include <cstdint>
 #include <vector>
 
-namespace flic {
+namespace bench {
 
-class Peer {
+class FlicPeer {
   public:
-    Peer(const std::vector<std::uint8_t> &header, int width, int height) {
+    FlicPeer(const std::vector<std::uint8_t> &header, int width, int height) {
         context_->width = width;
         context_->height = height;
         context_->extradata =
@@ -22,8 +22,8 @@ class Peer {
         context_->extradata_size = static_cast<int>(header.size());
         ok_ = avcodec_open2(context_, codec_, nullptr) == 0;
     }
-    Peer(const Peer &) = delete;
-    ~Peer() {
+    FlicPeer(const FlicPeer &) = delete;
+    ~FlicPeer() {
         av_frame_free(&picture_);
         av_packet_free(&packet_);
         avcodec_free_context(&context_);
@@ -53,4 +53,4 @@ class Peer {
     bool ok_ = false;
 };
 
-}  // namespace flic
+}  // namespace bench

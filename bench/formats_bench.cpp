@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <random>
 
-#include "bench/flic_film.h"
+#include "film/flic_film.h"
 #include "inkstone/compressed_image.h"
 #include "inkstone/flic.h"
 #include "inkstone/pcx.h"
@@ -15,9 +15,9 @@
 
 namespace {
 
-using flic::Picture;
-using test::Bytes;
-using test::put;
+namespace flic = ink::tool::flic;
+using ink::tool::Bytes;
+using ink::tool::Picture;
 
 constexpr int kWidth = 640, kHeight = 480;
 constexpr std::size_t kPixels = kWidth * kHeight;
@@ -27,12 +27,12 @@ constexpr std::size_t kPixels = kWidth * kHeight;
 enum Kind { kDrawn, kDithered, kNoise };
 
 Picture picture(Kind kind, unsigned seed = 1) {
-    Picture made{kWidth, kHeight};
+    Picture made{.width = kWidth, .height = kHeight};
     std::mt19937 random(seed);
     for (int y = 0; y < kHeight; ++y) {
         std::uint8_t colour = static_cast<std::uint8_t>(random());
         for (int x = 0; x < kWidth; ++x) {
-            std::uint8_t &pixel = made.pixels[static_cast<std::size_t>(y * kWidth + x)];
+            std::uint8_t &pixel = made.row(y)[x];
             switch (kind) {
                 case kDrawn:
                     if (random() % 24 == 0) colour = static_cast<std::uint8_t>(random());
@@ -71,12 +71,11 @@ BENCHMARK(copy_pixels)->Name("formats/memcpy");
 
 struct Compressed {
     explicit Compressed(Kind kind) : block(16 + 2 * kPixels) {
-        put(image, kWidth, 2);
-        put(image, kHeight, 2);
-        put(image, picture(kind).pixels);
+        const Bytes pixels = picture(kind).pixels;
+        image.insert(image.end(), pixels.begin(), pixels.end());
         fnCompressImage(image.data(), block.data(), 0);
     }
-    Bytes image, block;
+    Bytes image{kWidth & 0xFF, kWidth >> 8, kHeight & 0xFF, kHeight >> 8}, block;
 };
 
 void compress(benchmark::State &state) {
@@ -129,17 +128,15 @@ Picture changed(const Picture &before) {
     Picture now = before;
     const Picture other = picture(kDrawn, 2);
     for (int y = 0; y < kHeight; ++y)
-        if (y / 60 % 2 == 0)
-            std::copy(other.row(y) + 100, other.row(y) + 500,
-                      &now.pixels[static_cast<std::size_t>(y * kWidth + 100)]);
+        if (y / 60 % 2 == 0) std::copy(other.row(y) + 100, other.row(y) + 500, now.row(y) + 100);
     return now;
 }
 
 Bytes film_frame(int type) {
     const Picture before = picture(kDrawn), now = changed(before);
     switch (type) {
-        case flic::BYTE_RUN: return flic::frame({flic::chunk(type, flic::byte_run(now))});
-        case flic::DELTA_FLI: return flic::frame({flic::chunk(type, flic::delta_fli(now, before))});
+        case flic::BYTE_RUN: return flic::frame({flic::chunk(type, *flic::byte_run(now))});
+        case flic::DELTA_FLI: return flic::frame({flic::chunk(type, *flic::delta_fli(now, before))});
         case flic::DELTA_FLC: return flic::frame({flic::chunk(type, flic::delta_flc(now, before))});
         default: return flic::frame({flic::chunk(type, flic::copy(now))});
     }
@@ -162,9 +159,10 @@ const char *chunk_name(int type) {
 void play_frame(benchmark::State &state) {
     const int type = static_cast<int>(state.range(0));
     Bytes film = flic::file_header(1, kWidth, kHeight), screen(kPixels);
-    put(film, film_frame(type));
+    const Bytes frame = film_frame(type);
+    film.insert(film.end(), frame.begin(), frame.end());
     const std::string file = std::filesystem::temp_directory_path() / "ink-bench.flc";
-    test::write_file(file, film);
+    ink::tool::write_bytes(file, film);
     FLIC_open_flic_file(file.c_str(), 0, screen.data());
     if (FLIC_read_flic_data() != 0) state.SkipWithError("the film cannot be read");
     for (auto _ : state) FLIC_play_flic_frame();
@@ -184,7 +182,7 @@ BENCHMARK(play_frame)
 void play_frame_libavcodec(benchmark::State &state) {
     const int type = static_cast<int>(state.range(0));
     const Bytes frame = film_frame(type);
-    flic::Peer peer(flic::file_header(1, kWidth, kHeight), kWidth, kHeight);
+    bench::FlicPeer peer(flic::file_header(1, kWidth, kHeight), kWidth, kHeight);
     for (auto _ : state)
         if (!peer.decode(frame)) state.SkipWithError("the frame is refused");
     state.SetLabel(chunk_name(type));

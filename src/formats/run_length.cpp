@@ -99,11 +99,9 @@ std::size_t RunDecoder::decode(std::uint8_t *pixels, std::size_t count) {
     std::uint8_t *to = pixels, *const end = pixels + count;
     const std::uint8_t *from = next_;
     const auto fill = [&](std::size_t length) {
-        run_ = length;
-        length = std::min(length, static_cast<std::size_t>(end - to));
-        std::memset(to, value_, length);
-        to += length;
-        run_ -= length;
+        const std::size_t fits = std::min(length, static_cast<std::size_t>(end - to));
+        to = std::fill_n(to, fits, value_);
+        run_ = length - fits;
     };
     fill(run_);
 

@@ -9,5 +9,7 @@ namespace ink::tool {
 void add_mac(CLI::App &app);
 void add_disc(CLI::App &app);
 void add_font(CLI::App &app);
+void add_can(CLI::App &app);
+void add_flic(CLI::App &app);
 
 }  // namespace ink::tool

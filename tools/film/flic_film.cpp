@@ -1,0 +1,236 @@
+#include "film/flic_film.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "core/reader.h"
+
+namespace ink::tool::flic {
+namespace {
+
+constexpr int kFilm = 0xAF12;                                 // a film of any size and 256 colours
+constexpr std::size_t kFileHeader = 128, kMostPackets = 255;  // of a row whose packets a byte counts
+
+// Shorter runs stay among the literals, which are cheaper than a packet more.
+constexpr int kShortestRun = 4;
+
+void add_u8(Bytes &to, int value) {
+    to.push_back(static_cast<std::uint8_t>(value));
+}
+void add_u16(Bytes &to, int value) {
+    add_u8(to, value);
+    add_u8(to, value >> 8);
+}
+void add(Bytes &to, const std::uint8_t *from, int count) {
+    append(to, {from, static_cast<std::size_t>(count)});
+}
+
+// A row in units of one byte or two, as the chunk type counts.
+struct Row {
+    const std::uint8_t *pixels;
+    int units, unit;
+
+    const std::uint8_t *at(int x) const { return pixels + x * unit; }
+    bool equal(int x, const Row &other, int other_x) const {
+        return std::equal(at(x), at(x + 1), other.at(other_x));
+    }
+
+    // How many units from x on are the same, up to limit.
+    int run(int x, int limit) const {
+        int n = 1;
+        while (x + n < units && n < limit && equal(x, *this, x + n)) ++n;
+        return n;
+    }
+    bool starts_run(int x) const { return run(x, kShortestRun) == kShortestRun; }
+};
+
+// The packets of a row of BYTE_RUN; returns their number.
+std::size_t add_runs(Bytes &data, const Row &row) {
+    std::size_t packets = 0;
+    for (int x = 0, n = 0; x < row.units; x += n, ++packets) {
+        if (row.starts_run(x)) {
+            n = row.run(x, 127);
+            add_u8(data, n);
+            add(data, row.at(x), 1);
+        } else {
+            for (n = 1; x + n < row.units && n < 128 && !row.starts_run(x + n);) ++n;
+            add_u8(data, -n);
+            add(data, row.at(x), n);
+        }
+    }
+    return packets;
+}
+
+// The packets that turn one row into another; returns their number.
+std::size_t add_deltas(Bytes &data, const Row &now, const Row &before) {
+    constexpr int kLongestSkip = 254;
+    std::size_t packets = 0;
+    int painted = 0;  // up to here
+    for (int x = 0, n = 1; x < now.units; x += n) {
+        n = 1;
+        if (now.equal(x, before, x)) continue;
+        int skip = (x - painted) * now.unit;
+        for (; skip > kLongestSkip; skip -= kLongestSkip, ++packets) add_u16(data, kLongestSkip);
+        add_u8(data, skip);
+        if (now.starts_run(x)) {
+            n = now.run(x, 128);
+            add_u8(data, -n);
+            add(data, now.at(x), now.unit);
+        } else {
+            while (x + n < now.units && n < 127 && !now.equal(x + n, before, x + n) && !now.starts_run(x + n))
+                ++n;
+            add_u8(data, n);
+            add(data, now.at(x), n * now.unit);
+        }
+        painted = x + n;
+        ++packets;
+    }
+    return packets;
+}
+
+// The frame that turns before into now, or paints all of now when there is no picture before it.
+Bytes shortest_frame(const Picture &now, const Picture *before) {
+    std::vector<Bytes> chunks;
+    if (before == nullptr || before->palette != now.palette)
+        chunks.push_back(chunk(COLOR_256, color_256(now)));
+    if (before != nullptr && before->pixels == now.pixels) return frame(chunks);
+    Bytes best = chunk(FLI_COPY, copy(now));
+    const auto consider = [&best](int type, const std::optional<Bytes> &data) {
+        if (data && data->size() + 6 < best.size()) best = chunk(type, *data);
+    };
+    consider(BYTE_RUN, byte_run(now));
+    if (before != nullptr) consider(DELTA_FLC, delta_flc(now, *before));
+    chunks.push_back(best);
+    return frame(chunks);
+}
+
+}  // namespace
+
+std::optional<Bytes> byte_run(const Picture &now) {
+    Bytes data;
+    for (int y = 0; y < now.height; ++y) {
+        const std::size_t count_at = data.size();
+        add_u8(data, 0);
+        const std::size_t packets = add_runs(data, {now.row(y), now.width, 1});
+        if (packets > kMostPackets) return std::nullopt;
+        data[count_at] = static_cast<std::uint8_t>(packets);
+    }
+    return data;
+}
+
+Bytes copy(const Picture &now) {
+    Bytes data;
+    for (int y = 0; y < now.height; ++y) {
+        add(data, now.row(y), now.width);
+        data.resize((data.size() + 3) / 4 * 4);
+    }
+    return data;
+}
+
+std::optional<Bytes> delta_fli(const Picture &now, const Picture &before) {
+    const auto same = [&](int y) { return std::equal(now.row(y), now.row(y) + now.width, before.row(y)); };
+    int first = 0, last = now.height;
+    while (first < last && same(first)) ++first;
+    if (first == last) first = last = 0;
+    while (first < last && same(last - 1)) --last;
+    Bytes data;
+    add_u16(data, first);
+    add_u16(data, last - first);
+    for (int y = first; y < last; ++y) {
+        const std::size_t count_at = data.size();
+        add_u8(data, 0);
+        const std::size_t packets =
+            add_deltas(data, {now.row(y), now.width, 1}, {before.row(y), now.width, 1});
+        if (packets > kMostPackets) return std::nullopt;
+        data[count_at] = static_cast<std::uint8_t>(packets);
+    }
+    return data;
+}
+
+Bytes delta_flc(const Picture &now, const Picture &before) {
+    Bytes data(2);
+    int lines = 0, skipped = 0;
+    for (int y = 0; y < now.height; ++y) {
+        Bytes packets;
+        const std::size_t count =
+            add_deltas(packets, {now.row(y), now.width / 2, 2}, {before.row(y), now.width / 2, 2});
+        const std::uint8_t last = now.row(y)[now.width - 1];
+        const bool last_changed = now.width % 2 != 0 && last != before.row(y)[now.width - 1];
+        if (count == 0 && !last_changed) {
+            ++skipped;
+            continue;
+        }
+        // A skip word holds 16384 rows at most.
+        for (; skipped > 0; skipped -= std::min(skipped, 0x4000)) add_u16(data, -std::min(skipped, 0x4000));
+        if (last_changed) add_u16(data, 0x8000 | last);
+        add_u16(data, static_cast<int>(count));
+        append(data, packets);
+        ++lines;
+    }
+    put_u16(data.data(), static_cast<std::uint32_t>(lines));
+    return data;
+}
+
+Bytes color_256(const Picture &now) {
+    Bytes data{1, 0, 0, 0};  // one packet, of every colour
+    const auto bright = bright_palette(now.palette);
+    append(data, bright);
+    return data;
+}
+
+Bytes chunk(int type, const Bytes &data) {
+    Bytes bytes(6);
+    put_u32(&bytes[0], static_cast<std::uint32_t>(data.size() + 6));
+    put_u16(&bytes[4], static_cast<std::uint32_t>(type));
+    append(bytes, data);
+    return bytes;
+}
+
+Bytes frame(const std::vector<Bytes> &chunks, int type) {
+    Bytes bytes(16);
+    for (const Bytes &each : chunks) append(bytes, each);
+    put_u32(&bytes[0], static_cast<std::uint32_t>(bytes.size()));
+    put_u16(&bytes[4], static_cast<std::uint32_t>(type));
+    put_u16(&bytes[6], static_cast<std::uint32_t>(chunks.size()));
+    return bytes;
+}
+
+Bytes file_header(int frames, int width, int height, int depth, int milliseconds) {
+    Bytes header(4);
+    for (const int field : {kFilm, frames, width, height, depth, 3})
+        add_u16(header, field);  // 3: it is complete
+    header.resize(kFileHeader);
+    put_u32(&header[16], static_cast<std::uint32_t>(milliseconds));
+    return header;
+}
+
+Bytes film(const std::vector<Picture> &pictures, int milliseconds) {
+    const Picture &first = pictures.at(0);
+    constexpr int kMost = 0x7FFF;
+    if (first.width > kMost || first.height > kMost || pictures.size() > kMost)
+        throw std::runtime_error("a film has at most 32767 frames of 32767 x 32767 pixels");
+    Bytes bytes = file_header(static_cast<int>(pictures.size()), first.width, first.height, 8, milliseconds);
+    const Picture *before = nullptr;
+    const auto append_frame = [&](const Picture &now) {
+        if (now.width != first.width || now.height != first.height)
+            throw std::runtime_error("the pictures of a film must be of one size");
+        const std::size_t offset = bytes.size();
+        const Bytes coded = shortest_frame(now, before);
+        append(bytes, coded);
+        before = &now;
+        return static_cast<std::uint32_t>(offset);
+    };
+    // Where the first two frames start stands in the header, so that a loop leads past the first.
+    put_u32(&bytes[80], append_frame(first));
+    std::uint32_t second = 0;
+    for (std::size_t i = 1; i < pictures.size(); ++i) {
+        const std::uint32_t offset = append_frame(pictures[i]);
+        if (i == 1) second = offset;
+    }
+    const std::uint32_t back = append_frame(first);
+    put_u32(&bytes[84], second != 0 ? second : back);
+    put_u32(&bytes[0], static_cast<std::uint32_t>(bytes.size()));
+    return bytes;
+}
+
+}  // namespace ink::tool::flic

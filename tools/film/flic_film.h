@@ -1,0 +1,42 @@
+// FLIC films, made of pictures. The parts of the format are separate, so that a film can be put together of
+// any.
+#pragma once
+
+#include <optional>
+
+#include "film/picture.h"
+
+namespace ink::tool::flic {
+
+// The chunk types, by their published names.
+enum ChunkType {
+    COLOR_256 = 4,
+    DELTA_FLC = 7,
+    COLOR_64 = 11,
+    DELTA_FLI = 12,
+    BLACK = 13,
+    BYTE_RUN = 15,
+    FLI_COPY = 16,
+    PSTAMP = 18,
+};
+
+// The data of a chunk that paints the whole picture. Rows of FLI_COPY are padded to a multiple of four bytes.
+std::optional<Bytes> byte_run(const Picture &now);
+Bytes copy(const Picture &now);
+
+// The data of a chunk that turns one picture into another of the same size.
+std::optional<Bytes> delta_fli(const Picture &now, const Picture &before);
+Bytes delta_flc(const Picture &now, const Picture &before);
+
+// The data of COLOR_256 that sets every colour.
+Bytes color_256(const Picture &now);
+
+Bytes chunk(int type, const Bytes &data);
+Bytes frame(const std::vector<Bytes> &chunks, int type = 0xF1FA);
+Bytes file_header(int frames, int width, int height, int depth = 8, int milliseconds = 70);
+
+// A whole film in its shortest coding, its last frame leading back to the first for players that loop. Throws
+// std::runtime_error when the pictures are not all of one size.
+Bytes film(const std::vector<Picture> &pictures, int milliseconds);
+
+}  // namespace ink::tool::flic
