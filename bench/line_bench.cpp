@@ -103,8 +103,8 @@ void fill(benchmark::State &state, Screen screen, int x, int y) {
     }
     state.counters["filled"] = static_cast<double>(std::count(screen.begin(), screen.end(), 2 - colour));
 }
-BENCHMARK_CAPTURE(fill, empty / inkstone, Screen(kWidth *kHeight), 320, 240);
-BENCHMARK_CAPTURE(fill, maze / inkstone, make_maze(), 0, 0);
+BENCHMARK_CAPTURE(fill, empty, Screen(kWidth *kHeight), 320, 240)->Name("fill/empty/inkstone");
+BENCHMARK_CAPTURE(fill, maze, make_maze(), 0, 0)->Name("fill/maze/inkstone");
 
 #if defined(INKSTONE_BENCH_ALLEGRO)
 void allegro_lines(benchmark::State &state) {
