@@ -12,7 +12,7 @@
 namespace test {
 
 inline void expect_same_picture(const std::filesystem::path &expected, const std::filesystem::path &actual) {
-    const ink::tool::Picture want = ink::tool::read_png_rgb(expected), got = ink::tool::read_png_rgb(actual);
+    const ink::tool::RgbPicture want = ink::tool::read_png_rgb(expected), got = ink::tool::read_png_rgb(actual);
     if (want.width == got.width && want.height == got.height && want.rgb == got.rgb) return;
 
     namespace fs = std::filesystem;
@@ -23,7 +23,7 @@ inline void expect_same_picture(const std::filesystem::path &expected, const std
     fs::copy_file(actual, left("actual"), fs::copy_options::overwrite_existing);
     if (want.rgb.size() == got.rgb.size()) {
         // White where they differ, over the expected picture in the dark.
-        ink::tool::Picture difference = want;
+        ink::tool::RgbPicture difference = want;
         for (std::size_t i = 0; i < want.rgb.size(); i += 3)
             for (std::size_t c = i; c < i + 3; ++c) {
                 const bool same = std::equal(&want.rgb[i], &want.rgb[i] + 3, &got.rgb[i]);

@@ -34,10 +34,10 @@ void write_png_rgb(const std::filesystem::path &name, int width, int height,
     write(name, width, height, PNG_FORMAT_RGB, rgb, nullptr);
 }
 
-Picture read_png_rgb(const std::filesystem::path &name) {
+RgbPicture read_png_rgb(const std::filesystem::path &name) {
     png_image image{};
     image.version = PNG_IMAGE_VERSION;
-    Picture picture;
+    RgbPicture picture;
     bool read = png_image_begin_read_from_file(&image, name.c_str()) != 0;
     if (read) {
         image.format = PNG_FORMAT_RGB;

@@ -17,12 +17,12 @@ void write_png(const std::filesystem::path &name, int width, int height,
 void write_png_rgb(const std::filesystem::path &name, int width, int height,
                    std::span<const std::uint8_t> rgb);
 
-struct Picture {
+struct RgbPicture {
     int width = 0, height = 0;
     std::vector<std::uint8_t> rgb;  // width x height x 3 bytes
 };
 
 // Reads a file of any PNG kind as red, green and blue. Throws std::runtime_error when it cannot.
-Picture read_png_rgb(const std::filesystem::path &name);
+RgbPicture read_png_rgb(const std::filesystem::path &name);
 
 }  // namespace ink::tool
