@@ -9,5 +9,6 @@ namespace ink::tool {
 void add_mac(CLI::App &app);
 void add_disc(CLI::App &app);
 void add_font(CLI::App &app);
+void add_strings(CLI::App &app);
 
 }  // namespace ink::tool

@@ -10,6 +10,7 @@ int main(int argc, char **argv) {
     ink::tool::add_mac(app);
     ink::tool::add_disc(app);
     ink::tool::add_font(app);
+    ink::tool::add_strings(app);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError &error) {
