@@ -66,11 +66,7 @@ std::string to_big5(std::string_view utf8) {
         if (length != 1) converted = length ? cp950.convert(character) : std::nullopt;
         if (!converted && length) converted = big5.convert(character);
         if (!converted) {
-            const auto line =
-                1 + std::count(utf8.begin(), utf8.begin() + static_cast<std::ptrdiff_t>(i), '\n');
-            throw std::runtime_error(
-                "line " + std::to_string(line) + ": " +
-                (length ? "Big5 has no character " + character : "the text is not UTF-8"));
+            throw std::runtime_error(length ? "Big5 has no character " + character : "the text is not UTF-8");
         }
         result += *converted;
         i += length;

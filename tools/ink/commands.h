@@ -11,5 +11,6 @@ void add_disc(CLI::App &app);
 void add_font(CLI::App &app);
 void add_can(CLI::App &app);
 void add_flic(CLI::App &app);
+void add_strings(CLI::App &app);
 
 }  // namespace ink::tool

@@ -12,6 +12,7 @@ int main(int argc, char **argv) {
     ink::tool::add_font(app);
     ink::tool::add_can(app);
     ink::tool::add_flic(app);
+    ink::tool::add_strings(app);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError &error) {
