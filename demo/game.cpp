@@ -71,15 +71,14 @@ Palette make_palette() {
     return palette;
 }
 
-Game::Game(const std::filesystem::path &content)
-    : content_(content), screen_(INK_SCREEN_WIDTH * INK_SCREEN_HEIGHT), palette_(make_palette()) {}
+Game::Game() : screen_(INK_SCREEN_WIDTH * INK_SCREEN_HEIGHT), palette_(make_palette()) {}
 
 bool Game::start() {
     window_ = HOST_open_window("Inkstone", INK_SCREEN_WIDTH, INK_SCREEN_HEIGHT, window_procedure);
     if (window_ == nullptr) return false;
     WViewInit(window_, 0, 0, INK_SCREEN_WIDTH, INK_SCREEN_HEIGHT, screen());
     WViewEnable();
-    SCR_set_palette(black_.data());
+    SCR_set_palette(target_.data());
     SetupTimerProc(window_);
     fnMouseInit(window_, nullptr, 0, 0, fnCheckMessage);
     start_sound();
@@ -90,14 +89,14 @@ bool Game::start() {
 // Without a sound device the game goes on in silence.
 void Game::start_sound() {
     DS_init(window_);
-    DS_load_wave_channel(content("click.wav").c_str(), kClick);
-    DS_load_wave_channel(content("chime.wav").c_str(), kChime);
+    DS_load_wave_channel("click.wav", kClick);
+    DS_load_wave_channel("chime.wav", kChime);
     DS_set_volume(kClick, -600);
 }
 
 // The disc's tracks one after the other, again and again.
 void Game::start_music() {
-    HOST_insert_disc(content("music.cue").c_str());
+    HOST_insert_disc("music.cue");
     if (CDROM_open() != 0) return;
     const std::int32_t tracks = CDROM_total();
     CDROM_clear_task();
@@ -115,14 +114,14 @@ bool Game::running() const {
     return !closed;
 }
 
-void Game::fade_in() {
-    PAL_fade_init(palette_.data(), nullptr);
+void Game::fade_in(const Palette &palette) {
+    target_ = palette;
+    PAL_fade_init(target_.data(), nullptr);
     PAL_fade_effect(1);
 }
 
 void Game::fade_out() {
-    PAL_fade_init(black_.data(), nullptr);
-    PAL_fade_effect(1);
+    fade_in({});
 }
 
 void Game::turn_water() {

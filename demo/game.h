@@ -6,8 +6,6 @@
 
 #include <array>
 #include <cstdint>
-#include <filesystem>
-#include <string>
 #include <vector>
 
 namespace demo {
@@ -34,8 +32,7 @@ Palette make_palette();
 
 class Game {
   public:
-    // content is the directory of the fonts, sounds, cursor and disc that were built for the demo.
-    explicit Game(const std::filesystem::path &content);
+    Game();
     Game(const Game &) = delete;
     Game &operator=(const Game &) = delete;
 
@@ -48,10 +45,9 @@ class Game {
     HWND window() const { return window_; }
     std::uint8_t *screen() { return screen_.data(); }
     const Palette &palette() const { return palette_; }
-    std::string content(const char *name) const { return (content_ / name).string(); }
 
-    // Fades the displayed palette to the demo's, or to black.
-    void fade_in();
+    // Fades the displayed palette to the given one, or to black.
+    void fade_in(const Palette &palette);
     void fade_out();
     // The ring of water colours one step further; the screen changes at once, without a present.
     void turn_water();
@@ -63,10 +59,10 @@ class Game {
     void start_sound();
     void start_music();
 
-    std::filesystem::path content_;
     HWND window_ = nullptr;
     std::vector<std::uint8_t> screen_;
-    Palette palette_, black_{};
+    Palette palette_;
+    Palette target_{};  // of the fade
 };
 
 }  // namespace demo

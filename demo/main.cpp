@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <cstdio>
 #include <exception>
+#include <filesystem>
 #include <memory>
 
 #include "desk_page.h"
@@ -42,7 +43,7 @@ void open_page(Game &game, Page &page) {
     page.draw(game);
     MOUSE_show(!page.has_image_cursor());
     WViewBuffer2Screen();
-    game.fade_in();
+    game.fade_in(page.palette(game));
 }
 
 // The frame loop. player is null when a person plays.
@@ -93,7 +94,10 @@ int main(int argc, char **argv) try {
         std::fprintf(stderr, "demo: the machine '%s' cannot be had here\n", host.c_str());
         return 1;
     }
-    Game game(content);
+    // The fonts are looked for in the current directory, like everything a game brings.
+    pictures = std::filesystem::absolute(pictures).string();
+    std::filesystem::current_path(content);
+    Game game;
     if (!game.start()) {
         std::fprintf(stderr, "demo: no window can be opened\n");
         return 1;
@@ -101,7 +105,7 @@ int main(int argc, char **argv) try {
     std::printf("Inkstone's demo on the %s machine\n", HOST_name());
     MOUSE_load_cursor(0, HOST_load_cursor(HOST_CURSOR_ARROW));
     std::vector<std::uint8_t> work(64 * 64 * 2 + 16);
-    MOUSE_load_image_cursor(0, game.content("cursor.can").c_str(), work.data());
+    MOUSE_load_image_cursor(0, "cursor.can", work.data());
     MOUSE_set_spot(1, 1);
     set_system_tab_function([] { page_turned = true; });
     PollingInit(kFrameList);

@@ -17,6 +17,8 @@ struct Events {
 class Page {
   public:
     virtual ~Page() = default;
+    // The palette the page is faded in with.
+    virtual Palette palette(const Game &game) const { return game.palette(); }
     // Draws the whole page into the screen buffer; the loop presents it.
     virtual void draw(Game &game) = 0;
     // One frame: answers the events, and presents what it changed.

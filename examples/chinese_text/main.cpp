@@ -8,7 +8,7 @@
 #include <filesystem>
 #include <vector>
 
-#include "page.h"
+#include "chinese_page.h"
 #include "png/png_file.h"
 
 int main(int argc, char **argv) {

@@ -1,4 +1,4 @@
-#include "page.h"
+#include "chinese_page.h"
 
 #include <inkstone/chine.h>
 #include <inkstone/draw.h>
