@@ -17,8 +17,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     std::int32_t numbers[kNumbers];
     for (std::size_t i = 0; i < kNumbers; ++i) {
         numbers[i] = static_cast<std::int16_t>(data[2 * i] | data[2 * i + 1] << 8);
-        if (numbers[i] < -30000) numbers[i] *= 70000;  // far beyond any screen
-        if (numbers[i] > 30000) numbers[i] *= 65536;
+        if (numbers[i] < -30000 || numbers[i] > 30000) numbers[i] *= 65536;  // far beyond any screen
     }
     const std::size_t length = std::min<std::size_t>(data[kHead - 1], size - kHead);
     const std::string text(reinterpret_cast<const char *>(data) + kHead, length);
