@@ -65,7 +65,8 @@ TEST(Utility, TakesTextLinesApart) {
     EXPECT_EQ(take(1, 19), "12\tx|8");  // a tab ends no token
     skip_space(line, &position);
     EXPECT_EQ(position, 13);
-    EXPECT_EQ(take(1, 2) + take(1, 0) + take(0, -1) + take(0, 19) + take(0, 19), "en|15|15|15d|16|16");
+    const std::string pieces[] = {take(1, 2), take(1, 0), take(0, -1), take(0, 19), take(0, 19)};
+    EXPECT_EQ(pieces[0] + pieces[1] + pieces[2] + pieces[3] + pieces[4], "en|15|15|15d|16|16");
     position = 0;
     EXPECT_EQ(take(0, 19), std::string(line) + "|16");
 }

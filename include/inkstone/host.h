@@ -69,9 +69,9 @@ INK_API LRESULT HOST_default_procedure(HWND window, UINT message, WPARAM wparam,
 /* Puts a message at the end of the queue. */
 INK_API void HOST_post_message(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
 
-/* Sends the window a WM_TIMER message with the number id in wParam every milliseconds, for as long as messages are
-   dispatched; at most one is pending. A timer of the same number is replaced. Numbers 1 to 16 of the window given to
-   SetupTimerProc are the library's. Returns 0, or -2 when the machine refuses. */
+/* Sends the window a WM_TIMER message with the number id in wParam every milliseconds, for as long as
+   messages are dispatched; at most one is pending. A timer of the same number is replaced. Numbers 1 to 16 of
+   the window given to SetupTimerProc are the library's. Returns 0, or -2 when the machine refuses. */
 INK_API int32_t HOST_set_timer(HWND window, uint32_t id, uint32_t milliseconds);
 
 /* Ends the timer. */

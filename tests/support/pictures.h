@@ -12,7 +12,8 @@
 namespace test {
 
 inline void expect_same_picture(const std::filesystem::path &expected, const std::filesystem::path &actual) {
-    const ink::tool::RgbPicture want = ink::tool::read_png_rgb(expected), got = ink::tool::read_png_rgb(actual);
+    const ink::tool::RgbPicture want = ink::tool::read_png_rgb(expected),
+                                got = ink::tool::read_png_rgb(actual);
     if (want.width == got.width && want.height == got.height && want.rgb == got.rgb) return;
 
     namespace fs = std::filesystem;

@@ -214,9 +214,10 @@ Machine *open_sdl() {
     const auto set = [](const char *name) { return std::getenv(name) != nullptr; };
     if (!set("DISPLAY") && !set("WAYLAND_DISPLAY") && !set("SDL_VIDEODRIVER")) return nullptr;
 #endif
-    // Closing the last window is the game's affair, which gets WM_CLOSE; only a signal ends the program from
-    // outside.
+    // Closing the last window is the game's affair, which gets WM_CLOSE. A signal ends the program as it ends any
+    // other, also while a message box waits.
     SDL_SetHint(SDL_HINT_QUIT_ON_LAST_WINDOW_CLOSE, "0");
+    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
     if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) return nullptr;
     static VirtualMachine machine("sdl", Clock(microseconds_since_start), std::make_unique<SdlEnds>());
     return &machine.machine();
