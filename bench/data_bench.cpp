@@ -19,7 +19,8 @@ Bytes text() {
     std::mt19937 random(1);
     std::vector<std::string> words(2000);
     for (std::string &word : words)
-        for (unsigned n = 1 + random() % 9; n > 0; --n) word += static_cast<char>('a' + random() % 26 * (random() % 26) / 26);
+        for (unsigned n = 1 + random() % 9; n > 0; --n)
+            word += static_cast<char>('a' + random() % 26 * (random() % 26) / 26);
     Bytes data;
     while (data.size() < kSize) {
         const std::string &word = words[random() % (1 + random() % words.size())];
@@ -58,7 +59,11 @@ Bytes table() {
 const struct {
     const char *name;
     Bytes data;
-} kInputs[] = {{"text", text()}, {"picture", picture()}, {"noise", noise()}, {"table", table()}, {"equal", Bytes(kSize, 65)}};
+} kInputs[] = {{"text", text()},
+               {"picture", picture()},
+               {"noise", noise()},
+               {"table", table()},
+               {"equal", Bytes(kSize, 65)}};
 
 const Bytes &input(benchmark::State &state) {
     const auto &chosen = kInputs[state.range(0)];
