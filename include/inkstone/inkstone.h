@@ -3,6 +3,7 @@
 #define INKSTONE_INKSTONE_H
 
 #include "ascii.h"
+#include "bind.h"
 #include "bitio.h"
 #include "can.h"
 #include "cdaudio.h"
@@ -13,6 +14,7 @@
 #include "expression.h"
 #include "flic.h"
 #include "host.h"
+#include "info.h"
 #include "keyboard.h"
 #include "line.h"
 #include "lzss.h"

@@ -1,4 +1,5 @@
 // LZSS between two blocks of memory: groups of a flag byte and up to eight tokens.
+#include <bit>
 #include <span>
 
 #include "data/lzss_coder.h"
@@ -9,7 +10,7 @@ namespace ink::data {
 namespace {
 
 constexpr unsigned kGroup = 8;
-constexpr unsigned kAllLiterals = 0xFF;
+constexpr unsigned kAllFlags = 0xFF;
 static_assert(kGroup == LzssOutput::kWord);
 
 class MemorySource {
@@ -61,18 +62,17 @@ class GroupReader {
     bool expand(LzssOutput &output) {
         if (left() == 0 || output.room() == 0) return false;
         unsigned flags = *at_++;
-        if (left() >= 2 * kGroup && output.room() >= kGroup * kLongestMatch + LzssOutput::kSlack) {
-            if (flags == kAllLiterals) {
-                output.literals(at_);
-                at_ += kGroup;
-                return true;
+        if (left() >= 2 * kGroup + LzssOutput::kWord &&
+            output.room() >= kGroup * kLongestMatch + LzssOutput::kSlack) {
+            // From match to match, with the literals between two at once.
+            unsigned done = 0;
+            for (unsigned matches = ~flags & kAllFlags; matches != 0; matches &= matches - 1) {
+                const auto index = static_cast<unsigned>(std::countr_zero(matches));
+                take_literals(output, index - done);
+                output.copy_with_slack(take_match());
+                done = index + 1;
             }
-            for (unsigned i = 0; i < kGroup; ++i, flags >>= 1) {
-                if (flags & 1)
-                    output.literal(*at_++);
-                else
-                    output.copy_with_slack(take_match());
-            }
+            take_literals(output, kGroup - done);
             return true;
         }
         for (unsigned i = 0; i < kGroup && output.room() > 0; ++i, flags >>= 1) {
@@ -87,6 +87,11 @@ class GroupReader {
 
   private:
     std::size_t left() const { return static_cast<std::size_t>(end_ - at_); }
+
+    void take_literals(LzssOutput &output, unsigned count) {
+        output.literals_with_slack(at_, count);
+        at_ += count;
+    }
 
     Match take_match() {
         const unsigned high = at_[0], low = at_[1];

@@ -22,39 +22,33 @@ class LzssOutput {
 
     void literal(std::uint8_t byte) { *at_++ = byte; }
 
-    // Copies kWord literals.
-    void literals(const std::uint8_t *bytes) {
+    // Up to kWord literals, where kWord bytes can be read and there is room for as many.
+    void literals_with_slack(const std::uint8_t *bytes, unsigned count) {
         copy_word(at_, bytes);
-        at_ += kWord;
+        at_ += count;
     }
 
     // Copies a match, or as much of it as there is room for.
     void copy(Match match) {
-        match.length = static_cast<unsigned>(std::min<std::size_t>(match.length, room()));
-        const std::size_t distance = distance_to(match.position);
-        for (; match.length > 0; --match.length, ++at_) *at_ = byte_back(distance);
+        const auto length = static_cast<unsigned>(std::min<std::size_t>(match.length, room()));
+        copy_bytes(distance_to(match.position), length);
     }
 
     // The same where there is room for kLongestMatch + kSlack bytes.
     void copy_with_slack(Match match) {
         std::size_t distance = distance_to(match.position);
-        if (distance > written().size()) {
-            copy(match);
-            return;
-        }
-        std::uint8_t *const next = at_ + match.length;
-        if (distance == 1) {
+        if (distance == 1 && at_ != begin_) {
             std::memset(at_, at_[-1], kLongestMatch);
-            at_ = next;
+        } else if (distance > written().size()) {
+            copy_bytes(distance, match.length);
             return;
+        } else {
+            // What repeats at a short distance also repeats at twice that distance.
+            std::uint8_t *to = at_;
+            for (; distance < kWord; to += distance, distance *= 2) copy_word(to, to - distance);
+            for (; to < at_ + match.length; to += kWord) copy_word(to, to - distance);
         }
-        // What repeats at a short distance also repeats at twice that distance.
-        for (; distance < kWord; distance *= 2) {
-            copy_word(at_, at_ - distance);
-            at_ += distance;
-        }
-        for (; at_ < next; at_ += kWord) copy_word(at_, at_ - distance);
-        at_ = next;
+        at_ += match.length;
     }
 
     // Keeps the last bytes, which matches may still name, and makes room for more behind them.
@@ -84,11 +78,15 @@ class LzssOutput {
         const auto here = begin_position_ + static_cast<unsigned>(written().size());
         return wrap(here - position - 1) + 1;
     }
-    // A position that was not written yet is one that an earlier call left in the window.
-    std::uint8_t byte_back(std::size_t distance) const {
-        const std::size_t size = written().size();
-        if (distance <= size) return *(at_ - distance);
-        return *lzss.window.at(wrap(begin_position_ + static_cast<unsigned>(size - distance)));
+
+    void copy_bytes(std::size_t distance, unsigned length) {
+        for (; length > 0; --length, ++at_) {
+            const std::size_t size = written().size();
+            // A position that was not written yet holds what an earlier call left in the window.
+            *at_ = distance <= size
+                       ? *(at_ - distance)
+                       : *lzss.window.at(wrap(begin_position_ + static_cast<unsigned>(size - distance)));
+        }
     }
 
     std::uint8_t *begin_, *at_, *end_;

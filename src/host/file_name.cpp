@@ -5,18 +5,11 @@
 #include <string_view>
 #include <system_error>
 
+#include "host/letter_case.h"
+
 namespace ink::host {
 namespace fs = std::filesystem;
 namespace {
-
-char lower(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
-}
-
-bool equal_ignoring_case(std::string_view a, std::string_view b) {
-    return a.size() == b.size() &&
-           std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) { return lower(x) == lower(y); });
-}
 
 bool exists(const std::string &path) {
     std::error_code error;
@@ -99,6 +92,11 @@ std::string current_directory([[maybe_unused]] char drive) {
     if (drive != '\0') return fs::absolute(std::string{drive, ':'}, error).string();
 #endif
     return fs::current_path(error).string();
+}
+
+bool same_file(const char *one, const char *other) {
+    std::error_code error;
+    return fs::equivalent(system_name(one), system_name(other), error);
 }
 
 }  // namespace ink::host

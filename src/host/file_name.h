@@ -25,6 +25,9 @@ File open_file(const char *name, const char *mode);
 // Removes the file; false when there is none or it cannot be removed.
 bool remove_file(const char *name);
 
+// Whether both names lead to one file that is there.
+bool same_file(const char *one, const char *other);
+
 // Creates the directory, whose parent must exist; false when it exists already or cannot be created.
 bool make_directory(const char *name);
 
