@@ -189,7 +189,7 @@ TEST(Flic, FramesThatAreReadAndThoseThatAreNot) {
 
 // What the tool makes of pictures is what the library reads.
 TEST(Ink, BuildsFilmsAndAnimations) {
-    const std::string ink = INK_PROGRAM;
+    const std::string ink = INK_TOOL;
     const std::vector<Picture> frames = pictures(3, 301, 100);
     for (std::size_t i = 0; const char *name : {"p0.pcx", "p1.pcx", "p2.pcx"}) {
         Bytes source(i);  // what lies to the left of the picture's place, (i, 0)

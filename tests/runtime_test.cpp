@@ -60,6 +60,9 @@ TEST(MessagePump, DispatchesAllThatWaitsAndSwallowsAQuitRequest) {
     fnCheckMessage();
     EXPECT_EQ(trace, "u1u2u5");
     EXPECT_EQ(HOST_wait_messages(), 0);  // nothing can come any more
+    const HWND other = HOST_open_window("t", 64, 48, HOST_default_procedure);
+    HOST_post_message(other, WM_CLOSE, 0, 0);
+    EXPECT_EQ(HOST_run_messages(), 0);  // closing the window ends the loop
 }
 
 // The whole order: the box, the messages that waited, the quit procedures newest first, exit code 1.

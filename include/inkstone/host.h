@@ -62,8 +62,8 @@ INK_API HWND HOST_open_window(const char *title, int32_t width, int32_t height,
 /* Closes the window after its procedure has received WM_DESTROY. Unknown handles are ignored. */
 INK_API void HOST_close_window(HWND window);
 
-/* What happens to a message the game does not handle: WM_CLOSE closes the window, everything else does
- * nothing. */
+/* What happens to a message the game does not handle: WM_CLOSE closes the window, WM_DESTROY asks the message
+   loop to end with exit code 0, everything else does nothing. */
 INK_API LRESULT HOST_default_procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
 
 /* Puts a message at the end of the queue. */

@@ -35,6 +35,7 @@ void HOST_close_window(HWND window) {
 
 LRESULT HOST_default_procedure(HWND window, UINT message, WPARAM, LPARAM) {
     if (message == WM_CLOSE) HOST_close_window(window);
+    if (message == WM_DESTROY) HOST_post_quit(0);
     return 0;
 }
 
