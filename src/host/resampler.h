@@ -4,8 +4,8 @@
 // arithmetic on samples is in integers, so the result is the same on every machine.
 #pragma once
 
-#include <array>
 #include <cstdint>
+#include <vector>
 
 namespace ink::host {
 
@@ -27,42 +27,36 @@ class Resampler {
         position.part = static_cast<std::uint32_t>(parts % to_);
     }
 
+    // How many frames before and after its place a sample is made of.
+    std::int64_t reach() const { return taps_ / 2; }
+
     // The sample of the input at that position. read(frame) gives the input's sample (24 bits at most), also
     // for frames before the first and after the last.
     template <class Read>
     std::int32_t at(SamplePosition position, Read read) const {
         const auto frame = static_cast<std::int64_t>(position.frame);
         if (position.part == 0 && from_ <= to_) return read(frame);
-        const std::int64_t offset = static_cast<std::int64_t>(position.part) * step_ / to_;
-        std::int64_t sum = 0, weights = 0;
-        for (std::int64_t i = 1 - reach_; i <= reach_; ++i) {
-            const std::int64_t weight = weight_at(i * step_ - offset);
-            sum += weight * read(frame + i);
-            weights += weight;
-        }
-        return static_cast<std::int32_t>((sum + (sum < 0 ? -weights : weights) / 2) / weights);
+        const std::int32_t *weights = row(position.part);
+        std::int64_t sum = kOne / 2;
+        for (std::int64_t i = 0; i < taps_; ++i) sum += std::int64_t{weights[i]} * read(frame + first_ + i);
+        return static_cast<std::int32_t>(sum >> kOneBits);
     }
 
   private:
-    static constexpr int kZeroCrossings = 16;             // of the sinc, on each side
-    static constexpr int kTableBits = 9, kUnitBits = 20;  // steps per crossing in the table; in a distance
-    using Table = std::array<std::int32_t, (kZeroCrossings << kTableBits) + 2>;
-    static const Table &table();
+    static constexpr int kOneBits = 22;
+    static constexpr std::int64_t kOne = std::int64_t{1}
+                                         << kOneBits;  // what the weights of a place add up to
 
-    // The weight at a distance from the centre, linear between the entries of the table.
-    std::int64_t weight_at(std::int64_t distance) const {
-        constexpr int kBelow = kUnitBits - kTableBits;
-        if (distance < 0) distance = -distance;
-        if (distance >= std::int64_t{kZeroCrossings} << kUnitBits) return 0;
-        const auto index = static_cast<std::size_t>(distance >> kBelow);
-        const std::int64_t part = distance & ((1 << kBelow) - 1);
-        return table_[index] + (((table_[index + 1] - table_[index]) * part) >> kBelow);
-    }
+    // The weights of the input frames around a place that lies this part of a frame after one.
+    const std::int32_t *row(std::uint32_t part) const;
+    void weigh(std::uint32_t part, std::int32_t *weights) const;
 
     std::uint32_t from_, to_;
-    std::int64_t step_;   // an input frame in units of distance: when the rate sinks the sinc is wider
-    std::int64_t reach_;  // input frames on each side that have a weight
-    const Table &table_;
+    std::uint32_t part_step_;    // every part that occurs is a multiple of this
+    std::int64_t taps_, first_;  // input frames that have a weight, and where they begin
+    // The weights of every part that occurs, one row each, where they are few; otherwise room for one row.
+    mutable std::vector<std::int32_t> weights_;
+    bool all_rows_;
 };
 
 }  // namespace ink::host

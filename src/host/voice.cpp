@@ -65,16 +65,34 @@ std::int64_t Voice::next_gain() {
     return gain_now_;
 }
 
+std::int32_t Voice::word(std::int64_t frame, unsigned channel) const {
+    return static_cast<std::int16_t>(
+        get_u16(&samples_[2 * (static_cast<std::size_t>(frame) * channels_ + channel)]));
+}
+
+std::int32_t Voice::byte(std::int64_t frame, unsigned channel) const {
+    return (samples_[static_cast<std::size_t>(frame) * channels_ + channel] - 128) * 256;
+}
+
+// Also before the start and after the end: in a loop the last frames are followed by the first and the first
+// preceded by the last.
 std::int32_t Voice::sample(std::int64_t frame, unsigned channel) const {
-    // In a loop the last frames are followed by the first and the first preceded by the last.
     if (frame < 0 || frame >= frames_) {
         if (!looping_) return 0;
         frame %= frames_;
         if (frame < 0) frame += frames_;
     }
-    const std::size_t index = static_cast<std::size_t>(frame) * channels_ + channel;
-    if (bytes_per_sample_ == 1) return (samples_[index] - 128) * 256;
-    return static_cast<std::int16_t>(get_u16(&samples_[2 * index]));
+    return bytes_per_sample_ == 1 ? byte(frame, channel) : word(frame, channel);
+}
+
+// The sound at that position. Away from the ends, where most of it is, no frame can lie outside.
+std::int32_t Voice::sample_at(const SamplePosition &position, unsigned channel) const {
+    const auto frame = static_cast<std::int64_t>(position.frame);
+    if (frame < resampler_.reach() || frame >= frames_ - resampler_.reach())
+        return resampler_.at(position, [&](std::int64_t at) { return sample(at, channel); });
+    if (bytes_per_sample_ == 1)
+        return resampler_.at(position, [&](std::int64_t at) { return byte(at, channel); });
+    return resampler_.at(position, [&](std::int64_t at) { return word(at, channel); });
 }
 
 // False when the sound came to its end.
@@ -91,7 +109,7 @@ void Voice::add(const SamplePosition &position, std::int64_t gain, std::int32_t 
     std::int32_t heard = 0;
     for (unsigned ear = 0; ear < 2; ++ear) {
         if (ear < channels_)  // a single channel is heard with both
-            heard = resampler_.at(position, [&](std::int64_t frame) { return sample(frame, ear); });
+            heard = sample_at(position, ear);
         stereo[ear] += static_cast<std::int32_t>((heard * gain + kHalf) >> kGainBits);
     }
 }

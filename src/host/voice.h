@@ -46,7 +46,10 @@ class Voice {
     static constexpr int kGainBits = 24;
 
     Voice(const WaveFormat &format, std::uint32_t bytes);
+    std::int32_t word(std::int64_t frame, unsigned channel) const;
+    std::int32_t byte(std::int64_t frame, unsigned channel) const;
     std::int32_t sample(std::int64_t frame, unsigned channel) const;
+    std::int32_t sample_at(const SamplePosition &position, unsigned channel) const;
     bool advance(SamplePosition &position, std::uint64_t frames) const;
     // Adds the frame at that position, through the gain.
     void add(const SamplePosition &position, std::int64_t gain, std::int32_t *stereo) const;

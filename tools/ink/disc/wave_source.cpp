@@ -13,6 +13,7 @@ namespace ink::tool {
 namespace {
 
 constexpr std::uint16_t kPcm = 1, kFloat = 3, kExtensible = 0xFFFE;
+constexpr std::uint32_t kFastest = 1'000'000;
 constexpr double kFullScale = 1 << 23;  // samples are 24-bit numbers on the way
 
 struct Format {
@@ -21,7 +22,7 @@ struct Format {
     bool known() const {
         const bool integer = tag == kPcm && (bits == 8 || bits == 16 || bits == 24 || bits == 32);
         const bool floating = tag == kFloat && (bits == 32 || bits == 64);
-        return (integer || floating) && channels >= 1 && rate >= 1;
+        return (integer || floating) && channels >= 1 && rate >= 1 && rate <= kFastest;
     }
     std::size_t frame_size() const { return std::size_t{channels} * bits / 8; }
 };
@@ -79,7 +80,7 @@ Track read_wave(const std::string &name) {
     if (!format_chunk || !data_chunk) throw std::runtime_error(name + ": not a wave file");
     const std::vector<std::uint8_t> format_bytes = contents(riff, *format_chunk, name);
     const Format format = read_format(Reader(format_bytes));
-    if (!format.known()) throw std::runtime_error(name + ": neither PCM nor floating-point samples");
+    if (!format.known()) throw std::runtime_error(name + ": a format that is not known here");
 
     const std::vector<std::uint8_t> data = contents(riff, *data_chunk, name);
     const auto frames = static_cast<std::int64_t>(data.size() / format.frame_size());
