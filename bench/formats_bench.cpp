@@ -17,7 +17,7 @@ namespace {
 
 namespace flic = ink::tool::flic;
 using ink::tool::Bytes;
-using ink::tool::Picture;
+using ink::tool::IndexedPicture;
 
 constexpr int kWidth = 640, kHeight = 480;
 constexpr std::size_t kPixels = kWidth * kHeight;
@@ -26,8 +26,8 @@ constexpr std::size_t kPixels = kWidth * kHeight;
 // drawn backgrounds have; shaded areas with dithering, as rendered ones have; noise.
 enum Kind { kDrawn, kDithered, kNoise };
 
-Picture picture(Kind kind, unsigned seed = 1) {
-    Picture made{.width = kWidth, .height = kHeight};
+IndexedPicture picture(Kind kind, unsigned seed = 1) {
+    IndexedPicture made{.width = kWidth, .height = kHeight};
     std::mt19937 random(seed);
     for (int y = 0; y < kHeight; ++y) {
         std::uint8_t colour = static_cast<std::uint8_t>(random());
@@ -58,7 +58,7 @@ void count_pixels(benchmark::State &state, std::size_t pixels) {
 }
 
 void copy_pixels(benchmark::State &state) {
-    const Picture from = picture(kNoise);
+    const IndexedPicture from = picture(kNoise);
     Bytes to(kPixels);
     for (auto _ : state) {
         std::memcpy(to.data(), from.pixels.data(), kPixels);
@@ -113,7 +113,7 @@ void expand_by_the_byte(benchmark::State &state) {
 BENCHMARK(expand_by_the_byte)->Name("formats/cimg_expand_by_the_byte")->DenseRange(kDrawn, kNoise);
 
 void read_pcx(benchmark::State &state) {
-    Picture shown = picture(static_cast<Kind>(state.range(0)));
+    IndexedPicture shown = picture(static_cast<Kind>(state.range(0)));
     const std::string file = std::filesystem::temp_directory_path() / "ink-bench.pcx";
     PCX_save_file(file.c_str(), 0, 0, kWidth, kHeight, shown.pixels.data(), kWidth, 0);
     for (auto _ : state) PCX_read_file(file.c_str(), shown.pixels.data());
@@ -124,16 +124,16 @@ void read_pcx(benchmark::State &state) {
 BENCHMARK(read_pcx)->Name("formats/pcx_read_file")->DenseRange(kDrawn, kNoise);
 
 // A picture of which every other eighth row band is new: what a film changes from frame to frame.
-Picture changed(const Picture &before) {
-    Picture now = before;
-    const Picture other = picture(kDrawn, 2);
+IndexedPicture changed(const IndexedPicture &before) {
+    IndexedPicture now = before;
+    const IndexedPicture other = picture(kDrawn, 2);
     for (int y = 0; y < kHeight; ++y)
         if (y / 60 % 2 == 0) std::copy(other.row(y) + 100, other.row(y) + 500, now.row(y) + 100);
     return now;
 }
 
 Bytes film_frame(int type) {
-    const Picture before = picture(kDrawn), now = changed(before);
+    const IndexedPicture before = picture(kDrawn), now = changed(before);
     switch (type) {
         case flic::BYTE_RUN: return flic::frame({flic::chunk(type, *flic::byte_run(now))});
         case flic::DELTA_FLI: return flic::frame({flic::chunk(type, *flic::delta_fli(now, before))});

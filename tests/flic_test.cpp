@@ -15,7 +15,7 @@
 
 using namespace ink::tool::flic;
 using namespace test;
-using ink::tool::Picture;
+using ink::tool::IndexedPicture;
 
 namespace {
 
@@ -31,10 +31,10 @@ Bytes exported() {
 }
 
 // Pictures of noise, flat areas and stripes of many lengths, each with something new on some of the rows.
-std::vector<Picture> pictures(int count, int width, int height) {
+std::vector<IndexedPicture> pictures(int count, int width, int height) {
     std::mt19937 random(static_cast<unsigned>(width));
-    Picture now{.width = width, .height = height};
-    std::vector<Picture> all;
+    IndexedPicture now{.width = width, .height = height};
+    std::vector<IndexedPicture> all;
     for (int i = 0; i < count; ++i) {
         for (std::size_t at = random() % 9000; at < now.pixels.size(); at += random() % 600) {
             const std::size_t end = std::min(at + random() % 300, now.pixels.size());
@@ -51,11 +51,11 @@ std::vector<Picture> pictures(int count, int width, int height) {
 TEST(Flic, EveryChunkTypeGivesThePicturesThatWereCoded) {
     const int sizes[][3] = {{320, 200, 1}, {640, 480, 0}, {63, 41, 1}, {100, 480, 0}};
     for (const auto &[width, height, small] : sizes) {
-        const std::vector<Picture> expected = pictures(10, width, height);
-        const Picture black{.width = width, .height = height};
+        const std::vector<IndexedPicture> expected = pictures(10, width, height);
+        const IndexedPicture black{.width = width, .height = height};
         std::vector<Bytes> frames;
         for (std::size_t i = 0; i < expected.size(); ++i) {
-            const Picture &now = expected[i], &before = i == 0 ? black : expected[i - 1];
+            const IndexedPicture &now = expected[i], &before = i == 0 ? black : expected[i - 1];
             Bytes dim{1, 0, 0, 0};
             put(dim, Bytes(now.palette.begin(), now.palette.end()));
             const std::vector<Bytes> ways[] = {
@@ -190,7 +190,7 @@ TEST(Flic, FramesThatAreReadAndThoseThatAreNot) {
 // What the tool makes of pictures is what the library reads.
 TEST(Ink, BuildsFilmsAndAnimations) {
     const std::string ink = INK_TOOL;
-    const std::vector<Picture> frames = pictures(3, 301, 100);
+    const std::vector<IndexedPicture> frames = pictures(3, 301, 100);
     for (std::size_t i = 0; const char *name : {"p0.pcx", "p1.pcx", "p2.pcx"}) {
         Bytes source(i);  // what lies to the left of the picture's place, (i, 0)
         put(source, frames[i].pixels);
@@ -206,7 +206,7 @@ TEST(Ink, BuildsFilmsAndAnimations) {
     ASSERT_EQ(3, CAN_read_file("a.can", &head, nullptr));
     const ANI_DATA_STRUCT *record = head->next;
     for (const int i : {0, 1, 2, 0}) {  // the film leads back to its first frame
-        const Picture &now = frames[static_cast<std::size_t>(i)];
+        const IndexedPicture &now = frames[static_cast<std::size_t>(i)];
         ASSERT_EQ(0, FLIC_read_flic_data() | FLIC_play_flic_frame());
         for (int y = 0; y < 100; ++y)
             ASSERT_TRUE(std::equal(now.row(y), now.row(y) + 301, screen.data() + 320 * y));

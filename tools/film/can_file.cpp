@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::size_t kHeader = 20, kRecord = 8;
 
-Bytes compressed(const Picture &picture) {
+Bytes compressed(const IndexedPicture &picture) {
     if (picture.width > 0xFFFF || picture.height > 0xFFFF)
         throw std::runtime_error("a frame can be 65535 pixels wide and high at most");
     Bytes image(draw::kImageHeader), block(16 + 2 * picture.pixels.size());
@@ -25,7 +25,7 @@ Bytes compressed(const Picture &picture) {
 
 }  // namespace
 
-Bytes can_file(const std::vector<Picture> &frames, int anchor_x, int anchor_y) {
+Bytes can_file(const std::vector<IndexedPicture> &frames, int anchor_x, int anchor_y) {
     Bytes file(kHeader + 4 * frames.size());
     put_u32(&file[12], static_cast<std::uint32_t>(frames.size()));
     put_u16(&file[16], static_cast<std::uint32_t>(anchor_x));

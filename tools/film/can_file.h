@@ -7,6 +7,6 @@ namespace ink::tool {
 
 // The file of an animation. Each frame stands where its picture is placed, and the anchor is added to all of
 // them.
-Bytes can_file(const std::vector<Picture> &frames, int anchor_x, int anchor_y);
+Bytes can_file(const std::vector<IndexedPicture> &frames, int anchor_x, int anchor_y);
 
 }  // namespace ink::tool

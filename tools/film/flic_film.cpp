@@ -89,7 +89,7 @@ std::size_t add_deltas(Bytes &data, const Row &now, const Row &before) {
 }
 
 // The frame that turns before into now, or paints all of now when there is no picture before it.
-Bytes shortest_frame(const Picture &now, const Picture *before) {
+Bytes shortest_frame(const IndexedPicture &now, const IndexedPicture *before) {
     std::vector<Bytes> chunks;
     if (before == nullptr || before->palette != now.palette)
         chunks.push_back(chunk(COLOR_256, color_256(now)));
@@ -106,7 +106,7 @@ Bytes shortest_frame(const Picture &now, const Picture *before) {
 
 }  // namespace
 
-std::optional<Bytes> byte_run(const Picture &now) {
+std::optional<Bytes> byte_run(const IndexedPicture &now) {
     Bytes data;
     for (int y = 0; y < now.height; ++y) {
         const std::size_t count_at = data.size();
@@ -118,7 +118,7 @@ std::optional<Bytes> byte_run(const Picture &now) {
     return data;
 }
 
-Bytes copy(const Picture &now) {
+Bytes copy(const IndexedPicture &now) {
     Bytes data;
     for (int y = 0; y < now.height; ++y) {
         add(data, now.row(y), now.width);
@@ -127,7 +127,7 @@ Bytes copy(const Picture &now) {
     return data;
 }
 
-std::optional<Bytes> delta_fli(const Picture &now, const Picture &before) {
+std::optional<Bytes> delta_fli(const IndexedPicture &now, const IndexedPicture &before) {
     const auto same = [&](int y) { return std::equal(now.row(y), now.row(y) + now.width, before.row(y)); };
     int first = 0, last = now.height;
     while (first < last && same(first)) ++first;
@@ -147,7 +147,7 @@ std::optional<Bytes> delta_fli(const Picture &now, const Picture &before) {
     return data;
 }
 
-Bytes delta_flc(const Picture &now, const Picture &before) {
+Bytes delta_flc(const IndexedPicture &now, const IndexedPicture &before) {
     Bytes data(2);
     int lines = 0, skipped = 0;
     for (int y = 0; y < now.height; ++y) {
@@ -171,7 +171,7 @@ Bytes delta_flc(const Picture &now, const Picture &before) {
     return data;
 }
 
-Bytes color_256(const Picture &now) {
+Bytes color_256(const IndexedPicture &now) {
     Bytes data{1, 0, 0, 0};  // one packet, of every colour
     const auto bright = bright_palette(now.palette);
     append(data, bright);
@@ -204,14 +204,14 @@ Bytes file_header(int frames, int width, int height, int depth, int milliseconds
     return header;
 }
 
-Bytes film(const std::vector<Picture> &pictures, int milliseconds) {
-    const Picture &first = pictures.at(0);
+Bytes film(const std::vector<IndexedPicture> &pictures, int milliseconds) {
+    const IndexedPicture &first = pictures.at(0);
     constexpr int kMost = 0x7FFF;
     if (first.width > kMost || first.height > kMost || pictures.size() > kMost)
         throw std::runtime_error("a film has at most 32767 frames of 32767 x 32767 pixels");
     Bytes bytes = file_header(static_cast<int>(pictures.size()), first.width, first.height, 8, milliseconds);
-    const Picture *before = nullptr;
-    const auto append_frame = [&](const Picture &now) {
+    const IndexedPicture *before = nullptr;
+    const auto append_frame = [&](const IndexedPicture &now) {
         if (now.width != first.width || now.height != first.height)
             throw std::runtime_error("the pictures of a film must be of one size");
         const std::size_t offset = bytes.size();

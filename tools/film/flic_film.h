@@ -21,15 +21,15 @@ enum ChunkType {
 };
 
 // The data of a chunk that paints the whole picture. Rows of FLI_COPY are padded to a multiple of four bytes.
-std::optional<Bytes> byte_run(const Picture &now);
-Bytes copy(const Picture &now);
+std::optional<Bytes> byte_run(const IndexedPicture &now);
+Bytes copy(const IndexedPicture &now);
 
 // The data of a chunk that turns one picture into another of the same size.
-std::optional<Bytes> delta_fli(const Picture &now, const Picture &before);
-Bytes delta_flc(const Picture &now, const Picture &before);
+std::optional<Bytes> delta_fli(const IndexedPicture &now, const IndexedPicture &before);
+Bytes delta_flc(const IndexedPicture &now, const IndexedPicture &before);
 
 // The data of COLOR_256 that sets every colour.
-Bytes color_256(const Picture &now);
+Bytes color_256(const IndexedPicture &now);
 
 Bytes chunk(int type, const Bytes &data);
 Bytes frame(const std::vector<Bytes> &chunks, int type = 0xF1FA);
@@ -37,6 +37,6 @@ Bytes file_header(int frames, int width, int height, int depth = 8, int millisec
 
 // A whole film in its shortest coding, its last frame leading back to the first for players that loop. Throws
 // std::runtime_error when the pictures are not all of one size.
-Bytes film(const std::vector<Picture> &pictures, int milliseconds);
+Bytes film(const std::vector<IndexedPicture> &pictures, int milliseconds);
 
 }  // namespace ink::tool::flic

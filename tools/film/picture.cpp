@@ -31,11 +31,11 @@ void write_bytes(const std::filesystem::path &name, const Bytes &bytes) {
         throw std::runtime_error("cannot write " + name.string());
 }
 
-Picture read_picture(const std::filesystem::path &name) {
+IndexedPicture read_picture(const std::filesystem::path &name) {
     const Bytes file = read_bytes(name);
     Reader header(file);
     header.seek(4);
-    Picture picture;
+    IndexedPicture picture;
     picture.x = header.i16();
     picture.y = header.i16();
     // The library logs why it refuses a file; here the user is told.

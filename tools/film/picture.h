@@ -11,7 +11,7 @@ namespace ink::tool {
 
 using Bytes = std::vector<std::uint8_t>;
 
-struct Picture {
+struct IndexedPicture {
     int width = 0, height = 0;
     Bytes pixels = Bytes(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
     std::array<std::uint8_t, 768> palette{};  // components 0 to 63
@@ -27,7 +27,7 @@ struct Picture {
 void append(Bytes &to, std::span<const std::uint8_t> bytes);
 
 // Reads a PCX file. Throws std::runtime_error when it cannot be read or has no pixels.
-Picture read_picture(const std::filesystem::path &name);
+IndexedPicture read_picture(const std::filesystem::path &name);
 
 // The palette with components of 0 to 255, the brightest 63 becoming 255.
 std::array<std::uint8_t, 768> bright_palette(const std::array<std::uint8_t, 768> &palette);

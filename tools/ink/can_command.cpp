@@ -23,7 +23,7 @@ struct Arguments {
 };
 
 void build(const Arguments &arguments) {
-    std::vector<Picture> frames;
+    std::vector<IndexedPicture> frames;
     for (const std::string &name : arguments.frames) frames.push_back(read_picture(name));
     const Bytes file = can_file(frames, arguments.anchor.first, arguments.anchor.second);
     write_bytes(arguments.output, file);

@@ -22,7 +22,7 @@ struct Arguments {
 };
 
 void build(const Arguments &arguments) {
-    std::vector<Picture> pictures;
+    std::vector<IndexedPicture> pictures;
     for (const std::string &name : arguments.frames) pictures.push_back(read_picture(name));
     const Bytes file = flic::film(pictures, arguments.milliseconds);
     write_bytes(arguments.output, file);
@@ -36,7 +36,7 @@ void show(const Arguments &arguments) {
     header.seek(8);
     const int width = std::min<int>(header.i16(), draw::kScreenWidth);
     const int height = std::min<int>(header.i16(), draw::kScreenHeight);
-    Picture screen{draw::kScreenWidth, draw::kScreenHeight};
+    IndexedPicture screen{draw::kScreenWidth, draw::kScreenHeight};
     const int frames = FLIC_open_flic_file(arguments.input.c_str(), 0, screen.pixels.data());
     if (frames < 1 || width < 1 || height < 1) throw std::runtime_error(arguments.input + " is not a film");
     std::cout << width << " x " << height << ", " << frames << " frames\n";
