@@ -235,20 +235,37 @@ void remap_nonzero(const Blit &blit, const Byte *table) {
 #else
 
 // Generic vectors have no table lookups: these two go pixel by pixel.
-void remap(const Blit &blit, const Byte *table) {
-    Byte *to = blit.to;
-    for (Step row = 0; row < blit.rows; ++row, to += blit.to_step)
-        for (Step x = 0; x < blit.columns; ++x) to[x] = table[to[x]];
+[[gnu::always_inline]] inline void remap_row(Byte *to, Step columns, const Byte *table) {
+    for (Step x = 0; x < columns; ++x) to[x] = table[to[x]];
 }
 
+void remap(const Blit &blit, const Byte *table) {
+    Byte *to = blit.to;
+    for (Step row = 0; row < blit.rows; ++row, to += blit.to_step) remap_row(to, blit.columns, table);
+}
+
+// Pictures are mostly runs: eight pixels that are all 0, or none of them, need no look at each.
 void remap_nonzero(const Blit &blit, const Byte *table) {
+    constexpr int kEight = 8;
     Byte *to = blit.to;
     const Byte *from = blit.from;
-    for (Step row = 0; row < blit.rows; ++row, to += blit.to_step, from += blit.from_step)
-        for (Step x = 0; x < blit.columns; ++x) {
+    const auto remap_some = [&](Step x, Step end) {
+        for (; x < end; ++x) {
             const Byte under = to[x], through = table[under];
             to[x] = from[x] != 0 ? through : under;
         }
+    };
+    for (Step row = 0; row < blit.rows; ++row, to += blit.to_step, from += blit.from_step) {
+        Step x = 0;
+        for (; x + kEight <= blit.columns; x += kEight) {
+            const auto zeros = (std::uint64_t)(load<kEight>(from + x) == 0);
+            if (zeros == 0)
+                remap_row(to + x, kEight, table);
+            else if (~zeros != 0)
+                remap_some(x, x + kEight);
+        }
+        remap_some(x, blit.columns);
+    }
 }
 
 #endif
