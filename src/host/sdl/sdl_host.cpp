@@ -214,8 +214,8 @@ Machine *open_sdl() {
     const auto set = [](const char *name) { return std::getenv(name) != nullptr; };
     if (!set("DISPLAY") && !set("WAYLAND_DISPLAY") && !set("SDL_VIDEODRIVER")) return nullptr;
 #endif
-    // Closing the last window is the game's affair, which gets WM_CLOSE. A signal ends the program as it ends any
-    // other, also while a message box waits.
+    // Closing the last window is the game's affair, which gets WM_CLOSE. A signal ends the program as it ends
+    // any other, also while a message box waits.
     SDL_SetHint(SDL_HINT_QUIT_ON_LAST_WINDOW_CLOSE, "0");
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
     if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) return nullptr;
