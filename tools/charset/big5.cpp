@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <optional>
 #include <stdexcept>
 
 namespace ink::tool {
@@ -21,11 +20,11 @@ class Converter {
     Converter &operator=(const Converter &) = delete;
 
     // Nothing unless the whole of text is one character that has an exact counterpart.
-    std::optional<std::string> convert(std::string text) const {
+    std::optional<std::string> convert(std::string_view text) const {
         if (!known()) return std::nullopt;
         iconv(handle_, nullptr, nullptr, nullptr, nullptr);
         std::array<char, 16> bytes;
-        char *in = text.data(), *out = bytes.data();
+        char *in = const_cast<char *>(text.data()), *out = bytes.data();
         std::size_t in_left = text.size(), out_left = bytes.size();
         if (iconv(handle_, &in, &in_left, &out, &out_left) != 0 || in_left != 0) return std::nullopt;
         return std::string(bytes.data(), bytes.size() - out_left);
@@ -37,14 +36,16 @@ class Converter {
     iconv_t handle_;
 };
 
-// The Big5 of the most widespread system first, then the one of the standard.
-constexpr std::array<const char *, 2> kBig5Names{"CP950", "BIG5"};
+// The Big5 of the most widespread system is asked first, then the one of the standard.
+constexpr const char *kFirstBig5 = "CP950", *kSecondBig5 = "BIG5";
 
-std::optional<char32_t> decode(const Converter &to_utf32, std::string bytes) {
+// Nothing for characters of the private use area either, which stand for something else in every font.
+std::optional<char32_t> decode(const Converter &to_utf32, std::string_view bytes) {
     const auto converted = to_utf32.convert(std::move(bytes));
     if (!converted || converted->size() != 4) return std::nullopt;
     char32_t character = 0;
     for (const char byte : *converted) character = character << 8 | static_cast<std::uint8_t>(byte);
+    if (character >= 0xE000 && character < 0xF900) return std::nullopt;
     return character;
 }
 
@@ -56,18 +57,38 @@ std::size_t utf8_length(char byte) {
 
 }  // namespace
 
+std::optional<std::string> big5_of_character(std::string_view character) {
+    static const Converter first(kFirstBig5, "UTF-8"), second(kSecondBig5, "UTF-8");
+    if (character.empty() || utf8_length(character[0]) != character.size()) return std::nullopt;
+    if (character.size() == 1) return std::string(character);
+    const auto converted = first.convert(character);
+    return converted ? converted : second.convert(character);
+}
+
+std::optional<std::string> character_of_big5(std::string_view bytes) {
+    static const Converter to_utf8("UTF-8", "UTF-32LE");
+    if (bytes.size() == 1) return big5_of_character(bytes);
+    if (bytes.size() != 2) return std::nullopt;
+    const auto code = static_cast<std::uint16_t>(static_cast<std::uint8_t>(bytes[0]) << 8 |
+                                                 static_cast<std::uint8_t>(bytes[1]));
+    for (const char32_t unicode : unicode_of_big5(code)) {
+        std::string utf32;
+        for (const int shift : {0, 8, 16, 24}) utf32 += static_cast<char>(unicode >> shift);
+        const auto character = to_utf8.convert(utf32);
+        if (character && big5_of_character(*character) == bytes) return character;
+    }
+    return std::nullopt;
+}
+
 std::string to_big5(std::string_view utf8) {
-    static const Converter cp950(kBig5Names[0], "UTF-8"), big5(kBig5Names[1], "UTF-8");
     std::string result;
     for (std::size_t i = 0; i < utf8.size();) {
         const std::size_t length = utf8_length(utf8[i]);
-        const std::string character(utf8.substr(i, std::max<std::size_t>(length, 1)));
-        std::optional<std::string> converted = character;
-        if (length != 1) converted = length ? cp950.convert(character) : std::nullopt;
-        if (!converted && length) converted = big5.convert(character);
-        if (!converted) {
-            throw std::runtime_error(length ? "Big5 has no character " + character : "the text is not UTF-8");
-        }
+        const std::string_view character = utf8.substr(i, length);
+        const auto converted = big5_of_character(character);
+        if (!converted)
+            throw std::runtime_error(length == 0 ? "the text is not UTF-8"
+                                                 : "Big5 has no character " + std::string(character));
         result += *converted;
         i += length;
     }
@@ -75,11 +96,11 @@ std::string to_big5(std::string_view utf8) {
 }
 
 std::vector<char32_t> unicode_of_big5(std::uint16_t code) {
-    static const Converter cp950("UTF-32BE", kBig5Names[0]), big5("UTF-32BE", kBig5Names[1]);
+    static const Converter first("UTF-32BE", kFirstBig5), second("UTF-32BE", kSecondBig5);
     std::vector<char32_t> characters;
-    for (const Converter *converter : {&cp950, &big5}) {
-        const auto character =
-            decode(*converter, {static_cast<char>(code >> 8), static_cast<char>(code & 0xFF)});
+    const std::array<char, 2> bytes{static_cast<char>(code >> 8), static_cast<char>(code & 0xFF)};
+    for (const Converter *converter : {&first, &second}) {
+        const auto character = decode(*converter, {bytes.data(), bytes.size()});
         if (character && std::find(characters.begin(), characters.end(), *character) == characters.end())
             characters.push_back(*character);
     }
@@ -90,7 +111,8 @@ char32_t unicode_of_cp437(std::uint8_t code) {
     static const Converter cp437("UTF-32BE", "CP437");
     if (code < 0x20) return U" ☺☻♥♦♣♠•◘○◙♂♀♪♫☼►◄↕‼¶§▬↨↑↓→←∟↔▲▼"[code];
     if (code == 0x7F) return U'⌂';
-    return decode(cp437, {static_cast<char>(code)}).value_or(U' ');
+    const char byte = static_cast<char>(code);
+    return decode(cp437, {&byte, 1}).value_or(U' ');
 }
 
 }  // namespace ink::tool

@@ -119,6 +119,7 @@ MadeFont make_font(text::Font font, const std::vector<std::string> &sources,
     MadeFont made{std::vector<std::uint8_t>(layout.bytes()), {}};
     std::vector<bool> taken(characters.size());
     std::size_t looked_up = 0;
+    bool has_standard = false;
     for (const std::string &source : sources) {
         const FontFile file(source, static_cast<int>(width), static_cast<int>(layout.height));
         std::vector<std::optional<Drawn>> drawn(characters.size());
@@ -126,9 +127,6 @@ MadeFont make_font(text::Font font, const std::vector<std::string> &sources,
             if (!taken[i]) drawn[i] = file.draw(characters[i]);
             if (++looked_up % 256 == 0) progress(looked_up, sources.size() * characters.size());
         }
-        if (std::none_of(drawn.begin(), drawn.end(), [](const auto &one) { return one && !one->blank(); }))
-            throw std::runtime_error(file.name() + ": it has none of the characters of " + layout.file_name +
-                                     (sources.size() > 1 ? " that the fonts before it lack" : ""));
         const int base = base_line(file, static_cast<int>(layout.height), characters, drawn);
         for (std::size_t i = 0; i < characters.size(); ++i) {
             if (!drawn[i] || drawn[i]->blank()) continue;
@@ -141,9 +139,14 @@ MadeFont make_font(text::Font font, const std::vector<std::string> &sources,
                     std::to_string(layout.height) + "; an outline font can be drawn smaller with " + source +
                     "@" + std::to_string(layout.height - 2));
             taken[i] = true;
+            has_standard = has_standard || characters[i].standard;
             count(made.inked, characters[i]);
         }
     }
+    if (!has_standard)
+        throw std::runtime_error(
+            std::string(layout.file_name) + ": " + sources.front() +
+            (layout.glyphs == 256 ? " has no character of ASCII" : " has no Chinese character of Big5"));
     return made;
 }
 

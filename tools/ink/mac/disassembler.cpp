@@ -7,8 +7,8 @@
 #include <set>
 #include <string_view>
 
+#include "charset/big5.h"
 #include "core/reader.h"
-#include "mac/big5.h"
 #include "script/instruction_set.h"
 
 namespace ink::mac {
@@ -56,7 +56,8 @@ std::string quoted(std::span<const std::uint8_t> bytes) {
     while (!bytes.empty()) {
         const std::string_view pair(reinterpret_cast<const char *>(bytes.data()),
                                     std::min<std::size_t>(bytes.size(), 2));
-        const auto character = bytes[0] >= 0x80 && pair.size() == 2 ? from_big5(pair) : std::nullopt;
+        const auto character =
+            bytes[0] >= 0x80 && pair.size() == 2 ? tool::character_of_big5(pair) : std::nullopt;
         text += character ? *character : escaped(bytes[0], '"');
         bytes = bytes.subspan(character ? 2 : 1);
     }

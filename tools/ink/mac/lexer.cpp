@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <limits>
 
-#include "mac/big5.h"
+#include "charset/big5.h"
 
 namespace ink::mac {
 namespace {
@@ -105,7 +105,7 @@ class Lexer {
         do ++at_;
         while (!done() && !begins_character(peek()));
         const std::string_view text = line_.substr(column, at_ - column);
-        const auto big5 = to_big5(text);
+        const auto big5 = tool::big5_of_character(text);
         if (!big5) fail(column, "there is no Big5 character for \"" + std::string(text) + '"');
         return *big5;
     }

@@ -10,10 +10,10 @@
 #include <stdexcept>
 #include <system_error>
 
+#include "charset/big5.h"
 #include "core/reader.h"
 #include "inkstone/host.h"
 #include "inkstone/mac.h"
-#include "mac/big5.h"
 #include "mac/diagnostic.h"
 #include "script/instruction_set.h"
 
@@ -58,7 +58,7 @@ std::string in_utf8(std::string_view big5) {
     std::string text;
     while (!big5.empty()) {
         const std::size_t bytes = static_cast<unsigned char>(big5[0]) >= 0x80 && big5.size() > 1 ? 2 : 1;
-        text += from_big5(big5.substr(0, bytes)).value_or("?");
+        text += tool::character_of_big5(big5.substr(0, bytes)).value_or("?");
         big5.remove_prefix(bytes);
     }
     return text;
