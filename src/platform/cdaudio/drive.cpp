@@ -60,8 +60,7 @@ std::uint32_t ticks_of_length(Time length) {
 }
 
 bool play_to_end(std::int32_t track, Time from) {
-    return disc().set_time_format(DiscTime::tmsf) &&
-           disc().play(position(track, from), position(track, lengths[static_cast<std::size_t>(track)]));
+    return disc().play(position(track, from), position(track, lengths[static_cast<std::size_t>(track)]));
 }
 
 std::int32_t close_and_fail() {
@@ -115,7 +114,7 @@ int32_t CDROM_total(void) {
 
 int32_t CDROM_play(int32_t track) {
     if (!is_open || !in_table(track)) return -1;
-    if (!play_to_end(track, {})) {
+    if (!disc().set_time_format(DiscTime::tmsf) || !play_to_end(track, {})) {
         playing = false;
         return close_and_fail();
     }
@@ -148,6 +147,7 @@ int32_t CDROM_pause(void) {
 
 int32_t CDROM_resume(void) {
     if (!is_open || current_track < 0 || !playing || !paused) return -1;
+    if (!disc().set_time_format(DiscTime::tmsf)) return -1;
     SetTimerTick(kPlayTimeCounter, saved_ticks);
     if (!play_to_end(current_track, paused_time)) return -1;
     paused = false;
