@@ -17,12 +17,12 @@ struct Frame {
 // A file with anchor (10, -5), its frame offsets and then its frames, which may all be one.
 Bytes can_file(const std::vector<Frame> &frames, std::size_t repeated = 1) {
     Bytes file(12, 0x55), records;
-    for (const auto &[value, bytes] :
-         {std::pair{static_cast<int>(frames.size() * repeated), 4}, {10, 2}, {-5, 2}})
-        put(file, value, bytes);
+    const std::size_t count = frames.size() * repeated;
+    put(file, count, 4);
+    put(file, 10, 2);
+    put(file, -5, 2);
     for (const Frame &frame : frames) {
-        for (std::size_t i = 0; i < repeated; ++i)
-            put(file, 20 + 4 * frames.size() * repeated + records.size(), 4);
+        for (std::size_t i = 0; i < repeated; ++i) put(file, 20 + 4 * count + records.size(), 4);
         put(records, frame.x, 2);
         put(records, frame.y, 2);
         put(records, frame.block.size(), 4);
@@ -102,18 +102,22 @@ TEST(Can, BrokenFramesAreBlankAndHostileFilesRefused) {
     ANI_DATA_STRUCT *head = nullptr;
     EXPECT_EQ(-1, CAN_read_file("art\\none.can", &head, nullptr));
     EXPECT_EQ("CAN file art\\none.can open error:CAN_read_file\n", take_log());
+
+    // A frame alone.
     Guarded image(4, 0xEE);
     std::int32_t x = 0, y = 0;
-    EXPECT_EQ(-1, CAN_read_frame("art\\none.can", 0, &x, &y, image, nullptr));
-    EXPECT_EQ("CAN file art\\none.can open error:CAN_read_frame\n", take_log());
-    write_file("a.can", many);
-    EXPECT_EQ(-1, CAN_read_frame("a.can", 0, &x, &y, image, nullptr));
-    EXPECT_EQ("ERROR : memory alloc error(CAN_read_frame)\n", take_log());
+    const auto read_frame = [&](const char *name) { return CAN_read_frame(name, 1, &x, &y, image, nullptr); };
+    EXPECT_EQ(-1, read_frame("art\\none.can"));
+    write_file("many.can", many);
+    EXPECT_EQ(-1, read_frame("many.can"));
     EXPECT_EQ(Bytes(4, 0xEE), image.contents());
     write_file("a.can", can_file(renamed));
-    EXPECT_EQ(3, CAN_read_frame("a.can", 1, &x, &y, image, nullptr));
-    EXPECT_EQ(bad_image, take_log());
+    EXPECT_EQ(3, read_frame("a.can"));
     EXPECT_EQ(Bytes(4), image.contents());
+    EXPECT_EQ(
+        "CAN file art\\none.can open error:CAN_read_frame\nERROR : memory alloc error(CAN_read_frame)\n" +
+            bad_image,
+        take_log());
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <random>
 
 #include "film/flic_film.h"
@@ -28,6 +29,10 @@ Bytes exported() {
     Bytes palette(768);
     FLIC_export_palette(palette.data());
     return palette;
+}
+
+int next_frame() {
+    return FLIC_read_flic_data() == 0 ? FLIC_play_flic_frame() : -1;
 }
 
 // Pictures of noise, flat areas and stripes of many lengths, each with something new on some of the rows.
@@ -74,7 +79,7 @@ TEST(Flic, EveryChunkTypeGivesThePicturesThatWereCoded) {
         bench::FlicPeer peer(file_header(10, width, height), width, height);
 #endif
         for (std::size_t i = 0; i < frames.size(); ++i) {
-            ASSERT_EQ(0, FLIC_read_flic_data() | FLIC_play_flic_frame());
+            ASSERT_EQ(0, next_frame());
             Bytes shown(screen.size());
             for (int y = 0; y < height; ++y)
                 std::copy_n(expected[i].row(y), width, shown.begin() + y * (small ? 320 : 640));
@@ -116,7 +121,7 @@ TEST(Flic, ChunksByHand) {
         Guarded screen(64000, 'E' - '0');
         write_file("a.fli", film({frame({chunk(type, data)})}, 5, 3, 0));
         ASSERT_EQ(1, FLIC_open_flic_file("a.fli", 1, screen));
-        ASSERT_EQ(0, FLIC_read_flic_data() | FLIC_play_flic_frame());
+        ASSERT_EQ(0, next_frame());
         Bytes expected(64000, 'E' - '0');
         for (std::size_t i = 0; i < 15; ++i)
             expected[i / 5 * 320 + i % 5] = static_cast<std::uint8_t>(pixels[i] - '0');
@@ -139,14 +144,14 @@ TEST(Flic, PalettesUnknownChunksAndBrokenSizes) {
                              {0, 63, 63, 63, 63, 63, 63, 63, 63, 63, 63, 63, 1, 2, 3, 4}};
     for (const Bytes &first : colours) {
         testing::internal::CaptureStdout();
-        ASSERT_EQ(0, FLIC_read_flic_data() | FLIC_play_flic_frame());
+        ASSERT_EQ(0, next_frame());
         EXPECT_EQ(first[0] == 44 ? "" : "\a\a\a\a\a\n", testing::internal::GetCapturedStdout());
         palette = exported();
         EXPECT_EQ(first, Bytes(palette.begin(), palette.begin() + 16));
     }
     EXPECT_EQ(Bytes(307200, 1), screen.contents());
     // A chunk that states no size is decoded, and is the last.
-    ASSERT_EQ(0, FLIC_read_flic_data() | FLIC_play_flic_frame());
+    ASSERT_EQ(0, next_frame());
     EXPECT_EQ(Bytes(307200), screen.contents());
     FLIC_close_flic_file();
 }
@@ -180,7 +185,7 @@ TEST(Flic, FramesThatAreReadAndThoseThatAreNot) {
     ASSERT_EQ(1, FLIC_open_flic_file("a.flc", 1, screen));
     EXPECT_EQ(-1, FLIC_open_flic_file("art\\none.flc", 0, screen));
     EXPECT_EQ("File art\\none.flc open error\n", take_log());
-    EXPECT_EQ(0, FLIC_read_flic_data() | FLIC_play_flic_frame());
+    EXPECT_EQ(0, next_frame());
     EXPECT_EQ(Bytes(64000), screen.contents());
     EXPECT_TRUE(screen.intact());
     FLIC_close_flic_file();
@@ -207,7 +212,7 @@ TEST(Ink, BuildsFilmsAndAnimations) {
     const ANI_DATA_STRUCT *record = head->next;
     for (const int i : {0, 1, 2, 0}) {  // the film leads back to its first frame
         const IndexedPicture &now = frames[static_cast<std::size_t>(i)];
-        ASSERT_EQ(0, FLIC_read_flic_data() | FLIC_play_flic_frame());
+        ASSERT_EQ(0, next_frame());
         for (int y = 0; y < 100; ++y)
             ASSERT_TRUE(std::equal(now.row(y), now.row(y) + 301, screen.data() + 320 * y));
         EXPECT_EQ(Bytes(now.palette.begin(), now.palette.end()), exported());
@@ -218,10 +223,9 @@ TEST(Ink, BuildsFilmsAndAnimations) {
     }
     ANI_free_ani(head);
     FLIC_close_flic_file();
-    for (const char *arguments :
-         {" can show -o a.png a.can >log", " flic show -o b.png a.flc --frame 4 >log"})
-        EXPECT_EQ(0, std::system((ink + arguments).c_str())) << arguments;
-    EXPECT_EQ("\x89PNG", read_text("a.png").substr(0, 4));
+    EXPECT_EQ(0, std::system((ink + " can show -o a.png a.can >log").c_str()));
+    EXPECT_EQ(0, std::system((ink + " flic show -o b.png a.flc --frame 4 >log").c_str()));
+    EXPECT_TRUE(exists("a.png") && exists("b.png"));
     EXPECT_NE(0, std::system((ink + " flic build b.flc log 2>log").c_str()));
     EXPECT_FALSE(exists("b.flc"));
     EXPECT_EQ("PCX Header check error\n", take_log());

@@ -140,7 +140,7 @@ TEST(Pcx, PicturesAreExchangedWithOtherPrograms) {
             {convert + " in.ppm -type Palette pcx:theirs.pcx", convert + " pcx:ours.pcx -depth 8 out.ppm"},
             {to_pcx + " -8bit in.ppm >theirs.pcx 2>log", from_pcx + " ours.pcx >out.ppm 2>log"}};
         for (const auto &[write, read] : commands) {
-            ASSERT_EQ(0, std::system(write.c_str()) | std::system(read.c_str())) << write;
+            ASSERT_TRUE(std::system(write.c_str()) == 0 && std::system(read.c_str()) == 0) << write;
             EXPECT_EQ(ppm, read_file("out.ppm")) << read;
             std::int32_t theirs_width = 0, theirs_height = 0;
             ASSERT_EQ(width * 23, PCX_get_image_size("theirs.pcx", &theirs_width, &theirs_height));
