@@ -1,5 +1,5 @@
-// Between Unicode and the character sets of the games: Big5 for text, code page 437 for the single-byte fonts.
-// Text in sources is UTF-8 and is turned into Big5 when content is built.
+// Between Unicode and the character sets of the games: Big5 for text, code page 437 for the single-byte
+// fonts. Text in sources is UTF-8 and is turned into Big5 when content is built.
 #pragma once
 
 #include <cstdint>
@@ -13,7 +13,8 @@ namespace ink::tool {
 // The Big5 bytes of one UTF-8 character, none when there are none. ASCII stays as it is.
 std::optional<std::string> big5_of_character(std::string_view character);
 
-// The one UTF-8 character that the bytes stand for, none unless big5_of_character leads back to the same bytes.
+// The one UTF-8 character that the bytes stand for, none unless big5_of_character leads back to the same
+// bytes.
 std::optional<std::string> character_of_big5(std::string_view bytes);
 
 // The text as Big5. Throws std::runtime_error, which names the character, when the text is not UTF-8 or has a
