@@ -71,7 +71,7 @@ void Player::move(std::int32_t x, std::int32_t y) {
 }
 
 void Player::click() {
-    then(40, [this, x = x_, y = y_] {
+    then(40, [x = x_, y = y_] {
         std::printf("  clicks at (%d, %d)\n", x, y);
         HOST_pointer_button(0, 1);
     });
