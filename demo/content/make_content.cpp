@@ -1,6 +1,4 @@
 // Makes the demo's sounds and its image cursor. Usage: make_content DIRECTORY
-#include <inkstone/compressed_image.h>
-
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
@@ -11,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "film/can_file.h"
+
 namespace {
 
 using Bytes = std::vector<std::uint8_t>;
@@ -20,9 +20,6 @@ void append(Bytes &to, std::uint32_t value, int bytes) {
 }
 void append(Bytes &to, const std::string &text) {
     to.insert(to.end(), text.begin(), text.end());
-}
-void append(Bytes &to, const Bytes &bytes) {
-    to.insert(to.end(), bytes.begin(), bytes.end());
 }
 
 void write(const std::filesystem::path &name, const Bytes &bytes) {
@@ -104,35 +101,18 @@ std::uint8_t colour(char letter) {
     }
 }
 
-Bytes compressed(const Frame &frame) {
-    const std::size_t width = frame.rows[0].size(), height = frame.rows.size();
-    Bytes image;
-    append(image, static_cast<std::uint32_t>(width), 2);
-    append(image, static_cast<std::uint32_t>(height), 2);
-    for (const std::string &row : frame.rows)
-        for (const char letter : row) image.push_back(colour(letter));
-    Bytes block(16 + 2 * width * height);
-    block.resize(static_cast<std::size_t>(fnCompressImage(image.data(), block.data(), 0)));
-    return block;
-}
-
-// A CAN animation: a header, the frames' offsets, and each frame's position, size and compressed image.
-Bytes animation(const std::vector<Frame> &frames) {
-    Bytes file(12);
-    append(file, static_cast<std::uint32_t>(frames.size()), 4);
-    append(file, 0, 4);  // the anchor
-    auto offset = static_cast<std::uint32_t>(20 + 4 * frames.size());
-    Bytes records;
+std::vector<ink::tool::IndexedPicture> pictures(const std::vector<Frame> &frames) {
+    std::vector<ink::tool::IndexedPicture> all;
     for (const Frame &frame : frames) {
-        append(file, offset + static_cast<std::uint32_t>(records.size()), 4);
-        const Bytes block = compressed(frame);
-        append(records, static_cast<std::uint16_t>(frame.x), 2);
-        append(records, static_cast<std::uint16_t>(frame.y), 2);
-        append(records, static_cast<std::uint32_t>(block.size()), 4);
-        append(records, block);
+        ink::tool::IndexedPicture &picture = all.emplace_back();
+        picture.width = static_cast<int>(frame.rows[0].size());
+        picture.height = static_cast<int>(frame.rows.size());
+        picture.x = frame.x;
+        picture.y = frame.y;
+        for (const std::string &row : frame.rows)
+            for (const char letter : row) picture.pixels.push_back(colour(letter));
     }
-    append(file, records);
-    return file;
+    return all;
 }
 
 }  // namespace
@@ -143,7 +123,7 @@ int main(int argc, char **argv) try {
     std::filesystem::create_directories(directory);
     write(directory / "click.wav", wave(0.12, click));
     write(directory / "chime.wav", wave(1.5, chime));
-    write(directory / "cursor.can", animation(kFrames));
+    write(directory / "cursor.can", ink::tool::can_file(pictures(kFrames), 0, 0));
     return 0;
 } catch (const std::exception &error) {
     std::fprintf(stderr, "make_content: %s\n", error.what());
