@@ -1,7 +1,7 @@
 // A character is drawn without a test per pixel and, outline and shadow included, without a second pass.
 // Every row is first composed as bits, one word for each colour a pixel can get: what one drawing of the
 // glyph writes is known from the row and the one above it, and a later drawing over an earlier one is a few
-// operations on words. Then the words are spread to pixels, eight at a time.
+// operations on words. Then the words are spread to pixels, a vector register at a time.
 #include "text/draw_glyph.h"
 
 #include <algorithm>
@@ -173,6 +173,7 @@ class Drawing {
     void draw() const {
         const auto first = static_cast<int>(std::max<std::int64_t>(-kMargin, -y_));
         const auto end = static_cast<int>(std::min(height_ + kMargin + kShadow, screen_.height - y_));
+        if (first >= end) return;
         const std::int64_t left = x_ - kMargin, right = left + static_cast<std::int64_t>(columns_);
         if (left >= 0 && right <= screen_.width) {
             std::uint8_t *line = screen_.at(left, y_ + first);
@@ -220,7 +221,7 @@ class Drawing {
     void compose(int first, int end, Paint paint) const {
         if constexpr (!kOutline) {
             for (int row = first; row < end; ++row) paint(row, Row<0>{layer(row), {}});
-        } else if (first < end) {
+        } else {
             Layer above, here = layer(first - 1), below = layer(first);
             for (int row = first; row < end; ++row) {
                 above = here;
