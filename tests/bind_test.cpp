@@ -184,7 +184,7 @@ TEST(Bind, ChopsDamagedArchivesAsFarAsTheyGo) {
     EXPECT_TRUE(test::exists("gone"));
     // Entries that share contents may not make more of the archive than it is.
     std::vector<Entry> entries;
-    for (int i = 0; i < 100; ++i) entries.push_back({"f" + std::to_string(i), 0, 4000});
+    for (int i = 0; i < 100; ++i) entries.push_back({std::string("f").append(std::to_string(i)), 0, 4000});
     test::write_text("b.bnd", archive(entries, std::string(5600, 'z')));
     EXPECT_EQ(BIND_chop_file("b.bnd", nullptr), 0);
     EXPECT_TRUE(test::exists("f1"));

@@ -49,7 +49,7 @@ Bytes expand_file(const Bytes &code) {
 // Data of many kinds: few and many different bytes, runs, ramps, repeats near and far, two periods.
 Bytes sample(std::mt19937 &random, unsigned kind) {
     const auto below = [&random](unsigned n) { return static_cast<unsigned>(random() % n); };
-    Bytes data(kind % 3 == 0 ? below(40) : below(14000));
+    Bytes data(kind % 3 == 0 ? below(40) : kind % 16 == 1 ? 80000 : below(14000));
     const unsigned values = 1 + below(1u << below(9)), period = 1 + below(300);
     for (std::size_t i = 0; i < data.size(); ++i) {
         unsigned byte = below(values);
@@ -87,17 +87,44 @@ TEST(Lzss, CodesAsWorkedOutByHand) {
     }
 }
 
-// One plain compressor goes along with all calls: what a call leaves in the window decides some ties of the
-// next.
-TEST(Lzss, DecidesAsThePlainSearch) {
+// One plain coder goes along with all calls: what a call leaves in the window decides some ties of the next,
+// and is what broken code copies from places that were not written yet.
+TEST(Lzss, DoesAsThePlainCoder) {
     std::mt19937 random(1);
     test::PlainLzss plain;
-    for (unsigned i = 0; i < 300; ++i) {
+    for (unsigned i = 0; i < 150; ++i) {
         const Bytes data = sample(random, i);
-        const bool in_memory = random() % 2 == 0;
-        const Bytes code = in_memory ? compress(data) : compress_file(data);
-        ASSERT_EQ(code, in_memory ? plain.memory_form(data) : plain.file_form(data)) << i;
-        ASSERT_EQ(in_memory ? expand(code, static_cast<std::uint32_t>(data.size())) : expand_file(code), data)
-            << i;
+        const auto size = static_cast<std::uint32_t>(data.size());
+        const Bytes code = i % 2 == 0 ? compress(data) : compress_file(data);
+        ASSERT_EQ(code, i % 2 == 0 ? plain.memory_form(data) : plain.file_form(data)) << i;
+        ASSERT_EQ(i % 2 == 0 ? expand(code, size) : expand_file(code), data) << i;
+        ASSERT_EQ(test::take_log(), "");
+
+        Bytes broken = code;
+        for (std::uint8_t &byte : broken)
+            if (random() % 16 == 0) byte = static_cast<std::uint8_t>(random());
+        broken.resize(random() % (broken.size() + 1));
+        Bytes expected = plain.expand_memory_form(broken, size);
+        expected.resize(size, 0xEE);
+        ASSERT_EQ(expand(broken, size), expected) << i;
+        std::string failed;
+        ASSERT_EQ(expand_file(broken), (expected = plain.expand_file_form(broken, failed))) << i;
+        ASSERT_EQ(test::take_log(), failed.empty() ? "" : failed + " error\n") << i;
     }
+}
+
+TEST(Lzss, TellsWhichFileCannotBeOpened) {
+    test::write_text("here", "here");
+    EXPECT_EQ(LZSS_compress_file("missing", "out"), -1);
+    EXPECT_EQ(LZSS_compress_file("here", "no/out"), -1);
+    EXPECT_FALSE(test::exists("out"));
+    EXPECT_EQ(LZSS_expand_file("here", "no/out"), -1);
+    EXPECT_EQ(LZSS_expand_file("missing", "out"), -1);
+    EXPECT_EQ(test::read_file("out"), Bytes());
+    EXPECT_TRUE(test::exists("out"));
+    EXPECT_EQ(test::take_log(),
+              "ERROR : file missing open error(LZSS_compress_file)\nERROR : file no/out open "
+              "error(LZSS_compress_file)\n"
+              "ERROR : file no/out open error(LZSS_expand_file)\nERROR : file missing open "
+              "error(LZSS_expand_file)\n");
 }

@@ -47,7 +47,8 @@ void put_bits(BIT_FILE_STRUCT &file, std::uint32_t code, int count) {
             const int room = bits_left(file);
             taken = std::min(room, count);
             const std::uint32_t bits = (code >> (count - taken)) & ((1u << taken) - 1);
-            file.bit_buffer = static_cast<std::int16_t>(file.bit_buffer | (bits << (room - taken)));
+            file.bit_buffer =
+                static_cast<std::int16_t>(file.bit_buffer | static_cast<int>(bits << (room - taken)));
             file.bit_mask = static_cast<std::uint8_t>(file.bit_mask >> taken);
         }
         count -= taken;

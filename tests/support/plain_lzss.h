@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdint>
+#include <string>
 #include <vector>
 
 namespace test {
@@ -22,19 +23,19 @@ class PlainLzss {
         std::vector<Token> result;
         tree_.fill({});
         std::size_t next = 0;
-        int ahead = 0;
+        unsigned ahead = 0;
         while (ahead < 17 && next < data.size()) window[1 + ahead++] = data[next++];
         tree_[kRoot].larger = 1;
         tree_[1].parent = kRoot;
         unsigned p = 1, position = 0;
-        int m = 0;
+        unsigned m = 0;
         while (ahead > 0) {
             if (m > ahead) m = ahead;
-            int steps = 1;
+            unsigned steps = 1;
             if (m <= 1) {
                 result.push_back({true, window[p], 1});
             } else {
-                result.push_back({false, position, static_cast<unsigned>(m)});
+                result.push_back({false, position, m});
                 steps = m;
             }
             while (steps-- > 0) {
@@ -87,6 +88,56 @@ class PlainLzss {
         return result;
     }
 
+    // Expands as much as the code and the expected length allow.
+    Bytes expand_memory_form(const Bytes &code, std::size_t expected) {
+        Bytes result;
+        begin_expansion(expected);
+        std::size_t at = 0;
+        unsigned flags = 0;
+        for (int token = 0; result.size() < expected; ++token) {
+            if (token % 8 == 0) {
+                if (at == code.size()) break;
+                flags = code[at++];
+            }
+            const bool literal = (flags >> token % 8 & 1) != 0;
+            if (at + (literal ? 1 : 2) > code.size()) break;
+            if (literal) {
+                expand_byte(code[at++], result);
+            } else {
+                const unsigned high = code[at++], low = code[at++];
+                expand_match((high & 15) << 8 | low, (high >> 4) + 2, result);
+            }
+        }
+        return result;
+    }
+
+    // Expands to the end code or the end of the code. failed is set to the call that would have hit the
+    // latter.
+    Bytes expand_file_form(const Bytes &code, std::string &failed) {
+        Bytes result;
+        begin_expansion(SIZE_MAX);
+        std::size_t at = 0;
+        failed.clear();
+        const auto get = [&](unsigned count) {
+            unsigned bits = 0;
+            if (at + count > 8 * code.size()) failed = count == 1 ? "BITIO_input_bit" : "BITIO_input_bits";
+            for (; failed.empty() && count > 0; --count, ++at)
+                bits = bits << 1 | (code[at / 8] >> (7 - at % 8) & 1);
+            return bits;
+        };
+        for (;;) {
+            const bool literal = get(1) == 1;
+            const unsigned code_or_position = failed.empty() ? get(literal ? 8 : 12) : 0;
+            if (!failed.empty() || (!literal && code_or_position == 0)) return result;
+            const unsigned length = literal ? 0 : get(4) + 2;
+            if (!failed.empty()) return result;
+            if (literal)
+                expand_byte(static_cast<std::uint8_t>(code_or_position), result);
+            else
+                expand_match(code_or_position, length, result);
+        }
+    }
+
     std::array<std::uint8_t, 4096> window{};
 
   private:
@@ -95,12 +146,13 @@ class PlainLzss {
         unsigned parent, smaller, larger;
     };
 
-    int insert(unsigned p, unsigned &position) {
+    unsigned insert(unsigned p, unsigned &position) {
         if (p == 0) return 0;
         unsigned test = tree_[kRoot].larger;
-        int best = 0;
+        unsigned best = 0;
         for (;;) {
-            int count = 0, difference = 0;
+            unsigned count = 0;
+            int difference = 0;
             while (count < 17) {
                 difference = window[(p + count) % 4096] - window[(test + count) % 4096];
                 if (difference != 0) break;
@@ -160,7 +212,23 @@ class PlainLzss {
         return parent.larger == node ? parent.larger : parent.smaller;
     }
 
+    void begin_expansion(std::size_t limit) {
+        here_ = 1;
+        limit_ = limit;
+    }
+    void expand_byte(std::uint8_t byte, Bytes &result) {
+        result.push_back(byte);
+        window[here_] = byte;
+        here_ = (here_ + 1) % 4096;
+    }
+    void expand_match(unsigned position, unsigned length, Bytes &result) {
+        for (unsigned i = 0; i < length && result.size() < limit_; ++i)
+            expand_byte(window[(position + i) % 4096], result);
+    }
+
     std::array<Node, 4097> tree_{};
+    unsigned here_ = 1;
+    std::size_t limit_ = 0;
 };
 
 }  // namespace test
