@@ -220,14 +220,15 @@ Bytes film(const std::vector<IndexedPicture> &pictures, int milliseconds) {
         before = &now;
         return static_cast<std::uint32_t>(offset);
     };
-    // Where the first two frames start stands in the header, so that a loop leads past the first.
-    put_u32(&bytes[80], append_frame(first));
+    const std::uint32_t start = append_frame(first);
     std::uint32_t second = 0;
     for (std::size_t i = 1; i < pictures.size(); ++i) {
         const std::uint32_t offset = append_frame(pictures[i]);
         if (i == 1) second = offset;
     }
     const std::uint32_t back = append_frame(first);
+    // Where the first two frames start stands in the header, so that a loop leads past the first.
+    put_u32(&bytes[80], start);
     put_u32(&bytes[84], second != 0 ? second : back);
     put_u32(&bytes[0], static_cast<std::uint32_t>(bytes.size()));
     return bytes;
