@@ -17,12 +17,16 @@
 INK_BEGIN
 
 /* Binds the files that list_name lists into archive_name, which is created or replaced. Returns 0, or -1 with
-   one line logged; the archive is not touched while the list is read: "LIST file <list> open error" "BIND
-   element file <name> open error"     a listed file cannot be opened "BIND element file <name> name too long"
-   its name has more than 15 characters "BIND file <archive> too large"           the archive would have 2^31
-   bytes or more "memory alloc error" "file <name> open error"                  the archive, or then a listed
-   file again, cannot be opened "file <archive> write error"              the archive is left as far as it was
-   written */
+   one line logged; the archive is not touched while the list is read:
+
+   - "LIST file <list> open error"
+   - "BIND element file <name> open error": a listed file cannot be opened
+   - "BIND element file <name> name too long": its name has more than 15 characters
+   - "BIND file <archive> too large": the archive would have 2^31 bytes or more
+   - "memory alloc error"
+   - "file <name> open error": the archive, or then a listed file again, cannot be opened
+   - "file <archive> write error": the archive is left as far as it was written
+*/
 INK_API int32_t BIND_bind_file(const char *archive_name, const char *list_name);
 
 /* Finds the first file of that name, whatever the case of its letters a to z, and stores its offset and size
