@@ -1,12 +1,19 @@
-// LZSS beside a plain byte-wise search tree and beside copying.
+// LZSS in memory beside the plain coder and memcpy, from file to file beside fread and fwrite; bit files
+// beside a byte at a time.
 #include <benchmark/benchmark.h>
+#include <stdlib.h>
 
 #include <cstring>
+#include <iterator>
 #include <random>
 #include <string>
 
+#include "inkstone/bitio.h"
 #include "inkstone/lzss.h"
+#include "support/files.h"
 #include "support/plain_lzss.h"
+
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -19,7 +26,7 @@ Bytes text() {
     std::mt19937 random(1);
     std::vector<std::string> words(2000);
     for (std::string &word : words)
-        for (unsigned n = 1 + random() % 9; n > 0; --n)
+        for (auto n = 1 + random() % 9; n > 0; --n)
             word += static_cast<char>('a' + random() % 26 * (random() % 26) / 26);
     Bytes data;
     while (data.size() < kSize) {
@@ -65,6 +72,8 @@ const struct {
                {"table", table()},
                {"equal", Bytes(kSize, 65)}};
 
+constexpr int kInputCount = std::size(kInputs) - 1;
+
 const Bytes &input(benchmark::State &state) {
     const auto &chosen = kInputs[state.range(0)];
     state.SetLabel(chosen.name);
@@ -72,33 +81,49 @@ const Bytes &input(benchmark::State &state) {
     return chosen.data;
 }
 
-void compress_in_memory(benchmark::State &state) {
+Bytes compressed(const Bytes &data) {
+    Bytes code(kSize + kSize / 8);
+    const std::uint32_t length = kSize;
+    std::uint32_t code_length = 0;
+    LZSS_compress_data(data.data(), code.data(), &length, &code_length);
+    code.resize(code_length);
+    return code;
+}
+
+void lzss_compress_data(benchmark::State &state) {
     const Bytes &data = input(state);
     Bytes code(kSize + kSize / 8);
     const std::uint32_t length = kSize;
-    std::uint32_t compressed = 0;
-    for (auto _ : state) LZSS_compress_data(data.data(), code.data(), &length, &compressed);
-    state.counters["part"] = compressed / double{kSize};
+    std::uint32_t code_length = 0;
+    for (auto _ : state) LZSS_compress_data(data.data(), code.data(), &length, &code_length);
+    state.counters["part"] = code_length / double{kSize};
 }
-BENCHMARK(compress_in_memory)->DenseRange(0, 4);
+BENCHMARK(lzss_compress_data)->DenseRange(0, kInputCount);
 
-void compress_plainly(benchmark::State &state) {
+void lzss_compress_plainly(benchmark::State &state) {
     const Bytes &data = input(state);
     test::PlainLzss plain;
     for (auto _ : state) benchmark::DoNotOptimize(plain.memory_form(data));
 }
-BENCHMARK(compress_plainly)->DenseRange(0, 4);
+BENCHMARK(lzss_compress_plainly)->DenseRange(0, kInputCount);
 
-void expand_in_memory(benchmark::State &state) {
-    const Bytes &data = input(state);
-    Bytes code(kSize + kSize / 8), out(kSize);
-    std::uint32_t length = kSize, compressed = 0;
-    LZSS_compress_data(data.data(), code.data(), &length, &compressed);
-    for (auto _ : state) LZSS_expand_data(code.data(), out.data(), &compressed, &length);
+void lzss_expand_data(benchmark::State &state) {
+    const Bytes code = compressed(input(state));
+    Bytes out(kSize);
+    const auto code_length = static_cast<std::uint32_t>(code.size());
+    std::uint32_t length = kSize;
+    for (auto _ : state) LZSS_expand_data(code.data(), out.data(), &code_length, &length);
 }
-BENCHMARK(expand_in_memory)->DenseRange(0, 4);
+BENCHMARK(lzss_expand_data)->DenseRange(0, kInputCount);
 
-void copy_memory(benchmark::State &state) {
+void lzss_expand_plainly(benchmark::State &state) {
+    const Bytes code = compressed(input(state));
+    test::PlainLzss plain;
+    for (auto _ : state) benchmark::DoNotOptimize(plain.expand_memory_form(code, kSize));
+}
+BENCHMARK(lzss_expand_plainly)->DenseRange(0, kInputCount);
+
+void lzss_memcpy(benchmark::State &state) {
     const Bytes &data = input(state);
     Bytes out(kSize);
     for (auto _ : state) {
@@ -106,6 +131,105 @@ void copy_memory(benchmark::State &state) {
         benchmark::ClobberMemory();
     }
 }
-BENCHMARK(copy_memory)->Arg(0);
+BENCHMARK(lzss_memcpy)->Arg(0);
+
+// A directory that is removed at the end, for the files.
+class Place {
+  public:
+    Place() : before_(fs::current_path()) {
+        std::string name = fs::temp_directory_path() / "ink-bench-XXXXXX";
+        if (mkdtemp(name.data()) != nullptr) fs::current_path(name);
+    }
+    ~Place() {
+        const fs::path place = fs::current_path();
+        fs::current_path(before_);
+        fs::remove_all(place);
+    }
+
+  private:
+    fs::path before_;
+};
+
+void copy_file(const char *from, const char *to, Bytes &block) {
+    std::FILE *in = std::fopen(from, "rb"), *out = std::fopen(to, "wb");
+    while (const std::size_t part = std::fread(block.data(), 1, block.size(), in))
+        std::fwrite(block.data(), 1, part, out);
+    std::fclose(in);
+    std::fclose(out);
+}
+
+void lzss_compress_file(benchmark::State &state) {
+    const Place place;
+    test::write_file("plain", input(state));
+    for (auto _ : state) LZSS_compress_file("plain", "packed");
+}
+BENCHMARK(lzss_compress_file)->DenseRange(0, kInputCount);
+
+void lzss_expand_file(benchmark::State &state) {
+    const Place place;
+    test::write_file("plain", input(state));
+    LZSS_compress_file("plain", "packed");
+    for (auto _ : state) LZSS_expand_file("packed", "plain");
+}
+BENCHMARK(lzss_expand_file)->DenseRange(0, kInputCount);
+
+void lzss_fread_fwrite(benchmark::State &state) {
+    const Place place;
+    Bytes block(kSize);
+    test::write_file("plain", input(state));
+    for (auto _ : state) copy_file("plain", "copy", block);
+}
+BENCHMARK(lzss_fread_fwrite)->Arg(0);
+
+// Bit files move the same bytes as codes of so many bits, beside a byte at a time without them.
+void bits_out(benchmark::State &state) {
+    const Place place;
+    const auto count = static_cast<std::int32_t>(state.range(0));
+    for (auto _ : state) {
+        BIT_FILE_STRUCT *file = BITIO_open_output_bit_file("bits");
+        for (std::size_t bits = 0; bits < 8 * kSize; bits += static_cast<std::size_t>(count))
+            BITIO_output_bits(file, 0x5A5A5A5A, count);
+        BITIO_close_output_bit_file(file);
+    }
+    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * kSize));
+}
+BENCHMARK(bits_out)->Arg(1)->Arg(9)->Arg(17)->Arg(32);
+
+void bits_fputc(benchmark::State &state) {
+    const Place place;
+    for (auto _ : state) {
+        std::FILE *file = std::fopen("bits", "wb");
+        for (std::size_t i = 0; i < kSize; ++i) std::fputc(0x5A, file);
+        std::fclose(file);
+    }
+    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * kSize));
+}
+BENCHMARK(bits_fputc);
+
+void bits_in(benchmark::State &state) {
+    const Place place;
+    const auto count = static_cast<std::int32_t>(state.range(0));
+    test::write_file("bits", Bytes(kSize + 4));
+    for (auto _ : state) {
+        BIT_FILE_STRUCT *file = BITIO_open_input_bit_file("bits");
+        for (std::size_t bits = 0; bits < 8 * kSize; bits += static_cast<std::size_t>(count))
+            benchmark::DoNotOptimize(BITIO_input_bits(file, count));
+        BITIO_close_input_bit_file(file);
+    }
+    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * kSize));
+}
+BENCHMARK(bits_in)->Arg(1)->Arg(9)->Arg(17)->Arg(32);
+
+void bits_fgetc(benchmark::State &state) {
+    const Place place;
+    test::write_file("bits", Bytes(kSize));
+    for (auto _ : state) {
+        std::FILE *file = std::fopen("bits", "rb");
+        for (std::size_t i = 0; i < kSize; ++i) benchmark::DoNotOptimize(std::fgetc(file));
+        std::fclose(file);
+    }
+    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * kSize));
+}
+BENCHMARK(bits_fgetc);
 
 }  // namespace
