@@ -1,6 +1,7 @@
 // LZSS from file to file: tokens of 9 and 17 bits, closed by an end code.
 #include <array>
 #include <cstdio>
+#include <span>
 
 #include "core/log.h"
 #include "data/lzss_coder.h"
@@ -13,6 +14,7 @@ namespace ink::data {
 namespace {
 
 constexpr int kLiteralBits = 8, kPositionBits = 12, kLengthBits = 4;
+constexpr int kLongestToken = 1 + kPositionBits + kLengthBits;
 constexpr unsigned kEndCode = 0;  // the position that no match has
 
 class FileSource {
@@ -40,7 +42,7 @@ class BitWriter {
     void literal(std::uint8_t byte) { BITIO_output_bits(file_, 1u << kLiteralBits | byte, 1 + kLiteralBits); }
     void match(Match match) {
         BITIO_output_bits(file_, match.position << kLengthBits | (match.length - kShortestMatch),
-                          1 + kPositionBits + kLengthBits);
+                          kLongestToken);
     }
     void end() { BITIO_output_bits(file_, kEndCode, 1 + kPositionBits); }
 
@@ -48,21 +50,28 @@ class BitWriter {
     BIT_FILE_STRUCT *file_;
 };
 
-// The bits of a file, many at once.
+// The bits of a file, many at once, read by blocks into memory of the caller's: so nothing but the reading
+// itself refers to the fetcher, and the compiler keeps it in registers.
 class BitFetcher {
   public:
-    explicit BitFetcher(std::FILE *file) : file_(file) {}
+    BitFetcher(std::FILE *file, std::span<std::uint8_t> block) : file_(file), block_(block) {}
 
-    // Fetches until there are as many bits as the longest token has, or the file has no more of them.
+    // Fetches as many bits as there is room for, or as the file has.
     void fill() {
-        while (count_ <= 56) {
+        if (end_ - at_ >= 8) {
+            bits_ |= load_word(&block_[at_]) >> count_;
+            const int bytes = (63 - count_) / 8;
+            at_ += static_cast<std::size_t>(bytes);
+            count_ += 8 * bytes;
+            return;
+        }
+        for (; count_ <= 56; count_ += 8) {
             if (at_ == end_) {
                 at_ = 0;
                 end_ = std::fread(block_.data(), 1, block_.size(), file_);
                 if (end_ == 0) return;
             }
             bits_ |= std::uint64_t{block_[at_++]} << (56 - count_);
-            count_ += 8;
         }
     }
     int count() const { return count_; }
@@ -77,7 +86,7 @@ class BitFetcher {
 
   private:
     std::FILE *file_;
-    std::array<std::uint8_t, 16384> block_;
+    std::span<std::uint8_t> block_;
     std::size_t at_ = 0, end_ = 0;
     std::uint64_t bits_ = 0;  // the next bit is the highest
     int count_ = 0;
@@ -86,7 +95,7 @@ class BitFetcher {
 enum class Token { kDone, kEnd, kNoFlag, kNoBits };
 
 Token expand_token(BitFetcher &bits, LzssOutput &output) {
-    bits.fill();
+    if (bits.count() < kLongestToken) bits.fill();
     if (bits.count() < 1) return Token::kNoFlag;
     if (bits.take(1) == 1) {
         if (bits.count() < kLiteralBits) return Token::kNoBits;
@@ -102,9 +111,10 @@ Token expand_token(BitFetcher &bits, LzssOutput &output) {
 }
 
 void expand(std::FILE *from, std::FILE *to) {
-    std::array<std::uint8_t, 8 * kWindowSize> block;
-    BitFetcher bits(from);
-    LzssOutput output(block);
+    std::array<std::uint8_t, 16384> in;
+    std::array<std::uint8_t, 8 * kWindowSize> out;
+    BitFetcher bits(from, in);
+    LzssOutput output(out);
     std::size_t kept = 0;  // bytes at the beginning of the output that are in the file already
     Token token = Token::kDone;
     while (token == Token::kDone) {

@@ -11,6 +11,11 @@ namespace {
 
 constexpr unsigned kGroup = 8;
 constexpr unsigned kAllFlags = 0xFF;
+
+// Input behind a group that is sure to expand to as many bytes as the group may write too far: but for its
+// flags, and half a match at its end, a byte gives at least a byte. So nothing is left of them where the
+// input ends early.
+constexpr std::size_t kRest = LzssOutput::kSlack + 8;
 static_assert(kGroup == LzssOutput::kWord);
 
 class MemorySource {
@@ -62,8 +67,7 @@ class GroupReader {
     bool expand(LzssOutput &output) {
         if (left() == 0 || output.room() == 0) return false;
         unsigned flags = *at_++;
-        if (left() >= 2 * kGroup + LzssOutput::kWord &&
-            output.room() >= kGroup * kLongestMatch + LzssOutput::kSlack) {
+        if (left() >= 2 * kGroup + kRest && output.room() >= kGroup * kLongestMatch + LzssOutput::kSlack) {
             // From match to match, with the literals between two at once.
             unsigned done = 0;
             for (unsigned matches = ~flags & kAllFlags; matches != 0; matches &= matches - 1) {

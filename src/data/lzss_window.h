@@ -44,41 +44,42 @@ class Window {
     std::array<std::uint8_t, kWindowSize + kRepeated> bytes_{};
 };
 
+// Eight bytes as a number, the first as the most significant: its order is that of the bytes.
+inline std::uint64_t load_word(const std::uint8_t *bytes) {
+    std::uint64_t word;
+    std::memcpy(&word, bytes, sizeof word);
+    if constexpr (std::endian::native == std::endian::big) return word;
+    constexpr std::uint64_t kByte = 0xFF;
+    return word << 56 | (word & kByte << 8) << 40 | (word & kByte << 16) << 24 | (word & kByte << 24) << 8 |
+           (word >> 8 & kByte << 24) | (word >> 24 & kByte << 16) | (word >> 40 & kByte << 8) | word >> 56;
+}
+
 // A string of kLongestMatch bytes, held so that it is compared with others by whole words.
 class WindowString {
   public:
     explicit WindowString(const std::uint8_t *bytes)
-        : first_(load(bytes)), second_(load(bytes + 8)), last_(bytes[16]) {}
+        : first_(load_word(bytes)), second_(load_word(bytes + 8)), last_(bytes[16]) {}
 
     // How many bytes are equal before the first difference.
     unsigned equal_bytes(const std::uint8_t *other) const {
-        if (const std::uint64_t different = first_ ^ load(other)) return leading_bytes(different);
-        if (const std::uint64_t different = second_ ^ load(other + 8)) return 8 + leading_bytes(different);
+        if (const std::uint64_t different = first_ ^ load_word(other)) return leading_bytes(different);
+        if (const std::uint64_t different = second_ ^ load_word(other + 8))
+            return 8 + leading_bytes(different);
         return last_ == other[16] ? 17 : 16;
     }
 
     // Whether this string comes after the other in order. equal is set when they are the same.
     bool is_after(const std::uint8_t *other, bool &equal) const {
-        const std::uint64_t first = load(other);
+        const std::uint64_t first = load_word(other);
         if (first_ != first) [[likely]]
             return first_ > first;
-        const std::uint64_t second = load(other + 8);
+        const std::uint64_t second = load_word(other + 8);
         if (second_ != second) return second_ > second;
         equal = last_ == other[16];
         return last_ > other[16];
     }
 
   private:
-    // Eight bytes as a number, the first as the most significant: its order is that of the bytes.
-    static std::uint64_t load(const std::uint8_t *bytes) {
-        std::uint64_t word;
-        std::memcpy(&word, bytes, sizeof word);
-        if constexpr (std::endian::native == std::endian::big) return word;
-        constexpr std::uint64_t kByte = 0xFF;
-        return word << 56 | (word & kByte << 8) << 40 | (word & kByte << 16) << 24 |
-               (word & kByte << 24) << 8 | (word >> 8 & kByte << 24) | (word >> 24 & kByte << 16) |
-               (word >> 40 & kByte << 8) | word >> 56;
-    }
     static unsigned leading_bytes(std::uint64_t different) {
         return static_cast<unsigned>(std::countl_zero(different)) / 8;
     }
