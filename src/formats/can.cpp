@@ -19,8 +19,8 @@ namespace {
 
 struct CanFrame {
     std::int32_t x = 0, y = 0;
-    std::vector<std::uint8_t>
-        block;  // what the file has of it; at least a header, of zeros where it has none
+    // What the file has of it; at least a header, of zeros where it has none.
+    std::vector<std::uint8_t> block;
 
     std::size_t code_present() const { return block.size() - kCompressedHeader; }
 };
