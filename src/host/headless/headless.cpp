@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <memory>
 
-#include "host/virtual_machine.h"
+#include "host/machine/virtual_machine.h"
 
 namespace ink::host {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <SDL.h>
 
-#include "host/loudspeaker.h"
+#include "host/sound/loudspeaker.h"
 
 namespace ink::host {
 namespace {

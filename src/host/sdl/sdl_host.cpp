@@ -10,10 +10,10 @@
 #include <utility>
 #include <vector>
 
+#include "host/machine/virtual_machine.h"
 #include "host/sdl/sdl_audio.h"
 #include "host/sdl/sdl_keys.h"
 #include "host/sdl/sdl_window.h"
-#include "host/virtual_machine.h"
 
 namespace ink::host {
 namespace {

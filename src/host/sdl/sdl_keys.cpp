@@ -1,6 +1,6 @@
 #include "host/sdl/sdl_keys.h"
 
-#include "host/input.h"
+#include "host/machine/input.h"
 
 namespace ink::host {
 namespace {

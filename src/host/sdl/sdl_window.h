@@ -6,7 +6,7 @@
 
 #include <memory>
 
-#include "host/screen.h"
+#include "host/machine/screen.h"
 
 namespace ink::host {
 

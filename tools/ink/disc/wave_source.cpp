@@ -6,7 +6,7 @@
 #include <stdexcept>
 
 #include "core/reader.h"
-#include "host/resampler.h"
+#include "host/sound/resampler.h"
 #include "platform/wave/riff.h"
 
 namespace ink::tool {

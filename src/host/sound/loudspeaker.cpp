@@ -1,4 +1,4 @@
-#include "host/loudspeaker.h"
+#include "host/sound/loudspeaker.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,4 +1,4 @@
-#include "host/resampler.h"
+#include "host/sound/resampler.h"
 
 #include <algorithm>
 #include <array>

@@ -5,9 +5,9 @@
 #include <cstdint>
 #include <memory>
 
-#include "host/disc.h"
+#include "host/disc/disc.h"
 #include "host/host.h"
-#include "host/playback.h"
+#include "host/sound/playback.h"
 
 namespace ink::host {
 

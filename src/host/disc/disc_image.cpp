@@ -1,4 +1,4 @@
-#include "host/disc_image.h"
+#include "host/disc/disc_image.h"
 
 #include <algorithm>
 #include <optional>

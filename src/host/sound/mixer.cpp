@@ -1,10 +1,10 @@
-#include "host/mixer.h"
+#include "host/sound/mixer.h"
 
 #include <algorithm>
 #include <utility>
 
 #include "host/observer.h"
-#include "host/voice.h"
+#include "host/sound/voice.h"
 
 namespace ink::host {
 

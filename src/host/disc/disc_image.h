@@ -5,8 +5,8 @@
 #include <memory>
 #include <vector>
 
-#include "host/cue_sheet.h"
-#include "host/disc.h"
+#include "host/disc/cue_sheet.h"
+#include "host/disc/disc.h"
 #include "host/file_name.h"
 
 namespace ink::host {

@@ -1,7 +1,7 @@
-#include "host/disc.h"
+#include "host/disc/disc.h"
 
-#include "host/disc_device.h"
-#include "host/disc_image.h"
+#include "host/disc/disc_device.h"
+#include "host/disc/disc_image.h"
 
 namespace ink::host {
 

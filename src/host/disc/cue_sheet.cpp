@@ -1,10 +1,10 @@
-#include "host/cue_sheet.h"
+#include "host/disc/cue_sheet.h"
 
 #include <algorithm>
 #include <array>
 #include <charconv>
 
-#include "host/disc.h"
+#include "host/disc/disc.h"
 
 namespace ink::host {
 namespace {

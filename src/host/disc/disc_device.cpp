@@ -1,4 +1,4 @@
-#include "host/disc_device.h"
+#include "host/disc/disc_device.h"
 
 #if defined(__linux__)
 

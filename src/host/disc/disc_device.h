@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "host/disc.h"
+#include "host/disc/disc.h"
 
 namespace ink::host {
 

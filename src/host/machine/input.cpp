@@ -1,4 +1,4 @@
-#include "host/input.h"
+#include "host/machine/input.h"
 
 namespace ink::host {
 namespace {

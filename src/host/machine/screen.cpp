@@ -1,4 +1,4 @@
-#include "host/screen.h"
+#include "host/machine/screen.h"
 
 #include <algorithm>
 #include <cstring>

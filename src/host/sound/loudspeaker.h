@@ -8,10 +8,10 @@
 #include <mutex>
 #include <vector>
 
-#include "host/clock.h"
-#include "host/disc_drive.h"
-#include "host/mixer.h"
-#include "host/playback.h"
+#include "host/disc/disc_drive.h"
+#include "host/machine/clock.h"
+#include "host/sound/mixer.h"
+#include "host/sound/playback.h"
 
 namespace ink::host {
 

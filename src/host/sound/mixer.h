@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "host/host.h"
-#include "host/playback.h"
+#include "host/sound/playback.h"
 
 namespace ink::host {
 

@@ -1,4 +1,4 @@
-#include "host/virtual_machine.h"
+#include "host/machine/virtual_machine.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -1,4 +1,4 @@
-#include "host/pointer.h"
+#include "host/machine/pointer.h"
 
 #include "host/observer.h"
 

@@ -1,4 +1,4 @@
-#include "host/disc_drive.h"
+#include "host/disc/disc_drive.h"
 
 #include <algorithm>
 #include <utility>

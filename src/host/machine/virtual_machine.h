@@ -8,15 +8,15 @@
 #include <memory>
 #include <string>
 
-#include "host/clock.h"
-#include "host/ends.h"
 #include "host/host.h"
-#include "host/input.h"
-#include "host/loudspeaker.h"
-#include "host/message_queue.h"
-#include "host/pointer.h"
-#include "host/screen.h"
-#include "host/window_timers.h"
+#include "host/machine/clock.h"
+#include "host/machine/ends.h"
+#include "host/machine/input.h"
+#include "host/machine/message_queue.h"
+#include "host/machine/pointer.h"
+#include "host/machine/screen.h"
+#include "host/machine/window_timers.h"
+#include "host/sound/loudspeaker.h"
 
 namespace ink::host {
 

@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "host/host.h"
-#include "host/playback.h"
-#include "host/resampler.h"
+#include "host/sound/playback.h"
+#include "host/sound/resampler.h"
 
 namespace ink::host {
 

@@ -1,4 +1,4 @@
-#include "host/voice.h"
+#include "host/sound/voice.h"
 
 #include <cmath>
 
