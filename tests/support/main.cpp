@@ -1,19 +1,49 @@
 // Runs the tests on the headless machine, in an empty directory that is removed afterwards.
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
+#include <random>
+#include <string>
 
 namespace fs = std::filesystem;
+
+namespace {
+
+#if defined(_WIN32)
+// In the current directory: the paths that are compiled in have no drive, and are meant on this one.
+fs::path place_of_directories() {
+    return fs::current_path();
+}
+void set_environment(const char *name, const char *value) {
+    _putenv_s(name, value);
+}
+#else
+fs::path place_of_directories() {
+    return fs::temp_directory_path();
+}
+void set_environment(const char *name, const char *value) {
+    setenv(name, value, 1);
+}
+#endif
+
+// A directory that was not there before.
+fs::path make_directory() {
+    std::random_device random;
+    for (;;) {
+        const fs::path made = place_of_directories() / ("inkstone-test-" + std::to_string(random()));
+        if (fs::create_directory(made)) return made;
+    }
+}
+
+}  // namespace
 
 int main(int argc, char **argv) {
     ::testing::InitGoogleTest(&argc, argv);
     GTEST_FLAG_SET(death_test_style, "fast");
-    setenv("INKSTONE_HOST", "headless", 1);
+    set_environment("INKSTONE_HOST", "headless");
 
-    std::string place = (fs::temp_directory_path() / "inkstone-test-XXXXXX").string();
-    if (mkdtemp(place.data()) == nullptr) return 1;
+    const fs::path place = make_directory();
     const fs::path before = fs::current_path();
     fs::current_path(place);
     const int result = RUN_ALL_TESTS();
