@@ -6,8 +6,11 @@
 
 INK_BEGIN
 
-/* Zeroes the sixteen tick counters and starts them: each is advanced by a window timer of 5 milliseconds on
-   window (which may be null), so they advance only while messages are dispatched. Pushes a quit procedure
+/* Zeroes the sixteen tick counters and starts them: each is advanced by a window timer on window (which may
+   be null), so they advance only while messages are dispatched, and by 1 however many ticks passed while none
+   were. The timers ask for 5 milliseconds, but a tick is no shorter than the machine's timers are: 55
+   milliseconds, 18 ticks a second, unless HOST_set_timer_resolution or INKSTONE_TIMER_RESOLUTION in the
+   environment says otherwise. Pushes a quit procedure
    that stops them; when the quit stack is full the process ends with "PUSHQUIT ERROR!!!". Returns 0, or -2
    when the machine refuses a timer; those already started are stopped then. */
 INK_API int32_t SetupTimerProc(HWND window);

@@ -1,6 +1,7 @@
 #include <array>
 #include <cstdint>
 
+#include "core/hooks.h"
 #include "draw/palette.h"
 #include "inkstone/palette.h"
 #include "inkstone/runtime.h"
@@ -23,8 +24,8 @@ INK_PROCEDURE callback = nullptr;
 Palette stepped_start{};
 std::int32_t stepped_count = 0;
 
-void pump() {
-    (callback != nullptr ? callback : fnCheckMessage)();
+INK_PROCEDURE pump() {
+    return callback != nullptr ? callback : fnCheckMessage;
 }
 
 Palette displayed() {
@@ -62,9 +63,10 @@ void PAL_fade_effect(int32_t delay) {
     const Palette start = displayed();
     for (std::int32_t step = 0; step <= kLastStep; ++step) {
         SetTimerTick(kTimer, 0);
-        pump();
+        pump()();
         show_blend(start, step);
-        while (GetTimerTick(kTimer) < static_cast<std::uint32_t>(delay)) pump();
+        for (ink::Wait wait; GetTimerTick(kTimer) < static_cast<std::uint32_t>(delay); pump()())
+            wait.rest(pump());
     }
     show_target();
 }

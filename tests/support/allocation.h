@@ -25,8 +25,8 @@ inline constexpr bool kAllocationsCanFail = true;
 #endif
 
 // Calls operation with its first allocation refused, then with its second, ... and check after each, until it
-// comes through without asking for more; then the same with all later allocations refused as well. operation's
-// last call is one that succeeded. Returns how many allocations a call makes.
+// comes through without asking for more; then the same with all later allocations refused as well.
+// operation's last call is one that succeeded. Returns how many allocations a call makes.
 template <class Operation, class Check>
 std::size_t fail_each_allocation(Operation operation, Check check) {
     std::size_t count = 0;

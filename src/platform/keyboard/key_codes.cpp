@@ -132,15 +132,14 @@ uint8_t read_data_key(void) {
 
 void wait_key(int32_t key) {
     key = enter_as_space(key);
-    while (key != 0 && enter_as_space(read_system_key()) != key) {
-    }
+    for (ink::Wait wait; key != 0 && enter_as_space(read_system_key()) != key;) wait.rest();
     fnResetKeyBoard();
 }
 
 uint8_t wait_any_key(void) {
     fnResetKeyBoard();
     std::uint8_t code = 0;
-    while (code == 0) code = read_system_key();
+    for (ink::Wait wait; code == 0; code = read_system_key()) wait.rest();
     fnResetKeyBoard();
     return code;
 }
@@ -149,7 +148,9 @@ void wait_key_time(int32_t key, uint32_t ticks) {
     constexpr std::int32_t kWaitCounter = 14;
     key = enter_as_space(key);
     SetTimerTick(kWaitCounter, 0);
+    ink::Wait wait;
     do {
+        wait.rest();
         if (enter_as_space(read_system_key()) == key) return;
         ink::idle();
     } while (GetTimerTick(kWaitCounter) < ticks);
