@@ -1,6 +1,8 @@
 // What the test of the Windows machine asks of it from inside, one word of the command line each.
 #include <windows.h>
 
+#include <mmsystem.h>
+
 #include <algorithm>
 #include <chrono>
 #include <cstdio>

@@ -38,7 +38,7 @@ class Com {
 };
 
 IWICImagingFactory &factory() {
-    static IWICImagingFactory &made = [] -> IWICImagingFactory & {
+    static IWICImagingFactory &made = []() -> IWICImagingFactory & {
         CoInitializeEx(nullptr, COINIT_MULTITHREADED);
         void *object = nullptr;
         check(CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER, IID_IWICImagingFactory,
