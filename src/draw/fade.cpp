@@ -1,6 +1,7 @@
 #include <array>
 #include <cstdint>
 
+#include "core/counters.h"
 #include "draw/palette.h"
 #include "inkstone/palette.h"
 #include "inkstone/runtime.h"
@@ -13,7 +14,6 @@ namespace {
 using Palette = std::array<std::uint8_t, kPaletteSize>;
 
 constexpr std::int32_t kLastStep = 63;
-constexpr std::int32_t kTimer = 15;
 
 // Where the fades lead and what pumps messages meanwhile. The target stays the caller's.
 const std::uint8_t *target = nullptr;
@@ -61,10 +61,10 @@ void PAL_fade_effect(int32_t delay) {
     if (target == nullptr) return;
     const Palette start = displayed();
     for (std::int32_t step = 0; step <= kLastStep; ++step) {
-        SetTimerTick(kTimer, 0);
+        SetTimerTick(ink::kFadeCounter, 0);
         pump();
         show_blend(start, step);
-        while (GetTimerTick(kTimer) < static_cast<std::uint32_t>(delay)) pump();
+        while (GetTimerTick(ink::kFadeCounter) < static_cast<std::uint32_t>(delay)) pump();
     }
     show_target();
 }
