@@ -19,26 +19,36 @@ std::string trace;
 TEST(Timer, CountsAtMostOnePendingEventOfEachCounter) {
     for (int counter = 0; counter < 16; ++counter) SetTimerTick(counter, 100);
     ASSERT_EQ(SetupTimerProc(nullptr), 0);
-    HOST_advance_clock(50000);  // ten expiries nobody takes
+    HOST_advance_clock(550'000);  // ten expiries nobody takes
     EXPECT_EQ(GetTimerTick(3), 0U);
     fnCheckMessage();
     for (int counter = 0; counter < 16; ++counter) EXPECT_EQ(GetTimerTick(counter), 1U) << counter;
     for (int i = 0; i < 20; ++i) {
-        HOST_advance_clock(5000);
+        HOST_advance_clock(55'000);
         fnCheckMessage();
     }
     EXPECT_EQ(GetTimerTick(15), 21U);
     SetTimerTick(3, 0xFFFFFFFF);
-    HOST_advance_clock(5000);
+    HOST_advance_clock(55'000);
     fnCheckMessage();
     EXPECT_EQ(GetTimerTick(3), 0U);
     SetTimerTick(16, 5);
     SetTimerTick(-1, 5);
     EXPECT_EQ(GetTimerTick(16) + GetTimerTick(-1), 0U);
     ClearTimerProc(nullptr);
-    HOST_advance_clock(5000);
+    HOST_advance_clock(55'000);
     fnCheckMessage();
     EXPECT_EQ(GetTimerTick(15), 22U);
+}
+
+TEST(Timer, TicksAsSlowlyAsTheMachineButNoFasterThanAsked) {
+    for (const auto &[resolution, tick] : {std::pair{0U, 5U}, {20U, 20U}, {4000U, 1000U}, {55U, 55U}}) {
+        HOST_set_timer_resolution(resolution);
+        SetupTimerProc(nullptr);
+        const std::uint64_t before = HOST_clock();
+        tick_wait(3);
+        EXPECT_NEAR(static_cast<double>(HOST_clock() - before), 3000.0 * tick, 100) << resolution;
+    }
 }
 
 TEST(Timer, GivesBackWhatItGotWhenOneIsRefused) {
@@ -81,7 +91,7 @@ TEST(Waits, TakeTheirTimeOnTheSimulatedClock) {
     SetTimerTick(14, 100);
     const std::uint64_t before = HOST_clock();
     tick_wait(3);
-    EXPECT_NEAR(static_cast<double>(HOST_clock() - before), 15000, 100);
+    EXPECT_NEAR(static_cast<double>(HOST_clock() - before), 165'000, 100);
     EXPECT_GE(GetTimerTick(14), 3U);
 
     clear_time_delay();

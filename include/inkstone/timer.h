@@ -12,7 +12,8 @@ INK_BEGIN
 
 /* Zeroes the sixteen tick counters and starts them: each is advanced by a window timer of its own on window
    (which may be null), so they advance only while messages are dispatched. At most one event of each timer is
-   pending: what falls due while nobody dispatches is not counted. Pushes a quit procedure that stops them; when the quit stack is full the process ends with "PUSHQUIT ERROR!!!". Returns 0, or -2
+   pending: what falls due while nobody dispatches is not counted. Pushes a quit procedure that stops them;
+   when the quit stack is full the process ends with "PUSHQUIT ERROR!!!". Returns 0, or -2
    when the machine refuses a timer; those already started are stopped then. */
 INK_API int32_t SetupTimerProc(HWND window);
 

@@ -2,6 +2,7 @@
 #include <cstdint>
 
 #include "core/counters.h"
+#include "core/hooks.h"
 #include "draw/palette.h"
 #include "inkstone/palette.h"
 #include "inkstone/runtime.h"
@@ -23,8 +24,12 @@ INK_PROCEDURE callback = nullptr;
 Palette stepped_start{};
 std::int32_t stepped_count = 0;
 
+INK_PROCEDURE pump_procedure() {
+    return callback != nullptr ? callback : fnCheckMessage;
+}
+
 void pump() {
-    (callback != nullptr ? callback : fnCheckMessage)();
+    pump_procedure()();
 }
 
 Palette displayed() {
@@ -64,7 +69,8 @@ void PAL_fade_effect(int32_t delay) {
         SetTimerTick(ink::kFadeCounter, 0);
         pump();
         show_blend(start, step);
-        while (GetTimerTick(ink::kFadeCounter) < static_cast<std::uint32_t>(delay)) pump();
+        for (ink::Wait wait; GetTimerTick(ink::kFadeCounter) < static_cast<std::uint32_t>(delay); pump())
+            wait.rest(pump_procedure());
     }
     show_target();
 }

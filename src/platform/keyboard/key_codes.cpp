@@ -136,15 +136,14 @@ uint8_t read_data_key(void) {
 
 void wait_key(int32_t key) {
     key = enter_as_space(key);
-    while (key != 0 && enter_as_space(read_system_key()) != key) {
-    }
+    for (ink::Wait wait; key != 0 && enter_as_space(read_system_key()) != key;) wait.rest();
     fnResetKeyBoard();
 }
 
 uint8_t wait_any_key(void) {
     fnResetKeyBoard();
     std::uint8_t code = 0;
-    while (code == 0) code = read_system_key();
+    for (ink::Wait wait; code == 0; code = read_system_key()) wait.rest();
     fnResetKeyBoard();
     return code;
 }
@@ -152,7 +151,9 @@ uint8_t wait_any_key(void) {
 void wait_key_time(int32_t key, uint32_t ticks) {
     key = enter_as_space(key);
     SetTimerTick(ink::kWaitCounter, 0);
+    ink::Wait wait;
     do {
+        wait.rest();
         if (enter_as_space(read_system_key()) == key) return;
         ink::idle();
     } while (GetTimerTick(ink::kWaitCounter) < ticks);
