@@ -17,8 +17,9 @@ int32_t board_color_at(int32_t x, int32_t y) {
 }
 
 void board_dot(int32_t x, int32_t y, int32_t color, uint8_t *screen) {
-    BUF_circle(x, y, 5, 5, 0, 360, color, screen);
-    BUF_fill(x, y, color, screen);
+    BUF_bar(x - 1, y - 3, x + 1, y + 3, color, screen);
+    BUF_bar(x - 2, y - 2, x + 2, y + 2, color, screen);
+    BUF_bar(x - 3, y - 1, x + 3, y + 1, color, screen);
 }
 
 void board_text(const char *text, uint8_t *screen) {

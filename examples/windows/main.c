@@ -76,6 +76,7 @@ static void start(HWND window, HINSTANCE instance) {
     WViewEnable();
     SCR_get_palette(day);
     board_night(day, night);
+    SCR_set_palette(day); /* the system colours, in the 64 steps of brightness that games work with */
     SetupTimerProc(window);
     fnMouseInit(window, instance, 0, 0, fnCheckMessage);
     MOUSE_load_cursor(1, LoadCursorA(NULL, (LPCSTR)IDC_CROSS));

@@ -92,7 +92,8 @@ void count_ticks() {
 void play_disc(const char *sheet) {
     std::printf("no disc %d\n", CDROM_open());
     std::printf("inserted %d\n", HOST_insert_disc(sheet));
-    std::printf("open %d tracks %d\n", CDROM_open(), CDROM_total());
+    std::printf("open %d\n", CDROM_open());
+    std::printf("tracks %d\n", CDROM_total());
     HOST_capture_sound(1);
     std::printf("play %d\n", CDROM_play(0));
     Sleep(300);
@@ -102,7 +103,9 @@ void play_disc(const char *sheet) {
     while (first < frames && heard[2 * static_cast<std::size_t>(first)] == 0) ++first;
     for (std::int32_t i = first; i < first + 4 && i < frames; ++i)
         std::printf("%d ", heard[2 * static_cast<std::size_t>(i)]);
-    std::printf("\nstatus %d stop %d close %d\n", CDROM_status(), CDROM_stop(), CDROM_close());
+    std::printf("\nstatus %d\n", CDROM_status());
+    std::printf("stop %d\n", CDROM_stop());
+    std::printf("close %d\n", CDROM_close());
 }
 
 void time_pump() {
@@ -115,16 +118,56 @@ void time_pump() {
     std::printf("%.0f ns a pump\n", passed.count() / kPumps);
 }
 
-// Paints the window of another program black, as one that covers it would, and then lets it come into sight
-// again.
-void cover(const char *title, bool uncover) {
-    const HWND window = FindWindowA(nullptr, title);
-    RECT client{};
-    GetClientRect(window, &client);
+// Whether the window shows what the library says that it does.
+bool shows_picture(HWND window) {
+    constexpr int kWidth = 320, kHeight = 200;
+    static std::uint8_t rgb[kWidth * kHeight * 3];
+    HOST_read_picture(window, rgb);
+    BITMAPINFO description{};
+    description.bmiHeader = {sizeof(BITMAPINFOHEADER), kWidth, -kHeight, 1, 24, BI_RGB, 0, 0, 0, 0, 0};
+    void *pixels = nullptr;
+    const HDC from = GetDC(window), to = CreateCompatibleDC(from);
+    const HBITMAP bitmap = CreateDIBSection(to, &description, DIB_RGB_COLORS, &pixels, nullptr, 0);
+    SelectObject(to, bitmap);
+    BitBlt(to, 0, 0, kWidth, kHeight, from, 0, 0, SRCCOPY);
+    GdiFlush();
+    const auto *bgr = static_cast<const std::uint8_t *>(pixels);
+    bool same = true;
+    for (int i = 0; i < kWidth * kHeight * 3; ++i) same = same && bgr[i / 3 * 3 + 2 - i % 3] == rgb[i];
+    ReleaseDC(window, from);
+    DeleteDC(to);
+    DeleteObject(bitmap);
+    return same;
+}
+
+// What was presented comes back where something else was drawn over it, a part that was shown by itself too, and without
+// any help of the window's.
+void lose_picture() {
+    static std::uint8_t buffer[320 * 200], other[320 * 200];
+    for (int i = 0; i < 320 * 200; ++i) buffer[i] = static_cast<std::uint8_t>(i * 7 % 251), other[i] = 77;
+    const HWND window = open_window();
+    WViewInit(window, 0, 0, 320, 200, buffer);
+    WViewEnable();
+    WViewBuffer2Screen();
+    WViewSetNowBuffer(other);
+    WViewMoveBuffer2Screen(33, 44, 55, 66);
+    std::printf("shown %d\n", shows_picture(window));
+    const RECT lost{10, 20, 200, 150};
     const HDC context = GetDC(window);
-    FillRect(context, &client, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
+    FillRect(context, &lost, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
     ReleaseDC(window, context);
-    if (uncover) InvalidateRect(window, nullptr, TRUE);
+    std::printf("lost %d\n", shows_picture(window));
+    InvalidateRect(window, &lost, TRUE);
+    fnCheckMessage();
+    std::printf("back %d\n", shows_picture(window));
+    WViewSet1Palette(77, 200, 100, 50);
+    std::printf("changed %d\n", shows_picture(window));
+    DestroyWindow(window);
+    fnCheckMessage();
+    WViewSet1Palette(77, 1, 2, 3);  // nothing is left to show it
+    WViewBuffer2Screen();
+    ExecQuitProc();
+    std::puts("gone");
 }
 
 }  // namespace
@@ -136,8 +179,7 @@ int main(int argc, char **argv) {
     if (what == "ticks") count_ticks();
     if (what == "disc" && argc > 2) play_disc(argv[2]);
     if (what == "pump") time_pump();
-    if (what == "cover" && argc > 2) cover(argv[2], false);
-    if (what == "uncover" && argc > 2) cover(argv[2], true);
+    if (what == "picture") lose_picture();
     if (what == "big5") std::printf("big5 %d\n", check_big5());
     return 0;
 }
