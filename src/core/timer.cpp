@@ -3,6 +3,7 @@
 #include <array>
 #include <utility>
 
+#include "core/counters.h"
 #include "core/hooks.h"
 #include "host/host.h"
 #include "inkstone/runtime.h"
@@ -10,7 +11,6 @@
 namespace {
 
 constexpr std::uint32_t kTickMilliseconds = 5;
-constexpr std::int32_t kWaitCounter = 14;
 
 std::array<std::uint32_t, 16> ticks_passed;
 HWND timer_window = nullptr;
@@ -86,8 +86,8 @@ void SetTimerTick(int32_t counter, uint32_t value) {
 }
 
 void tick_wait(uint32_t ticks) {
-    SetTimerTick(kWaitCounter, 0);
-    for (ink::Wait wait; GetTimerTick(kWaitCounter) < ticks; ink::idle()) wait.rest();
+    SetTimerTick(ink::kWaitCounter, 0);
+    for (ink::Wait wait; GetTimerTick(ink::kWaitCounter) < ticks; ink::idle()) wait.rest();
 }
 
 void clear_time_delay(void) {
