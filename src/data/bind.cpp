@@ -12,10 +12,10 @@
 #include <string_view>
 #include <vector>
 
-#include "core/input_file.h"
 #include "core/log.h"
 #include "core/reader.h"
 #include "host/file_name.h"
+#include "host/input_file.h"
 #include "host/letter_case.h"
 
 namespace ink::data {
@@ -42,7 +42,8 @@ Piece new_piece() {
 }
 
 // Copies what a file has of a stretch; false when it cannot be written.
-bool copy(InputFile &from, std::uint64_t offset, std::uint64_t length, std::FILE *to, const Piece &piece) {
+bool copy(host::InputFile &from, std::uint64_t offset, std::uint64_t length, std::FILE *to,
+          const Piece &piece) {
     for (std::size_t part; length > 0; offset += part, length -= part) {
         part = from.read(offset,
                          {piece.get(), static_cast<std::size_t>(std::min<std::uint64_t>(length, kPiece))});
@@ -50,11 +51,6 @@ bool copy(InputFile &from, std::uint64_t offset, std::uint64_t length, std::FILE
         if (std::fwrite(piece.get(), 1, part, to) != part) return false;
     }
     return true;
-}
-
-// False when what is still to be written cannot be.
-bool close(host::File file) {
-    return std::fclose(file.release()) == 0;
 }
 
 struct ListedFile {
@@ -80,7 +76,7 @@ bool read_list(const char *list_name, const char *archive_name, std::vector<List
             log_error_format("BIND element file %s name too long", name);
             return false;
         }
-        const InputFile file(name);
+        const host::InputFile file(name);
         if (!file.is_open()) {
             log_error_format("BIND element file %s open error", name);
             return false;
@@ -123,7 +119,7 @@ struct Entry {
 // The entries of an archive's directory, one after the other, as far as the file has them.
 class Directory {
   public:
-    explicit Directory(InputFile &archive) : archive_(archive) {
+    explicit Directory(host::InputFile &archive) : archive_(archive) {
         std::array<std::uint8_t, kHeaderSize> header{};
         archive.read(0, header);
         count_ = Reader(&header[kCountAt], 4).i32();
@@ -149,34 +145,21 @@ class Directory {
         return !unread_.empty();
     }
 
-    InputFile &archive_;
+    host::InputFile &archive_;
     std::int32_t count_;
     std::uint64_t offset_ = kHeaderSize;
     std::array<std::uint8_t, 128 * kEntrySize> block_;
     std::span<const std::uint8_t> unread_;
 };
 
-// Whether a name may lead out of the current directory: from a drive or the root, or upwards. Systems ignore
-// dots and spaces at the end of a name, so one of nothing else is as good as "..".
-bool leads_outside(std::string_view name) {
-    constexpr std::string_view kSeparators = "/\\";
-    if (name.find(':') != name.npos || kSeparators.find(name.substr(0, 1)) != name.npos) return true;
-    while (!name.empty()) {
-        const std::string_view part = name.substr(0, name.find_first_of(kSeparators));
-        if (part.size() > 1 && part.find_first_not_of(". ") == part.npos) return true;
-        name.remove_prefix(std::min(part.size() + 1, name.size()));
-    }
-    return false;
-}
-
 // Writes one file of the archive; false, and a log line, when it cannot be created or written. left is what
 // may still be written: no more than the archive has, whatever its entries claim of one another's contents.
-bool extract(InputFile &archive, const char *archive_name, const Entry &entry, std::uint64_t &left,
+bool extract(host::InputFile &archive, const char *archive_name, const Entry &entry, std::uint64_t &left,
              const Piece &piece) {
     const std::string name(entry.name);
     const std::uint64_t length = archive.present(entry.offset, entry.size);
     host::File file;
-    if (!leads_outside(name) && !host::same_file(name.c_str(), archive_name) && length <= left)
+    if (!host::leads_outside(name) && !host::same_file(name.c_str(), archive_name) && length <= left)
         file = host::open_file(name.c_str(), "wb");
     if (!file) {
         log_error_format("file %s open error", name.c_str());
@@ -184,7 +167,7 @@ bool extract(InputFile &archive, const char *archive_name, const Entry &entry, s
     }
     left -= length;
     const bool copied = copy(archive, entry.offset, length, file.get(), piece);
-    if (close(std::move(file)) && copied) return true;
+    if (host::close_file(std::move(file)) && copied) return true;
     log_error_format("file %s write error", name.c_str());
     return false;
 }
@@ -208,20 +191,20 @@ int32_t BIND_bind_file(const char *archive_name, const char *list_name) {
     if (!piece) return -1;
     bool copied = true;
     for (const ListedFile &file : files) {
-        InputFile contents(file.name.c_str());
+        host::InputFile contents(file.name.c_str());
         if (!contents.is_open()) {
             log_error_format("file %s open error", file.name.c_str());
             return -1;
         }
         copied = copied && copy(contents, 0, contents.size(), archive.get(), piece);
     }
-    if (close(std::move(archive)) && copied) return 0;
+    if (host::close_file(std::move(archive)) && copied) return 0;
     log_error_format("file %s write error", archive_name);
     return -1;
 }
 
 int32_t BIND_open(const char *archive_name, char *name, int32_t *offset, int32_t *size) {
-    InputFile archive(archive_name);
+    host::InputFile archive(archive_name);
     if (!archive.is_open()) {
         log_open_error(archive_name);
         return -2;
@@ -239,7 +222,7 @@ int32_t BIND_open(const char *archive_name, char *name, int32_t *offset, int32_t
 }
 
 int32_t BIND_read(const char *archive_name, int32_t offset, int32_t size, uint8_t *destination) {
-    InputFile archive(archive_name);
+    host::InputFile archive(archive_name);
     if (!archive.is_open()) {
         log_open_error(archive_name);
         return -2;
@@ -250,7 +233,7 @@ int32_t BIND_read(const char *archive_name, int32_t offset, int32_t size, uint8_
 }
 
 int32_t BIND_chop_file(const char *archive_name, const char *) {
-    InputFile archive(archive_name);
+    host::InputFile archive(archive_name);
     if (!archive.is_open()) {
         log_error_format("file %s open error", archive_name);
         return 0;

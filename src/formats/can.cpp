@@ -8,11 +8,11 @@
 #include <optional>
 #include <vector>
 
-#include "core/input_file.h"
 #include "core/log.h"
 #include "core/reader.h"
 #include "draw/surface.h"
 #include "formats/compressed_image.h"
+#include "host/input_file.h"
 
 namespace ink::formats {
 namespace {
@@ -76,7 +76,7 @@ class CanFile {
   private:
     static constexpr std::size_t kHeaderSize = 24, kFrameCount = 12, kOffsets = 20, kRecordSize = 8;
 
-    InputFile file_;
+    host::InputFile file_;
     std::int32_t frame_count_ = 0;
     std::int32_t anchor_x_ = 0, anchor_y_ = 0;
     std::vector<std::uint8_t> offsets_;

@@ -5,9 +5,9 @@
 #include <new>
 #include <vector>
 
-#include "core/input_file.h"
 #include "core/log.h"
 #include "formats/flic_chunks.h"
+#include "host/input_file.h"
 
 namespace ink::formats {
 namespace {
@@ -25,7 +25,7 @@ struct FrameHeader {
 class FlicPlayer {
   public:
     bool open(const char *name, bool small, std::uint8_t *destination) {
-        InputFile file(name);
+        host::InputFile file(name);
         if (!file.is_open()) return false;
         close();
         file_ = std::move(file);
@@ -108,7 +108,7 @@ class FlicPlayer {
         return size <= 4 * picture_size_ + 0x10000 && file_.present(frame.position, frame.size) == frame.size;
     }
 
-    InputFile file_;
+    host::InputFile file_;
     std::int16_t frame_count_ = 0;
     std::int64_t picture_size_ = 0;
     std::uint64_t next_ = 0;          // where the next frame starts

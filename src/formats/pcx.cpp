@@ -8,11 +8,11 @@
 #include <new>
 #include <span>
 
-#include "core/input_file.h"
 #include "core/log.h"
 #include "core/reader.h"
 #include "draw/surface.h"
 #include "formats/run_length.h"
+#include "host/input_file.h"
 
 namespace ink::formats {
 namespace {
@@ -39,7 +39,7 @@ struct PcxSize {
 };
 
 // Checks the header of an open file; false, and a log line, when it is refused.
-bool read_header(InputFile &file, PcxSize &size) {
+bool read_header(host::InputFile &file, PcxSize &size) {
     std::array<std::uint8_t, kHeaderSize> header{};
     file.read(0, header);
     if (header[kManufacturerAt] != kManufacturer) {
@@ -86,7 +86,7 @@ using namespace ink;
 using namespace ink::formats;
 
 int32_t PCX_get_image_size(const char *file_name, int32_t *width, int32_t *height) {
-    InputFile file(file_name);
+    host::InputFile file(file_name);
     if (!file.is_open()) {
         log_open_error(file_name);
         return -1;
@@ -99,7 +99,7 @@ int32_t PCX_get_image_size(const char *file_name, int32_t *width, int32_t *heigh
 }
 
 int32_t PCX_read_file(const char *file_name, uint8_t *destination) {
-    InputFile file(file_name);
+    host::InputFile file(file_name);
     if (!file.is_open()) {
         log_open_error(file_name);
         return -2;
