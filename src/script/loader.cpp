@@ -6,8 +6,8 @@
 #include <new>
 #include <string>
 
-#include "core/input_file.h"
 #include "core/reader.h"
+#include "host/input_file.h"
 #include "inkstone/mac.h"
 #include "script/instruction_set.h"
 #include "script/state.h"
@@ -53,16 +53,16 @@ std::int32_t fail(const char *message) {
     return fail();
 }
 
-InputFile open_script(const char *name) {
+host::InputFile open_script(const char *name) {
     try {
-        return InputFile((state.directory + '\\' + name).c_str());
+        return host::InputFile((state.directory + '\\' + name).c_str());
     } catch (const std::bad_alloc &) {
         return {};
     }
 }
 
 // Reads head and code; false when there is no memory for them or their stated sizes cannot be.
-bool read_script(InputFile &file) {
+bool read_script(host::InputFile &file) {
     state.release_head();
     state.release_code();
 
@@ -89,7 +89,7 @@ bool read_script(InputFile &file) {
 }
 
 // What load and reload share once the file is open; name is null when the record keeps its own.
-std::int32_t finish_loading(InputFile &file, const char *name, const char *out_of_memory) {
+std::int32_t finish_loading(host::InputFile &file, const char *name, const char *out_of_memory) {
     state.loaded = false;
     if (!read_script(file)) return fail(out_of_memory);
     if (!state.record) return fail(kRecordMissing);
@@ -128,8 +128,9 @@ int32_t MAC_init(const char *script_dir, const char *log_dir, uint32_t variable_
 int32_t MAC_load(const char *file_name) {
     using namespace ink::script;
     if (!state.initialised) return fail(kNotInitialised);
-    const char *name = file_name != nullptr ? file_name : "";
-    ink::InputFile file = std::strlen(name) < Record::kNameSize ? open_script(name) : ink::InputFile();
+    const char *name = ink::text_of(file_name);
+    ink::host::InputFile file =
+        std::strlen(name) < Record::kNameSize ? open_script(name) : ink::host::InputFile();
     if (!file.is_open()) {
         ink::log_format_to_file(state.log_file.c_str(), "ERROR : error open file %s(MAC_load)", name);
         return fail();
@@ -143,7 +144,7 @@ int32_t MAC_reload(void) {
     if (!state.named) return fail("ERROR : mac filename lost !");
     if (!state.record) return fail(kRecordMissing);
     const char *name = state.record.name();
-    ink::InputFile file = open_script(name);
+    ink::host::InputFile file = open_script(name);
     if (!file.is_open()) {
         ink::log_format_to_file(state.log_file.c_str(), "ERROR : error open file %s", name);
         return fail();
