@@ -135,8 +135,16 @@ INK_API uint64_t HOST_clock(void);
    sound and the disc move on too. The desktop machine sleeps for that time instead. */
 INK_API void HOST_advance_clock(uint64_t microseconds);
 
-/* Sets the headless machine's time of day, which goes on from there with its clock. Until it is set it is
-   Saturday, 1 January 2000, 00:00:00 when the machine starts. No effect on the desktop machine. */
+/* Sets the shortest interval of the machine's window timers in milliseconds, 1 to 1000; a shorter one that is
+   asked for becomes this one. It holds for timers that are set from then on, so it comes before
+   SetupTimerProc. Until it is set it is INKSTONE_TIMER_RESOLUTION of the environment, else 55: window timers
+   tick 18 times a second, and the play time of discs, the image cursors and the fades are reckoned in such
+   ticks. */
+INK_API void HOST_set_timer_resolution(uint32_t milliseconds);
+
+/* Sets the machine's time of day, which goes on from there with its clock; until it is set it is the
+   system's. Years are 1 to 9999; other fields may lie beyond their ranges and carry into the next larger
+   one, so that day 0 is the last one of the month before. A time outside those years becomes the nearest. */
 INK_API void HOST_set_local_time(int32_t year, int32_t month, int32_t day, int32_t hour, int32_t minute,
                                  int32_t second);
 

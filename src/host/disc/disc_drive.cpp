@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "core/reader.h"
-#include "host/observer.h"
 
 namespace ink::host {
 namespace {
@@ -38,39 +37,39 @@ void DiscDrive::eject() {
 }
 
 bool DiscDrive::open() {
-    if (!allowed("open_disc") || open_) return false;
+    if (open_) return false;
     playback_.start();
     return open_ = true;
 }
 
 bool DiscDrive::close() {
-    if (!allowed("close_disc") || !open_) return false;
+    if (!open_) return false;
     const auto held = playback_.present();
     playing_ = open_ = false;
     return true;
 }
 
 bool DiscDrive::stop() {
-    if (!allowed("stop_disc") || !open_) return false;
+    if (!open_) return false;
     const auto held = playback_.present();
     playing_ = false;
     return true;
 }
 
 bool DiscDrive::set_time_format(DiscTime format) {
-    if (!allowed("set_disc_time_format %s", format == DiscTime::msf ? "msf" : "tmsf") || !open_) return false;
+    if (!open_) return false;
     format_ = format;
     return true;
 }
 
 bool DiscDrive::track_count(std::int32_t &count) {
-    if (!allowed("disc_track_count") || !ready()) return false;
+    if (!ready()) return false;
     count = static_cast<std::int32_t>(disc_->tracks().size());
     return true;
 }
 
 bool DiscDrive::track_length(std::int32_t track, std::uint32_t &packed_msf) {
-    if (!allowed("disc_track_length %d", track) || !ready()) return false;
+    if (!ready()) return false;
     if (track < 1 || static_cast<std::size_t>(track) > disc_->tracks().size()) return false;
     const std::uint32_t length = disc_->tracks()[static_cast<std::size_t>(track - 1)].length;
     const std::uint32_t seconds = length / kSectorsPerSecond;
@@ -79,17 +78,14 @@ bool DiscDrive::track_length(std::int32_t track, std::uint32_t &packed_msf) {
 }
 
 bool DiscDrive::mode(DiscMode &mode) {
-    if (!allowed("disc_mode") || !open_) return false;
+    if (!open_) return false;
     const auto held = playback_.present();
     mode = disc_ == nullptr ? DiscMode::not_ready : playing_ ? DiscMode::playing : DiscMode::stopped;
     return true;
 }
 
 bool DiscDrive::play(std::uint32_t from, std::uint32_t to) {
-    if (!allowed("play_disc %u:%u:%u:%u %u:%u:%u:%u", field(from, 0), field(from, 1), field(from, 2),
-                 field(from, 3), field(to, 0), field(to, 1), field(to, 2), field(to, 3)) ||
-        !ready())
-        return false;
+    if (!ready()) return false;
     std::uint32_t first = 0, end = 0;
     if (!sector_at(from, first) || !sector_at(to, end)) return false;
     const auto held = playback_.present();

@@ -1,34 +1,31 @@
 #include "host/machine/pointer.h"
 
-#include "host/observer.h"
-
 namespace ink::host {
+
 HCURSOR VirtualPointer::load_arrow() {
-    allowed("load_arrow");
-    return HOST_load_cursor(HOST_CURSOR_ARROW);
+    return load_cursor(HOST_CURSOR_ARROW);
+}
+
+HCURSOR VirtualPointer::load_cursor(std::int32_t shape) {
+    return reinterpret_cast<HICON>(static_cast<std::uintptr_t>(static_cast<std::uint32_t>(shape)));
 }
 
 void VirtualPointer::set_cursor(HCURSOR cursor) {
-    allowed("set_cursor %llu", static_cast<unsigned long long>(reinterpret_cast<std::uintptr_t>(cursor)));
     if (cursor_ == cursor) return;
     cursor_ = cursor;
     if (changed_) changed_();
 }
 
 void VirtualPointer::show_cursor(bool show) {
-    allowed("show_cursor %d", show);
     show_count_ += show ? 1 : -1;
     if (changed_) changed_();
 }
 
-Point VirtualPointer::client_to_screen(HWND window, Point point) {
-    allowed("client_to_screen %u %d %d", static_cast<unsigned>(reinterpret_cast<std::uintptr_t>(window)),
-            point.x, point.y);
+Point VirtualPointer::client_to_screen(HWND, Point point) {
     return point;
 }
 
 void VirtualPointer::set_cursor_position(Point screen) {
-    allowed("set_cursor_position %d %d", screen.x, screen.y);
     position_ = screen;
     if (warped_) warped_();
 }

@@ -18,6 +18,8 @@ class VirtualPointer final : public Pointer {
     void on_warp(std::function<void()> action) { warped_ = std::move(action); }
 
     HCURSOR load_arrow() override;
+    // A shape's handle is its number.
+    HCURSOR load_cursor(std::int32_t shape) override;
     void set_cursor(HCURSOR cursor) override;
     void show_cursor(bool show) override;
     // The client area of every window begins at the screen's corner.

@@ -17,7 +17,7 @@ using ink::wave::Fault;
 using ink::wave::WaveFile;
 
 struct Channel {
-    SoundBuffer *buffer = nullptr;  // null while the channel is empty
+    SoundBuffer buffer = SoundBuffer::none;  // none while the channel is empty
     std::unique_ptr<std::uint8_t[]> samples;
     std::uint32_t size = 0;  // bytes
     ink::host::WaveFormat format;
@@ -25,7 +25,7 @@ struct Channel {
 };
 
 HWND window = nullptr;
-Sound *device = nullptr;
+bool created = false;  // whether the device is there
 std::array<Channel, 4> channels;
 
 // Messages by Fault: the line for the log, null where none is written, and the text of the fatal exit.
@@ -54,6 +54,10 @@ int32_t log_fault(Fault fault, const char *file_name) {
     return -2;
 }
 
+Sound &device() {
+    return ink::host::machine().sound;
+}
+
 void require(bool done, const char *message) {
     if (!done) fnErrorExit(window, message);
 }
@@ -66,26 +70,26 @@ bool in_range(std::int32_t number) {
 Channel *loaded(std::int32_t number) {
     if (!in_range(number)) return nullptr;
     Channel &channel = channels[static_cast<std::size_t>(number)];
-    return channel.buffer != nullptr ? &channel : nullptr;
+    return channel.buffer != SoundBuffer::none ? &channel : nullptr;
 }
 
 void release(Channel &channel) {
-    if (channel.buffer == nullptr) return;
-    channel.buffer->release();
+    if (channel.buffer == SoundBuffer::none) return;
+    device().release_buffer(channel.buffer);
     channel = Channel();
 }
 
 void fill_buffer(Channel &channel) {
-    channel.buffer = device->create_buffer(channel.format, channel.size);
-    require(channel.buffer != nullptr, "DS: CreateSoundBuffer error");
-    SoundBuffer::Locked whole;
-    auto result = channel.buffer->lock(whole);
-    if (result == SoundBuffer::LockResult::lost && channel.buffer->restore())
-        result = channel.buffer->lock(whole);
-    require(result == SoundBuffer::LockResult::ok, "DS: DirectSoundBuffer Lock error");
+    channel.buffer = device().create_buffer(channel.format, channel.size);
+    require(channel.buffer != SoundBuffer::none, "DS: CreateSoundBuffer error");
+    Sound::Locked whole;
+    auto result = device().lock(channel.buffer, whole);
+    if (result == Sound::LockResult::lost && device().restore(channel.buffer))
+        result = device().lock(channel.buffer, whole);
+    require(result == Sound::LockResult::ok, "DS: DirectSoundBuffer Lock error");
     std::copy_n(channel.samples.get(), whole.first.size(), whole.first.begin());
     std::copy_n(channel.samples.get() + whole.first.size(), whole.second.size(), whole.second.begin());
-    require(channel.buffer->unlock(whole), "DS: DirectSoundBuffer Unlock error");
+    require(device().unlock(channel.buffer, whole), "DS: DirectSoundBuffer Unlock error");
 }
 
 // Reads the samples of an opened file into an empty channel.
@@ -107,26 +111,25 @@ std::optional<Fault> fill(Channel &channel, WaveFile &file) {
 int32_t DS_init(HWND game_window) {
     DS_destroy();
     window = game_window;
-    Sound &sound = ink::host::machine().sound;
-    require(sound.create(), "Create DirectSound error");
-    device = &sound;
-    require(device->set_cooperative_level(window), "Set DirectSound CooperativeLevel error");
+    require(device().create(), "Create DirectSound error");
+    created = true;
+    require(device().set_cooperative_level(window), "Set DirectSound CooperativeLevel error");
     PushQuitProc(DS_destroy);
     return 0;
 }
 
 void DS_destroy(void) {
-    if (device == nullptr) return;
+    if (!created) return;
     for (std::int32_t number = 0; in_range(number); ++number) {
         DS_stop(number);
         release(channels[static_cast<std::size_t>(number)]);
     }
-    device->release();
-    device = nullptr;
+    device().release();
+    created = false;
 }
 
 int32_t DS_load_wave_channel(const char *file_name, int32_t channel) {
-    if (device == nullptr || !in_range(channel)) return -2;
+    if (!created || !in_range(channel)) return -2;
     WaveFile file;
     if (const auto fault = file.open(file_name)) return log_fault(*fault, file_name);
     DS_unload_wave(channel);
@@ -136,11 +139,12 @@ int32_t DS_load_wave_channel(const char *file_name, int32_t channel) {
 }
 
 int32_t DS_load_wave(const char *file_name) {
-    if (device == nullptr) return -1;
+    if (!created) return -1;
     WaveFile file;
     auto fault = file.open(file_name);
-    const auto empty = std::find_if(channels.begin(), channels.end(),
-                                    [](const Channel &channel) { return channel.buffer == nullptr; });
+    const auto empty = std::find_if(channels.begin(), channels.end(), [](const Channel &channel) {
+        return channel.buffer == SoundBuffer::none;
+    });
     if (!fault && empty == channels.end()) return -1;
     if (!fault) fault = fill(*empty, file);
     file.close();
@@ -158,28 +162,28 @@ void DS_unload_wave(int32_t channel) {
 void DS_start(int32_t channel, int32_t loop) {
     Channel *sound = loaded(channel);
     if (sound == nullptr) return;
-    if (sound->buffer->playing().value_or(false)) {
-        require(sound->buffer->set_position(0), "DS: Cannot set current position");
+    if (device().playing(sound->buffer).value_or(false)) {
+        require(device().set_position(sound->buffer, 0), "DS: Cannot set current position");
         return;
     }
-    require(sound->buffer->play(loop != 0), "DS: Cannot start playing");
+    require(device().play(sound->buffer, loop != 0), "DS: Cannot start playing");
     sound->playing = true;
 }
 
 void DS_stop(int32_t channel) {
     Channel *sound = loaded(channel);
     if (sound == nullptr || !sound->playing) return;
-    require(sound->buffer->stop(), "DS: can not stop sound");
+    require(device().stop(sound->buffer), "DS: can not stop sound");
     sound->playing = false;
 }
 
 void DS_set_volume(int32_t channel, int32_t volume) {
     Channel *sound = loaded(channel);
     if (sound == nullptr) return;
-    require(sound->buffer->set_volume(std::clamp(volume, -10000, 0)), "DS: can not set volume");
+    require(device().set_volume(sound->buffer, std::clamp(volume, -10000, 0)), "DS: can not set volume");
 }
 
 int32_t DS_status(int32_t channel) {
     Channel *sound = loaded(channel);
-    return sound != nullptr && sound->buffer->playing().value_or(false) ? -2 : 0;
+    return sound != nullptr && device().playing(sound->buffer).value_or(false) ? -2 : 0;
 }
