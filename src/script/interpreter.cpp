@@ -40,6 +40,7 @@ class Run {
   public:
     std::int32_t from(std::int32_t start) {
         state.cursor = static_cast<std::uint32_t>(start);
+        state.overrun = false;
         if (state.cursor <= size_)
             execute(state.cursor);
         else
@@ -132,6 +133,7 @@ class Run {
                 idle = pump_.pump();
                 if (!intact()) return;
                 values = variables();
+                cursor = state.cursor;
             } else {
                 --idle;
             }
