@@ -175,7 +175,8 @@ class Generator {
         }
         program.code += op(1);
         const auto place = [&] {
-            return below(25) == 0 ? below(900) - 20 : starts[static_cast<std::size_t>(below(instructions))];
+            if (below(25) == 0) return below(3) == 0 ? -1 : below(900) - 20;
+            return starts[static_cast<std::size_t>(below(instructions))];
         };
         for (const std::int32_t start : starts) {
             const std::size_t at = static_cast<std::size_t>(start);
