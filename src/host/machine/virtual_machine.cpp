@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <limits>
 #include <new>
 #include <utility>
 
@@ -112,6 +113,14 @@ bool VirtualMachine::take(Message &message, std::uint64_t now) {
         message = {timer->window, WM_TIMER, timer->id, 0};
     }
     return true;
+}
+
+std::uint32_t VirtualMachine::idle_peeks() {
+    const std::uint64_t now = clock_.now();
+    if (!queue_.empty() || now >= wake_) return 0;
+    // A simulated clock moves on by one with each of them, a real one by less.
+    constexpr std::uint64_t kMost = std::numeric_limits<std::uint32_t>::max();
+    return static_cast<std::uint32_t>(std::min(wake_ - now - 1, kMost));
 }
 
 bool VirtualMachine::get(Message &message) {
