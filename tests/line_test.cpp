@@ -245,10 +245,10 @@ TEST(Line, FarEndsCostOnlyTheVisiblePixels) {
         Canvas expected{97, 61, std::vector<std::uint8_t>(97 * 61)};
         test::Guarded actual(expected.pixels.size());
         // Through the canvas or near it, with ends anywhere beyond.
-        const auto far = [&](int centre) {
+        const auto away = [&](int centre) {
             return random(0, 1) == 0 ? random(kMin, centre) : random(centre, kMax);
         };
-        int ends[4] = {far(0), far(0), far(50), far(50)};
+        int ends[4] = {away(0), away(0), away(50), away(50)};
         if (i % 4 != 0) {
             const int run = random(-900'000'000, 900'000'000), rise = random(-900'000'000, 900'000'000);
             ends[0] = random(0, 96) - run, ends[1] = random(0, 60) - rise;
