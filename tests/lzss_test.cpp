@@ -173,10 +173,12 @@ TEST(Lzss, TellsWhichFileCannotBeOpened) {
         0u);
     EXPECT_EQ(test::read_text("out"), "here");
     // A full disk: a line for packed bits that are lost, none for expanded bytes.
-    EXPECT_EQ(LZSS_compress_file("here", "/dev/full"), 0);
-    EXPECT_EQ(test::take_log(), "BITIO_close_output_bit_file error\n");
-    EXPECT_EQ(LZSS_expand_file(packed_name.c_str(), "/dev/full"), 0);
-    EXPECT_EQ(test::take_log(), "");
+    if (test::kHasFullDevice) {
+        EXPECT_EQ(LZSS_compress_file("here", "/dev/full"), 0);
+        EXPECT_EQ(test::take_log(), "BITIO_close_output_bit_file error\n");
+        EXPECT_EQ(LZSS_expand_file(packed_name.c_str(), "/dev/full"), 0);
+        EXPECT_EQ(test::take_log(), "");
+    }
     std::uint32_t length = 4;
     EXPECT_EQ(LZSS_compress_data(nullptr, nullptr, nullptr, &length), 0);
     EXPECT_EQ(LZSS_expand_data(nullptr, nullptr, &length, nullptr), 0);

@@ -43,7 +43,7 @@ TEST(QuitProcedures, RunNewestFirstAgainAndAgain) {
         std::exit(0);
     };
     // Alone in its process it finds all 64 places free.
-    EXPECT_EXIT(fill(), testing::ExitedWithCode(0), "^[0-9]+ -1[|]3+21[|]3+21[|]$");
+    EXPECT_EXIT(fill(), testing::ExitedWithCode(0), "^64 -1.3+21.3+21.$");
 }
 
 TEST(QuitProcedures, ThereIsRoomFor64) {
@@ -101,9 +101,8 @@ TEST(FatalExit, DeliversMessagesThenRunsQuitProceduresThenEnds) {
         fnErrorExit(window, "no more");
     };
     // 8240 is 0x2030: an exclamation mark, modal to the task.
-    EXPECT_EXIT(
-        die(), testing::ExitedWithCode(1),
-        "\\[message_box [0-9]+ 8240 SystemError no more\\]SystemError: no more\nmessage second first\\.");
+    EXPECT_EXIT(die(), testing::ExitedWithCode(1),
+                "\\[message_box .+ 8240 SystemError no more\\]SystemError: no more\nmessage second first\\.");
 }
 
 // A failure while the last messages are delivered, and one in a quit procedure: nothing runs twice, and all that

@@ -126,19 +126,17 @@ void open_frame(std::span<const std::uint8_t> file, Com<IStream> &stream, Com<IW
     check(decoder->GetFrame(0, frame.to()), kWhat);
 }
 
-// Its pixels in that format, pixel_bytes each, row by row.
-std::vector<std::uint8_t> pixels_as(IWICBitmapSource *source, const WICPixelFormatGUID &format,
-                                    std::size_t pixel_bytes) {
+// Its pixels as blue, green, red and opacity, row by row: the one form that every other is turned into.
+std::vector<std::uint8_t> bgra_of(IWICBitmapSource *source) {
     UINT width = 0, height = 0;
     check(source->GetSize(&width, &height), "is damaged");
     Com<IWICFormatConverter> converter;
     check(factory().CreateFormatConverter(converter.to()), "there is no memory");
-    check(converter->Initialize(source, format, WICBitmapDitherTypeNone, nullptr, 0,
+    check(converter->Initialize(source, GUID_WICPixelFormat32bppBGRA, WICBitmapDitherTypeNone, nullptr, 0,
                                 WICBitmapPaletteTypeCustom),
           "is of an unknown kind");
-    std::vector<std::uint8_t> pixels(width * pixel_bytes * height);
-    check(converter->CopyPixels(nullptr, static_cast<UINT>(width * pixel_bytes),
-                                static_cast<UINT>(pixels.size()), pixels.data()),
+    std::vector<std::uint8_t> pixels(std::size_t{width} * 4 * height);
+    check(converter->CopyPixels(nullptr, width * 4, static_cast<UINT>(pixels.size()), pixels.data()),
           "is damaged");
     return pixels;
 }
@@ -170,9 +168,10 @@ RgbPicture read_png_rgb(const std::filesystem::path &name) {
         open_frame(load(name), stream, frame);
         UINT width = 0, height = 0;
         check(frame->GetSize(&width, &height), "is damaged");
-        RgbPicture picture{static_cast<int>(width), static_cast<int>(height),
-                           pixels_as(frame.get(), GUID_WICPixelFormat24bppBGR, 3)};
-        for (std::size_t i = 0; i < picture.rgb.size(); i += 3) std::swap(picture.rgb[i], picture.rgb[i + 2]);
+        RgbPicture picture{static_cast<int>(width), static_cast<int>(height), {}};
+        const std::vector<std::uint8_t> bgra = bgra_of(frame.get());
+        for (std::size_t i = 0; i < bgra.size(); i += 4)
+            picture.rgb.insert(picture.rgb.end(), {bgra[i + 2], bgra[i + 1], bgra[i]});
         return picture;
     });
 }
