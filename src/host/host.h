@@ -155,7 +155,7 @@ class Sound {
     }
     virtual void release_buffer(SoundBuffer) {}
 
-    // The memory of a whole buffer, from lock to unlock. The second part is empty unless the machine's memory
+    // The memory of a whole buffer, from lock to unlock. It comes in two parts where the machine's memory
     // wraps.
     struct Locked {
         std::span<std::uint8_t> first, second;
