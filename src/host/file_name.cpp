@@ -1,6 +1,9 @@
 #include "host/file_name.h"
 
 #include <sys/stat.h>
+#if !defined(_WIN32)
+#include <dirent.h>
+#endif
 
 #include <algorithm>
 #include <exception>
@@ -44,12 +47,13 @@ bool exists(const std::string &path) {
 // order, so that the answer does not depend on the order in which the system lists them. Empty when there is
 // none.
 std::string find_entry(const std::string &directory, std::string_view wanted) {
+    // Not through std::filesystem, whose iterator ends the process when memory runs out.
+    const auto close = [](DIR *open) { closedir(open); };
+    const std::unique_ptr<DIR, decltype(close)> entries(opendir(directory.empty() ? "." : directory.c_str()));
     std::string found;
-    std::error_code error;
-    fs::directory_iterator entries(directory.empty() ? fs::path(".") : fs::path(directory), error);
-    for (; !error && entries != fs::directory_iterator(); entries.increment(error)) {
-        std::string name = entries->path().filename().string();
-        if (equal_ignoring_case(name, wanted) && (found.empty() || name < found)) found = std::move(name);
+    while (const dirent *entry = entries ? readdir(entries.get()) : nullptr) {
+        const std::string_view name = entry->d_name;
+        if (equal_ignoring_case(name, wanted) && (found.empty() || name < found)) found = name;
     }
     return found;
 }

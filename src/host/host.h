@@ -29,6 +29,12 @@ class Messages {
     // Takes the next message out of the queue; false when there is none. Never waits. A quit request is a
     // message with the number WM_QUIT that comes when every message posted before it is taken.
     virtual bool peek(Message &message) = 0;
+    // How many of the next calls of peek are certain to find nothing, if nothing else is asked of the machine
+    // between them and they come within a microsecond of each other. Up to that many may be left out, if
+    // skip_peeks is told their number before anything else is asked: nobody can then see a difference. A
+    // machine that cannot tell says 0.
+    virtual std::uint32_t idle_peeks() { return 0; }
+    virtual void skip_peeks(std::uint32_t /*count*/) {}
     // Waits for the next message and takes it; false when it is the quit request, or when nothing can ever
     // come.
     virtual bool get(Message &message) = 0;
@@ -149,7 +155,7 @@ class Sound {
     }
     virtual void release_buffer(SoundBuffer) {}
 
-    // The memory of a whole buffer, from lock to unlock. The second part is empty unless the machine's memory
+    // The memory of a whole buffer, from lock to unlock. It comes in two parts where the machine's memory
     // wraps.
     struct Locked {
         std::span<std::uint8_t> first, second;

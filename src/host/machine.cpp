@@ -1,7 +1,9 @@
 // The hosts built into the library, and the choice among them.
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <iterator>
+#include <new>
 
 #include "host/host.h"
 #include "host/watched_machine.h"
@@ -32,10 +34,12 @@ void place_watch() {
     current = observer != nullptr ? watched : opened;
 }
 
-bool start(const Host &host) {
+bool start(const Host &host) try {
     opened = host.open();
     if (opened != nullptr) place_watch();
     return opened != nullptr;
+} catch (const std::bad_alloc &) {
+    return false;
 }
 
 bool start(const char *name) {
@@ -52,8 +56,9 @@ Machine &machine() {
     const char *wanted = std::getenv("INKSTONE_HOST");
     if (wanted != nullptr && start(wanted)) return *current;
     for (const Host *host : kHosts)
-        if (start(*host)) break;
-    return *current;
+        if (start(*host)) return *current;
+    std::fputs("SystemError: there is no memory for a machine\n", stderr);
+    std::exit(1);
 }
 
 }  // namespace ink::host
@@ -78,7 +83,9 @@ int32_t HOST_list(int32_t index, const char **name, const char **description) {
     return 0;
 }
 
-void HOST_observe(HOST_OBSERVER observer) {
+void HOST_observe(HOST_OBSERVER observer) try {
     host::observer = observer;
     if (host::opened != nullptr) host::place_watch();
+} catch (const std::bad_alloc &) {
+    // Nobody is told anything.
 }

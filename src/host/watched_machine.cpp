@@ -90,6 +90,8 @@ class WatchedMachine final : public Windows,
 
     // The queue itself, of which a wait asks a thousand times, is not told of.
     bool peek(Message &message) override { return behind_.messages.peek(message); }
+    std::uint32_t idle_peeks() override { return behind_.messages.idle_peeks(); }
+    void skip_peeks(std::uint32_t count) override { behind_.messages.skip_peeks(count); }
     bool get(Message &message) override { return behind_.messages.get(message); }
     void translate(const Message &message) override { behind_.messages.translate(message); }
     void dispatch(const Message &message) override { behind_.messages.dispatch(message); }

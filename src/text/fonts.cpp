@@ -37,7 +37,12 @@ bool Fonts::load_files() {
 }
 
 bool Fonts::load_pack() {
-    LZSS_expand_file(kCompressedPackFile, kPackFile);
+    // Expanding empties the pack before it looks for what to expand, and an older pack serves when there is
+    // nothing.
+    if (host::InputFile(kCompressedPackFile).is_open())
+        LZSS_expand_file(kCompressedPackFile, kPackFile);
+    else
+        log_error_format("ERROR : file %s open error(LZSS_expand_file)", kCompressedPackFile);
     host::InputFile file(kPackFile);
     if (!file.is_open()) {
         log_error_format("ERROR : open file %s error", kPackFile);

@@ -14,6 +14,7 @@
 #include "inkstone/mac.h"
 #include "inkstone/runtime.h"
 #include "inkstone/timer.h"
+#include "support/processes.h"
 
 namespace fs = std::filesystem;
 
@@ -57,6 +58,7 @@ int main(int argc, char **argv) {
 
     std::string place = (fs::temp_directory_path() / "inkstone-test-XXXXXX").string();
     if (mkdtemp(place.data()) == nullptr) return 1;
+    testing::UnitTest::GetInstance()->listeners().Append(new test::ProcessForEachTest(argv[0], place));
     testing::UnitTest::GetInstance()->listeners().Append(new Surroundings(fs::path(place) / "test"));
     const fs::path before = fs::current_path();
     const int result = RUN_ALL_TESTS();

@@ -1,9 +1,11 @@
 #include "host/disc/disc_drive.h"
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
 #include "core/reader.h"
+#include "host/disc/read_ahead.h"
 
 namespace ink::host {
 namespace {
@@ -21,18 +23,23 @@ std::uint32_t sectors(std::uint32_t minutes, std::uint32_t seconds, std::uint32_
 
 }  // namespace
 
-bool DiscDrive::insert(const char *name) {
+bool DiscDrive::insert(const char *name) try {
     std::unique_ptr<DiscContents> disc = DiscContents::open(name);
+    if (disc && playback_.in_real_time()) disc = read_ahead(std::move(disc));
     if (!disc) return false;
-    eject();
-    const auto held = playback_.present();
-    disc_ = std::move(disc);
+    change(std::move(disc));
     return true;
+} catch (const std::bad_alloc &) {
+    return false;
 }
 
 void DiscDrive::eject() {
+    change(nullptr);
+}
+
+void DiscDrive::change(std::unique_ptr<DiscContents> disc) {
     const auto held = playback_.present();
-    disc_.reset();
+    disc_.swap(disc);
     playing_ = false;
 }
 
@@ -104,8 +111,9 @@ bool DiscDrive::sector_at(std::uint32_t position, std::uint32_t &sector) const {
             std::max(sectors(field(position, 0), field(position, 1), field(position, 2)), kLeadIn) - kLeadIn;
         return true;
     }
-    const std::uint32_t track = field(position, 0);
-    if (track < 1 || track > disc_->tracks().size()) return false;
+    // Track 256 does not fit into a byte, and there is no track 0.
+    const std::uint32_t track = field(position, 0) != 0 ? field(position, 0) : 256;
+    if (track > disc_->tracks().size()) return false;
     sector = disc_->tracks()[track - 1].start +
              sectors(field(position, 1), field(position, 2), field(position, 3));
     return true;
@@ -119,8 +127,8 @@ void DiscDrive::mix(std::int32_t *stereo, std::size_t frames) {
     for (; playing_ && frames > 0; --frames, stereo += 2) {
         const std::uint64_t number = at_ / kFramesPerSector;
         if (!sector_read_ || number != sector_number_)
-            disc_->read(static_cast<std::uint32_t>(number), sector_);
-        sector_read_ = true;
+            sector_read_ = disc_->read(static_cast<std::uint32_t>(number), sector_);
+        if (!sector_read_) return;  // a drive that starts up is silent and stays where it is
         sector_number_ = number;
         const std::uint8_t *frame = &sector_[4 * (at_ % kFramesPerSector)];
         stereo[0] += static_cast<std::int16_t>(get_u16(frame));

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <limits>
 #include <new>
 #include <utility>
 
@@ -68,7 +69,10 @@ VirtualMachine::VirtualMachine(const char *name, Clock clock, std::unique_ptr<En
     set_setting("CHINESBIG5(88)", "yes");
     screen_.on_change([this] { ends_->screen_changed(*this); });
     pointer_.on_change([this] { ends_->pointer_changed(*this); });
-    pointer_.on_warp([this] { ends_->pointer_warped(*this); });
+    pointer_.on_warp([this] {
+        ends_->pointer_warped(*this);
+        pointer_move(pointer_.position().x, pointer_.position().y);
+    });
     const char *disc = std::getenv("INKSTONE_DISC");
     if (disc != nullptr && *disc != '\0' && !insert_disc(disc))
         std::fprintf(stderr, "INKSTONE_DISC: there is no disc %s\n", disc);
@@ -110,6 +114,14 @@ bool VirtualMachine::take(Message &message, std::uint64_t now) {
         message = {timer->window, WM_TIMER, timer->id, 0};
     }
     return true;
+}
+
+std::uint32_t VirtualMachine::idle_peeks() {
+    const std::uint64_t now = clock_.now();
+    if (!queue_.empty() || now >= wake_) return 0;
+    // A simulated clock moves on by one with each of them, a real one by less.
+    constexpr std::uint64_t kMost = std::numeric_limits<std::uint32_t>::max();
+    return static_cast<std::uint32_t>(std::min(wake_ - now - 1, kMost));
 }
 
 bool VirtualMachine::get(Message &message) {
@@ -231,7 +243,7 @@ void VirtualMachine::post_move(HWND window, Point client) {
 }
 
 void VirtualMachine::post_button(HWND window, std::int32_t button, std::int32_t down) {
-    queue_.post(input_.button(window, button, down));
+    queue_.post(input_.button(window, pointer_.position(), button, down));
 }
 
 void VirtualMachine::post_releases(HWND window) {
@@ -240,6 +252,7 @@ void VirtualMachine::post_releases(HWND window) {
 }
 
 void VirtualMachine::key(std::int32_t scan_code, bool down) {
+    if (scan_code < 1 || scan_code >= Input::kCodes) return;
     if (const Window *focus = screen_.focus()) post_key(focus->handle, scan_code, down);
 }
 
@@ -248,6 +261,7 @@ void VirtualMachine::pointer_move(std::int32_t x, std::int32_t y) {
 }
 
 void VirtualMachine::pointer_button(std::int32_t button, std::int32_t down) {
+    if (button < 0 || button > 2 || down < 0 || down > 2) return;
     if (const Window *focus = screen_.focus()) post_button(focus->handle, button, down);
 }
 

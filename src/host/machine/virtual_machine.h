@@ -48,6 +48,8 @@ class VirtualMachine final : public Windows, public Bench, public Messages, publ
         const std::uint64_t now = clock_.tick();
         return (now >= wake_ || !queue_.empty()) && take(message, now);
     }
+    std::uint32_t idle_peeks() override;
+    void skip_peeks(std::uint32_t count) override { clock_.advance(count); }
     bool get(Message &message) override;
     void dispatch(const Message &message) override;
     void post(const Message &message) override { queue_.post(message); }

@@ -128,7 +128,7 @@ class SdlEnds : public Ends {
             case SDL_KEYUP: take_key(machine, event.key); break;
             case SDL_MOUSEMOTION:
                 if (SdlWindow *made = find(event.motion.windowID))
-                    machine.post_move(made->handle(), made->to_client({event.motion.x, event.motion.y}));
+                    take_position(machine, *made, {event.motion.x, event.motion.y});
                 break;
             case SDL_MOUSEBUTTONDOWN:
             case SDL_MOUSEBUTTONUP: take_button(machine, event.button); break;
@@ -166,6 +166,13 @@ class SdlEnds : public Ends {
         if (scan_code != 0) machine.post_key(made->handle(), scan_code, down);
     }
 
+    // The pointer's place on the desktop. A movement within a pixel of the client area is none, and neither
+    // is the one by which the game itself moved the pointer.
+    void take_position(VirtualMachine &machine, const SdlWindow &made, Point position) {
+        const Point client = made.to_client(position);
+        if (client != machine.pointer().position()) machine.post_move(made.handle(), client);
+    }
+
     void take_button(VirtualMachine &machine, const SDL_MouseButtonEvent &event) {
         SdlWindow *made = find(event.windowID);
         const int button = event.button == SDL_BUTTON_LEFT     ? 0
@@ -175,8 +182,7 @@ class SdlEnds : public Ends {
         if (made == nullptr || button < 0) return;
         // A click of a pointer that was not seen moving there, on a touch screen say, carries its own
         // position.
-        const Point client = made->to_client({event.x, event.y});
-        if (client != machine.pointer().position()) machine.post_move(made->handle(), client);
+        take_position(machine, *made, {event.x, event.y});
         // The second press of a double click comes as such.
         const int down = event.type == SDL_MOUSEBUTTONUP ? 0 : event.clicks % 2 == 0 ? 2 : 1;
         machine.post_button(made->handle(), button, down);

@@ -45,7 +45,9 @@ void Mixer::release_buffer(SoundBuffer handle) {
 Mixer::LockResult Mixer::lock(SoundBuffer buffer, Locked &whole) {
     Voice *voice = find(buffer);
     if (voice == nullptr) return LockResult::failed;
-    whole = {voice->samples(), {}};
+    // In two parts, as a device's memory that wraps comes, so that whoever fills it shows that he fills both.
+    const std::span samples = voice->samples();
+    whole = {samples.first(samples.size() / 2), samples.subspan(samples.size() / 2)};
     return LockResult::ok;
 }
 

@@ -54,7 +54,8 @@ Time time_of_ticks(std::uint32_t ticks) {
             ticks % kTicksPerSecond * 100 / kTicksPerSecond};
 }
 
-// A length in ticks, with its frames reckoned as hundredths, which is how games have always seen it.
+// A length in ticks. Its frames are reckoned as the hundredths of a play time, which stops with them: at the
+// end of a track of 2 seconds and 50 frames it shows 2 seconds and 50 hundredths.
 std::uint32_t ticks_of_length(Time length) {
     return (length.minutes * 60 + length.seconds) * kTicksPerSecond + length.fraction * kTicksPerSecond / 100;
 }

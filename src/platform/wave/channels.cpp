@@ -5,16 +5,17 @@
 
 #include "core/log.h"
 #include "host/host.h"
+#include "host/sound/wave_file.h"
 #include "inkstone/runtime.h"
 #include "inkstone/wave.h"
-#include "platform/wave/wave_file.h"
 
 namespace {
 
+using ink::host::InputFile;
 using ink::host::Sound;
 using ink::host::SoundBuffer;
-using ink::wave::Fault;
-using ink::wave::WaveFile;
+using ink::host::WaveFile;
+using Fault = WaveFile::Fault;
 
 struct Channel {
     SoundBuffer buffer = SoundBuffer::none;  // none while the channel is empty
@@ -28,24 +29,26 @@ HWND window = nullptr;
 bool created = false;  // whether the device is there
 std::array<Channel, 4> channels;
 
-// Messages by Fault: the line for the log, null where none is written, and the text of the fatal exit.
+// The line for the log, null where none is written, and the text of the fatal exit.
 struct Messages {
     const char *log, *fatal;
 };
-constexpr Messages kMessages[] = {
-    {"ERROR : error open file %s (DS)", "DS: can't open file"},
-    {"ERROR : %s not a WAVE file(DS)", "DS: not a WAVE file"},
-    {"ERROR : %s has no fmt chunk(DS)", "DS: WAVE file has no fmt chunk"},
-    {"ERROR : unable read fmt chunk from file %s(DS)", "DS: unable to read fmt chunk"},
-    {"ERROR : WAVE file %s is not PCM format(DS)", "DS: WAVE file is not PCM format"},
-    {"ERROR : unable ascend file %s", "DS: unable ascend"},
-    {nullptr, "DS: WAVE file has no data chunk"},
-    {"ERROR : memory alloc error(DS)", "DS: memory alloc error"},
-    {nullptr, "DS: unable to read data chunk "},
-};
 
-const Messages &messages(Fault fault) {
-    return kMessages[static_cast<std::size_t>(fault)];
+Messages messages(Fault fault) {
+    switch (fault) {
+        case Fault::open: return {"ERROR : error open file %s (DS)", "DS: can't open file"};
+        case Fault::not_wave: return {"ERROR : %s not a WAVE file(DS)", "DS: not a WAVE file"};
+        case Fault::no_format: return {"ERROR : %s has no fmt chunk(DS)", "DS: WAVE file has no fmt chunk"};
+        case Fault::format_short:
+            return {"ERROR : unable read fmt chunk from file %s(DS)", "DS: unable to read fmt chunk"};
+        case Fault::not_pcm:
+            return {"ERROR : WAVE file %s is not PCM format(DS)", "DS: WAVE file is not PCM format"};
+        case Fault::ascend: return {"ERROR : unable ascend file %s", "DS: unable ascend"};
+        case Fault::no_data: return {nullptr, "DS: WAVE file has no data chunk"};
+        case Fault::memory: return {"ERROR : memory alloc error(DS)", "DS: memory alloc error"};
+        case Fault::data_short: break;
+    }
+    return {nullptr, "DS: unable to read data chunk "};
 }
 
 int32_t log_fault(Fault fault, const char *file_name) {
@@ -95,7 +98,7 @@ void fill_buffer(Channel &channel) {
 // Reads the samples of an opened file into an empty channel.
 std::optional<Fault> fill(Channel &channel, WaveFile &file) {
     const auto fault = file.read(channel.samples);
-    file.close();
+    file.take();
     if (fault) {
         channel.samples.reset();
         return fault;
@@ -131,7 +134,7 @@ void DS_destroy(void) {
 int32_t DS_load_wave_channel(const char *file_name, int32_t channel) {
     if (!created || !in_range(channel)) return -2;
     WaveFile file;
-    if (const auto fault = file.open(file_name)) return log_fault(*fault, file_name);
+    if (const auto fault = file.open(InputFile(file_name))) return log_fault(*fault, file_name);
     DS_unload_wave(channel);
     if (const auto fault = fill(channels[static_cast<std::size_t>(channel)], file))
         return log_fault(*fault, file_name);
@@ -141,13 +144,13 @@ int32_t DS_load_wave_channel(const char *file_name, int32_t channel) {
 int32_t DS_load_wave(const char *file_name) {
     if (!created) return -1;
     WaveFile file;
-    auto fault = file.open(file_name);
+    auto fault = file.open(InputFile(file_name));
     const auto empty = std::find_if(channels.begin(), channels.end(), [](const Channel &channel) {
         return channel.buffer == SoundBuffer::none;
     });
     if (!fault && empty == channels.end()) return -1;
     if (!fault) fault = fill(*empty, file);
-    file.close();
+    file.take();
     if (fault) fnErrorExit(window, messages(*fault).fatal);
     return static_cast<std::int32_t>(empty - channels.begin());
 }

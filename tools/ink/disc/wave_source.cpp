@@ -1,13 +1,12 @@
 #include "disc/wave_source.h"
 
 #include <bit>
-#include <cstdio>
-#include <memory>
 #include <stdexcept>
 
 #include "core/reader.h"
+#include "host/input_file.h"
 #include "host/sound/resampler.h"
-#include "platform/wave/riff.h"
+#include "host/sound/riff.h"
 
 namespace ink::tool {
 namespace {
@@ -59,30 +58,30 @@ std::int32_t sample(Reader reader, const Format &format) {
     }
 }
 
-std::vector<std::uint8_t> contents(wave::RiffReader &riff, const wave::RiffReader::Chunk &chunk,
+std::vector<std::uint8_t> contents(host::InputFile &file, const host::RiffReader::Chunk &chunk,
                                    const std::string &name) {
-    if (!riff.holds(chunk.begin, chunk.size())) throw std::runtime_error(name + ": the file is cut short");
+    if (file.present(chunk.begin, chunk.size()) < chunk.size())
+        throw std::runtime_error(name + ": the file is cut short");
     std::vector<std::uint8_t> bytes(chunk.size());
-    if (!riff.read(chunk.begin, bytes.data(), bytes.size()))
-        throw std::runtime_error(name + ": cannot be read");
+    if (file.read(chunk.begin, bytes) < bytes.size()) throw std::runtime_error(name + ": cannot be read");
     return bytes;
 }
 
 }  // namespace
 
 Track read_wave(const std::string &name) {
-    const std::unique_ptr<std::FILE, int (*)(std::FILE *)> file(std::fopen(name.c_str(), "rb"), std::fclose);
-    if (!file) throw std::runtime_error(name + ": cannot be opened");
-    wave::RiffReader riff(file.get());
-    const auto whole = riff.find(0, riff.whole().end, "RIFF", "WAVE");
+    host::InputFile file(name.c_str());
+    if (!file.is_open()) throw std::runtime_error(name + ": cannot be opened");
+    host::RiffReader riff(file);
+    const auto whole = riff.find(0, file.size(), "RIFF", "WAVE");
     const auto format_chunk = whole ? riff.find(whole->begin, whole->end, "fmt ") : std::nullopt;
     const auto data_chunk = whole ? riff.find(whole->begin, whole->end, "data") : std::nullopt;
     if (!format_chunk || !data_chunk) throw std::runtime_error(name + ": not a wave file");
-    const std::vector<std::uint8_t> format_bytes = contents(riff, *format_chunk, name);
+    const std::vector<std::uint8_t> format_bytes = contents(file, *format_chunk, name);
     const Format format = read_format(Reader(format_bytes));
     if (!format.known()) throw std::runtime_error(name + ": a format that is not known here");
 
-    const std::vector<std::uint8_t> data = contents(riff, *data_chunk, name);
+    const std::vector<std::uint8_t> data = contents(file, *data_chunk, name);
     const auto frames = static_cast<std::int64_t>(data.size() / format.frame_size());
     const host::Resampler resampler(format.rate, kTrackRate);
     Track track;
