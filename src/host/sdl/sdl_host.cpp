@@ -48,16 +48,11 @@ class SdlEnds : public Ends {
     std::uint64_t service(VirtualMachine &machine, std::uint64_t now) override {
         SDL_Event event;
         while (SDL_PollEvent(&event) != 0) take(machine, event);
-        if (now >= next_frame_) {
-            next_frame_ = now + frame_time_;
-            for (const auto &made : windows_) {
-                Window *window = machine.screen().find(made->handle());
-                if (window == nullptr || !std::exchange(window->changed, false)) continue;
-                made->scan_out(*window, machine.screen().hardware_palette());
-            }
-        }
+        scan_out(machine, now);
         return now + kEventInterval;
     }
+
+    void screen_changed(VirtualMachine &machine) override { scan_out(machine, microseconds_since_start()); }
 
     bool rest(VirtualMachine &machine, std::uint64_t until) override {
         const std::uint64_t now = microseconds_since_start();
@@ -97,6 +92,21 @@ class SdlEnds : public Ends {
     }
 
   private:
+    // Shows what has changed, once in a frame's time. Frames without a change are saved up, a few of them: a
+    // palette and a picture set one after the other before a long load both show, though nobody pumps.
+    void scan_out(VirtualMachine &machine, std::uint64_t now) {
+        constexpr std::uint64_t kSaved = 3;
+        if (now < next_frame_) return;
+        bool shown = false;
+        for (const auto &made : windows_) {
+            Window *window = machine.screen().find(made->handle());
+            if (window == nullptr || !std::exchange(window->changed, false)) continue;
+            made->scan_out(*window, machine.screen().hardware_palette());
+            shown = true;
+        }
+        if (shown)
+            next_frame_ = std::max(next_frame_ + frame_time_, now - std::min(now, kSaved * frame_time_));
+    }
     SdlWindow *find(HWND handle) {
         for (const auto &made : windows_)
             if (made->handle() == handle) return made.get();
