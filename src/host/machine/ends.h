@@ -37,6 +37,8 @@ class Ends {
 
     // Shows a box until it is closed. Its text has gone to the standard error output already.
     virtual void message_box(HWND /*owner*/, const char * /*text*/, const char * /*caption*/) {}
+    // What a window shows changed.
+    virtual void picture_changed(VirtualMachine &) {}
     virtual void pointer_changed(VirtualMachine &) {}
     virtual void pointer_warped(VirtualMachine &) {}
 };

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -36,6 +37,9 @@ class Screen final : public Display {
     Window *focus() { return windows_.empty() ? nullptr : windows_.back().get(); }
     const std::vector<std::unique_ptr<Window>> &windows() const { return windows_; }
 
+    // What to do when a window's picture changed.
+    void on_change(std::function<void()> action) { changed_ = std::move(action); }
+
     const Palette &hardware_palette() const { return hardware_; }
     // The client area through the hardware palette, three bytes a pixel.
     void read_picture(const Window &window, std::uint8_t *rgb) const;
@@ -61,6 +65,7 @@ class Screen final : public Display {
     PaletteHandle selected_ = PaletteHandle::system;
     PaletteHandle realized_ = PaletteHandle::system;
     Palette hardware_;
+    std::function<void()> changed_;
 };
 
 }  // namespace ink::host

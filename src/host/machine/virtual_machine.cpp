@@ -67,6 +67,7 @@ VirtualMachine::VirtualMachine(const char *name, Clock clock, std::unique_ptr<En
           *this} {
     set_timer_resolution(timer_resolution());
     set_setting("CHINESBIG5(88)", "yes");
+    screen_.on_change([this] { ends_->picture_changed(*this); });
     pointer_.on_change([this] { ends_->pointer_changed(*this); });
     pointer_.on_warp([this] {
         ends_->pointer_warped(*this);
