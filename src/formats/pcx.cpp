@@ -129,7 +129,9 @@ int32_t PCX_read_file(const char *file_name, uint8_t *destination) {
 int32_t PCX_save_file(const char *file_name, int32_t x, int32_t y, int32_t width, int32_t height,
                       const uint8_t *source, int32_t row_length, int32_t) {
     const auto columns = static_cast<std::size_t>(std::max(width, 0));
-    const Memory code(new (std::nothrow) std::uint8_t[2 * columns]);
+    // Rows are written many at once: that is what a file takes the longest for.
+    constexpr std::size_t kBlock = 0x10000;
+    const Memory code(new (std::nothrow) std::uint8_t[kBlock + 2 * columns]);
     if (!code) return -1;
     const host::File file = host::open_file(file_name, "w+b");
     if (!file) return -1;
@@ -150,9 +152,13 @@ int32_t PCX_save_file(const char *file_name, int32_t x, int32_t y, int32_t width
     put_u16(&header[kBytesPerLineAt], static_cast<std::uint32_t>(width));
     std::fwrite(header.data(), 1, header.size(), file.get());
 
+    std::size_t coded = 0;
     for (std::int64_t row = 0; row < height; ++row) {
         const std::uint8_t *pixels = source + (y + row) * row_length + x;
-        std::fwrite(code.get(), 1, encode_row({pixels, columns}, code.get()), file.get());
+        coded += encode_row({pixels, columns}, code.get() + coded);
+        if (coded < kBlock && row + 1 < height) continue;
+        std::fwrite(code.get(), 1, coded, file.get());
+        coded = 0;
     }
 
     std::array<std::uint8_t, kTrailerSize> trailer{kPaletteMarker};

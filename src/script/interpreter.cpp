@@ -40,6 +40,7 @@ class Run {
   public:
     std::int32_t from(std::int32_t start) {
         state.cursor = static_cast<std::uint32_t>(start);
+        state.overrun = false;
         if (state.cursor <= size_)
             execute(state.cursor);
         else
@@ -120,27 +121,41 @@ class Run {
         const auto change = [&](const Step &step, auto operation) {
             if (std::uint8_t *const to = place(step)) put_u32(to, operation(get_u32(to), value(step)));
         };
+        Step *next = steps_.place_of(start);  // the place of the step at position
+        const auto jump = [&](const Step &step) {
+            position = step.target;
+            next = step.target_step;
+        };
         const auto compare = [&](const Step &step, auto holds) {
             const std::uint8_t *const left = place(step);
             const auto a = static_cast<std::int32_t>(left != nullptr ? get_u32(left) : 0);
-            if (!holds(a, static_cast<std::int32_t>(value(step))))
-                position = static_cast<std::uint32_t>(step.target);
+            if (!holds(a, static_cast<std::int32_t>(value(step)))) jump(step);
         };
         for (;;) {
-            if (idle == 0) {
-                show(position, cursor, 0);
-                idle = pump_.pump();
-                if (!intact()) return;
-                values = variables();
+            const Step &step = *next;
+            if (step.at != position || idle == 0) [[unlikely]] {
+                if (position > size_) {
+                    end_outside(position);
+                    break;
+                }
+                if (idle == 0) {
+                    show(position, cursor, 0);
+                    idle = pump_.pump();
+                    if (!intact()) return;
+                    values = variables();
+                    cursor = state.cursor;
+                } else {
+                    --idle;
+                }
+                if (step.at != position && !read_step(position)) {
+                    end_outside(size_);
+                    break;
+                }
             } else {
                 --idle;
             }
-            Step &step = steps_.place_of(position);
-            if (step.at != position && !read_step(position, step)) {
-                end_outside(size_);
-                break;
-            }
             position = step.next;
+            next = step.next_step;
             cursor = step.cursor;
             switch (step.kind) {
                 case Step::Kind::kNothing: break;
@@ -156,16 +171,18 @@ class Run {
                 case Step::Kind::kIfNotLess: compare(step, std::greater_equal{}); break;
                 case Step::Kind::kIfNotGreater: compare(step, std::less_equal{}); break;
                 case Step::Kind::kIfNotEqual: compare(step, std::not_equal_to{}); break;
-                case Step::Kind::kGoto: position = static_cast<std::uint32_t>(step.target); break;
+                case Step::Kind::kGoto: jump(step); break;
                 case Step::Kind::kCall: {
                     const auto to = call(static_cast<std::int32_t>(value(step)), position);
                     if (!to) return show(position, cursor, idle);
                     position = *to;
+                    next = steps_.place_of(position);
                     break;
                 }
                 case Step::Kind::kReturn:
                     if (depth_ == 0) return show(position, cursor, idle);
                     position = callers_[--depth_];
+                    next = steps_.place_of(position);
                     break;
                 case Step::Kind::kCommand:
                     show(position, cursor, idle);
@@ -182,10 +199,6 @@ class Run {
                 }
                 case Step::Kind::kStop: result_ = kStopped; return show(position, cursor, idle);
                 case Step::Kind::kOutside: end_outside(size_); return show(position, cursor, idle);
-            }
-            if (position > size_) {
-                end_outside(position);
-                break;
             }
         }
         show(position, cursor, idle);

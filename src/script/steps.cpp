@@ -58,14 +58,14 @@ void take_operands(Step &step, Operands &operands) {
         case kReturn:
         case kEnd: step.kind = Step::Kind::kReturn; break;
         case kIf:
-            step.target = operands.word();
+            step.target = static_cast<std::uint32_t>(operands.word());
             take_place(step, operands);
             step.kind = comparison(operands.byte());
             take_value(step, operands);
             break;
         case kGoto:
             step.kind = Step::Kind::kGoto;
-            step.target = operands.word();
+            step.target = static_cast<std::uint32_t>(operands.word());
             break;
         case kCall:
             step.kind = Step::Kind::kCall;
@@ -91,7 +91,7 @@ void take_operands(Step &step, Operands &operands) {
 
 bool Steps::create(std::uint32_t code_size) {
     // The end of the code is an offset too.
-    const std::uint32_t count = std::bit_ceil(std::min(code_size, kMost - 1) + 1);
+    const std::uint32_t count = std::bit_ceil(std::min(code_size / 2 + 1, kMost));
     steps_.reset(new (std::nothrow) Step[count]);
     mask_ = count - 1;
     return steps_ != nullptr;
@@ -107,11 +107,12 @@ void Steps::fit(std::uint32_t variable_count) {
     for (std::uint32_t i = 0; i <= mask_; ++i) steps_[i].at = Step::kEmpty;
 }
 
-bool read_step(std::uint32_t offset, Step &step) {
+bool read_step(std::uint32_t offset) {
     const std::uint8_t *const code = state.code.get();
     Operands operands{code, offset + 2};
     const std::uint32_t first = operands.cursor, next = first + code[offset + 1];
     if (next > state.code_size) return false;
+    Step &step = *state.steps.place_of(offset);
     step = {.at = offset, .next = next, .opcode = code[offset]};
     take_operands(step, operands);
     step.cursor = operands.cursor;
@@ -119,6 +120,9 @@ bool read_step(std::uint32_t offset, Step &step) {
         step.cursor = first;
         step.kind = Step::Kind::kOutside;
     }
+    step.next_step = state.steps.place_of(next);
+    // A target outside has no place; this one is taken by a step that cannot stand there.
+    step.target_step = step.target <= state.code_size ? state.steps.place_of(step.target) : &step;
     return true;
 }
 
