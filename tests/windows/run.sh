@@ -2,9 +2,11 @@
 # What is built for Windows, under Wine: all tests on the simulated machine, then programs on Windows' own machine, on a
 # display, with a sound device that keeps what was played: what the window shows, keys and mouse, covering, sound, disc,
 # the fatal exit's box, closing. Usage: run.sh BUILD NATIVE, the builds for Windows and for this machine. Needs Wine,
-# Xvfb, openbox, xdotool, ImageMagick and ALSA. WINE names another Wine, for a build that this one does not run.
+# Xvfb, openbox, xdotool, ImageMagick, ALSA, Clang and LLD. WINE names another Wine, for a build that this one does not
+# run.
 set -euo pipefail
 
+here=$(dirname "$(realpath "$0")")
 build=$(realpath "$1")
 native=$(realpath "$2")
 wine=${WINE:-wine}
@@ -21,7 +23,7 @@ same() {
 # same_picture EXPECTED TEXT: what the window shows, within some seconds.
 same_picture() {
     local try different
-    for try in $(seq 30); do
+    for try in $(seq 80); do
         import -window "$window" shown.png
         different=$(compare -metric AE "$1" shown.png difference.png 2>&1 || true)
         [ "$different" = 0 ] && { ok "$2"; return; }
@@ -41,7 +43,7 @@ find_window() {
     echo "$number"
 }
 finish() {
-    wineserver -k 2>/dev/null || true
+    "$wine" wineboot -k > wineboot.log 2>&1 || true
     [ -z "${manager_pid:-}" ] || kill "$manager_pid" 2>/dev/null || true
     [ -z "${display_pid:-}" ] || kill "$display_pid" 2>/dev/null || true
     cd / && rm -rf "$place"
@@ -76,6 +78,21 @@ if [ -z "${SKIP_TESTS:-}" ]; then
     [ "$code" = 0 ] && ok "all tests: $(tail -n 1 tests.log | tr -d '\r')" ||
         { not_ok "tests end with exit code $code"; tail -n 60 tests.log; }
 fi
+
+# ---- A program of another compiler ----
+
+# As Visual C++ makes one: the import library out of the list of functions, nothing of MinGW in it.
+export_list=$build/lib/inkstone.def
+case $(basename "$build") in *32*) processor=i686 library=i386 ;; *) processor=x86_64 library=i386:x86-64 ;; esac
+visual_c() {
+    clang-14 --target=$processor-pc-windows-msvc -O1 -ffreestanding -Wall -Wextra -Werror -isystem "$here/visual_c" \
+        -I "$here/../../include" -c "$here/visual_c/program.c" -o program.obj &&
+        llvm-dlltool-14 -m $library -D inkstone.dll -d "$export_list" -l inkstone.lib &&
+        lld-link-14 /entry:start /subsystem:console /nodefaultlib /out:program.exe program.obj inkstone.lib &&
+        "$wine" program.exe
+}
+code=0; visual_c || code=$?
+[ "$code" = 0 ] && ok "a program as Visual C++ makes it" || not_ok "a program as Visual C++ makes it: $code"
 
 # ---- What the machine is asked for, and in which order ----
 
@@ -189,6 +206,22 @@ xdotool windowactivate --sync "$box" key Return
 code=0; wait "$board_pid" || code=$?
 [ "$code" = 1 ] && ok "it ends with exit code 1" || not_ok "it ends with exit code $code"
 [ -f BOARD.PCX ] && ok "the quit procedures run" || not_ok "the quit procedures run"
+
+# ---- The demo ----
+
+INKSTONE_HOST=headless "$native/demo/demo" --scripted --pictures headless > demo.log 2>&1
+"$wine" "$build/bin/demo.exe" &
+demo_pid=$!
+window=$(find_window "Inkstone")
+xdotool windowactivate --sync "$window"
+sleep 5 # the title comes out of the dark
+type_key Tab
+sleep 8
+type_key Tab
+same_picture headless/6-poem.png "the demo's page of Chinese text, after two keys"
+xdotool key alt+F4
+code=0; wait "$demo_pid" || code=$?
+[ "$code" = 0 ] && ok "closing the demo ends with exit code 0" || not_ok "closing the demo ends with exit code $code"
 
 echo "$passed passed, $failed failed"
 [ "$failed" = 0 ]

@@ -245,16 +245,19 @@ class Win32Machine final : public Bench {
 
     // Messages as the keyboard and the mouse send them, for the window of this program that has the focus.
     void key(std::int32_t scan_code, bool down) override {
+        if (scan_code < 1 || scan_code >= Input::kCodes) return;
         messages_.post(input_.key(GetActiveWindow(), scan_code, down));
     }
     void pointer_move(std::int32_t x, std::int32_t y) override {
         const HWND window = GetActiveWindow();
+        pointed_at_ = {x, y};
         messages_.post(
             {window, WM_SETCURSOR, reinterpret_cast<WPARAM>(window), MAKELPARAM(HTCLIENT, WM_MOUSEMOVE)});
-        messages_.post(input_.move(window, {x, y}));
+        messages_.post(input_.move(window, pointed_at_));
     }
     void pointer_button(std::int32_t button, std::int32_t down) override {
-        messages_.post(input_.button(GetActiveWindow(), button, down));
+        if (button < 0 || button > 2) return;
+        messages_.post(input_.button(GetActiveWindow(), pointed_at_, button, down));
     }
 
     bool window_size(HWND window, std::int32_t &width, std::int32_t &height) override {
@@ -306,6 +309,7 @@ class Win32Machine final : public Bench {
     Clock clock_{microseconds};
     Loudspeaker loudspeaker_{clock_, [this] { return open_speaker(loudspeaker_); }};
     Input input_;
+    Point pointed_at_;
     Win32Windows windows_;
     Win32Messages messages_;
     Win32Timers timers_;
