@@ -155,7 +155,7 @@ class WatchedMachine final : public Windows,
         behind_.display.animate_palette(palette, start, colors);
     }
     void copy_bitmap(DeviceContext context, std::int32_t x, std::int32_t y, const Bitmap &bitmap) override {
-        tell("copy_bitmap", context, x, y, bitmap.width, bitmap.height);
+        tell("copy_bitmap", context, x, y, bitmap.width, bitmap.height, bitmap.stride);
         behind_.display.copy_bitmap(context, x, y, bitmap);
     }
 

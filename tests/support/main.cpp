@@ -15,7 +15,6 @@
 #include "inkstone/mac.h"
 #include "inkstone/runtime.h"
 #include "inkstone/timer.h"
-#include "support/processes.h"
 
 namespace fs = std::filesystem;
 
@@ -84,7 +83,6 @@ int main(int argc, char **argv) {
     set_environment("INKSTONE_HOST", "headless");
 
     const fs::path place = make_directory();
-    testing::UnitTest::GetInstance()->listeners().Append(new test::ProcessForEachTest(argv[0], place));
     testing::UnitTest::GetInstance()->listeners().Append(new Surroundings(place / "test"));
     const fs::path before = fs::current_path();
     const int result = RUN_ALL_TESTS();

@@ -57,6 +57,7 @@ VirtualMachine::VirtualMachine(const char *name, Clock clock, std::unique_ptr<En
           *this} {
     set_timer_resolution(usual_timer_resolution());
     set_setting("CHINESBIG5(88)", "yes");
+    screen_.on_change([this] { ends_->screen_changed(*this); });
     pointer_.on_change([this] { ends_->pointer_changed(*this); });
     pointer_.on_warp([this] {
         ends_->pointer_warped(*this);
