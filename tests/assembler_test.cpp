@@ -96,7 +96,7 @@ TEST(Assembler, PointsAtWhatIsWrong) {
         try {
             assemble("dir/a.mas", "include \"commands.mas\"\n" + source, read);
             ADD_FAILURE() << source;
-        } catch (const ink::mac::SourceError &error) {
+        } catch (const ink::tool::SourceError &error) {
             report = "dir/a.mas:" + report;
             EXPECT_EQ((error.what() + std::string("\n")).substr(0, report.size()), report) << source;
         }
@@ -105,7 +105,7 @@ TEST(Assembler, PointsAtWhatIsWrong) {
         std::getline(file, line);
     }
     EXPECT_EQ(count, 41);
-    EXPECT_THROW(assemble("dir/a.mas", "include \"self.mas\"", read), ink::mac::SourceError);
+    EXPECT_THROW(assemble("dir/a.mas", "include \"self.mas\"", read), ink::tool::SourceError);
 }
 
 TEST(Disassembler, GivesASourceThatBuildsToTheSameBytes) {

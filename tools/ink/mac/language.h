@@ -9,9 +9,11 @@
 #include <string_view>
 #include <vector>
 
-#include "mac/diagnostic.h"
+#include "files/source.h"
 
 namespace ink::mac {
+
+using tool::brief;
 
 enum class Operand {
     number,     // a constant or the value of a variable

@@ -12,9 +12,9 @@
 
 #include "charset/big5.h"
 #include "core/reader.h"
+#include "files/source.h"
 #include "inkstone/host.h"
 #include "inkstone/mac.h"
-#include "mac/diagnostic.h"
 #include "script/instruction_set.h"
 
 namespace ink::mac {

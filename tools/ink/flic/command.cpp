@@ -5,15 +5,18 @@
 #include <stdexcept>
 #include <string>
 
-#include "commands.h"
+#include "command_line.h"
 #include "core/reader.h"
 #include "draw/surface.h"
+#include "files/workshop.h"
 #include "film/flic_film.h"
 #include "inkstone/flic.h"
-#include "png/png_file.h"
+#include "picture/picture_file.h"
 
 namespace ink::tool {
 namespace {
+
+namespace fs = std::filesystem;
 
 struct Arguments {
     std::string output, input;
@@ -23,41 +26,45 @@ struct Arguments {
 
 void build(const Arguments &arguments) {
     std::vector<IndexedPicture> pictures;
-    for (const std::string &name : arguments.frames) pictures.push_back(read_picture(name));
+    for (const std::string &name : expand_patterns(arguments.frames))
+        pictures.push_back(read_picture(path_of(name)));
     const Bytes file = flic::film(pictures, arguments.milliseconds);
-    write_bytes(arguments.output, file);
+    write_bytes(path_of(arguments.output), file);
     std::cout << arguments.output << ": " << pictures.size() << " frames, " << file.size() << " bytes\n";
 }
 
 // The picture after the chosen frame, as a game sees it on its screen.
-void show(const Arguments &arguments) {
-    const Bytes file = read_bytes(arguments.input);
+IndexedPicture picture_after(const fs::path &name, int frame) {
+    const Bytes file = read_bytes(name);
     Reader header(file);
     header.seek(8);
     const int width = std::min<int>(header.i16(), draw::kScreenWidth);
     const int height = std::min<int>(header.i16(), draw::kScreenHeight);
+    const Workshop workshop;
+    workshop.put("input", file);
     IndexedPicture screen{draw::kScreenWidth, draw::kScreenHeight};
-    const int frames = FLIC_open_flic_file(arguments.input.c_str(), 0, screen.pixels.data());
-    if (frames < 1 || width < 1 || height < 1) throw std::runtime_error(arguments.input + " is not a film");
+    const int frames = FLIC_open_flic_file("input", 0, screen.pixels.data());
+    if (frames < 1 || width < 1 || height < 1) throw FileError(name, "is not a film");
     std::cout << width << " x " << height << ", " << frames << " frames\n";
-    for (int i = 0; i < arguments.frame; ++i) {
-        if (FLIC_read_flic_data() != 0)
-            throw std::runtime_error(arguments.input + " has no frame " + std::to_string(i + 1));
+    for (int i = 0; i < frame; ++i) {
+        if (FLIC_read_flic_data() != 0) throw FileError(name, "has no frame " + std::to_string(i + 1));
         FLIC_play_flic_frame();
     }
     FLIC_export_palette(screen.palette.data());
     FLIC_close_flic_file();
-    Bytes shown;
-    for (int y = 0; y < height; ++y) shown.insert(shown.end(), screen.row(y), screen.row(y) + width);
-    write_png(arguments.output, width, height, shown, bright_palette(screen.palette));
+    return cut(screen, 0, 0, width, height);
+}
+
+void show(const Arguments &arguments) {
+    const IndexedPicture picture = picture_after(path_of(arguments.input), arguments.frame);
+    write_bytes(path_of(arguments.output), encode_picture(picture, PictureKind::png));
 }
 
 }  // namespace
 
 void add_flic(CLI::App &app) {
     const auto arguments = std::make_shared<Arguments>();
-    CLI::App *flic = app.add_subcommand("flic", "Films (FLIC)");
-    flic->require_subcommand(1);
+    CLI::App *flic = add_group(app, "flic", "Films (FLIC)");
 
     CLI::App *make = flic->add_subcommand("build", "Make a film of PCX pictures of one size");
     make->add_option("output", arguments->output, "The FLC file to write")->required();

@@ -1,5 +1,5 @@
-#include "commands.h"
-#include "font/font_commands.h"
+#include "command_line.h"
+#include "font/commands.h"
 
 namespace ink::tool {
 

@@ -1,14 +1,12 @@
 // `ink font build`: makes all four fonts before anything is written, so that an error leaves the directory as
 // it was.
 #include <cstdio>
-#include <fstream>
-#include <numeric>
 #include <stdexcept>
 
-#include <unistd.h>
-
+#include "command_line.h"
 #include "core/reader.h"
-#include "font/font_commands.h"
+#include "files/workshop.h"
+#include "font/commands.h"
 #include "font/font_maker.h"
 #include "inkstone/lzss.h"
 
@@ -16,7 +14,6 @@ namespace ink::tool {
 namespace {
 
 namespace fs = std::filesystem;
-using Bytes = std::vector<std::uint8_t>;
 using Fonts = std::array<MadeFont, text::kFontCount>;
 
 // The bitmap fonts that fill the cells exactly, where Debian installs them, and its packages.
@@ -57,16 +54,14 @@ void report(std::size_t font, const std::vector<std::string> &sources, const Cov
 }
 
 Fonts make_all(const FontBuild &build) {
-    const bool show_progress = !build.quiet && isatty(STDERR_FILENO);
     Fonts fonts;
     for (std::size_t font = 0; font < text::kFontCount; ++font) {
         const std::vector<std::string> sources = sources_of(build, font);
+        Progress progress(text::kFontLayouts[font].file_name, 100);
         fonts[font] =
             make_font(static_cast<text::Font>(font), sources, [&](std::size_t done, std::size_t all) {
-                if (show_progress)
-                    std::fprintf(stderr, "\r%s %3zu%%", text::kFontLayouts[font].file_name, 100 * done / all);
+                if (!build.quiet) progress.done(100 * done / all);
             });
-        if (show_progress) std::fputs("\r                 \r", stderr);
         if (!build.quiet) report(font, sources, fonts[font].inked);
     }
     return fonts;
@@ -87,55 +82,28 @@ Bytes make_pack(const Fonts &fonts) {
     return pack;
 }
 
-void write(const fs::path &name, const Bytes &bytes) {
-    std::ofstream file(name, std::ios::binary);
-    file.write(reinterpret_cast<const char *>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-    file.close();
-    if (!file) throw std::runtime_error(name.string() + ": cannot be written");
-}
-
-// A new directory inside another one, which goes with all that is in it.
-class Workshop {
-  public:
-    explicit Workshop(const fs::path &where) {
-        std::string name = (where / "ink-font-XXXXXX").string();
-        if (!mkdtemp(name.data())) throw std::runtime_error(where.string() + ": cannot be written to");
-        path = name;
-    }
-    ~Workshop() {
-        std::error_code ignored;
-        fs::remove_all(path, ignored);
-    }
-    Workshop(const Workshop &) = delete;
-    Workshop &operator=(const Workshop &) = delete;
-
-    fs::path path;
-};
-
 }  // namespace
 
 void build_fonts(const FontBuild &build) {
     const Fonts fonts = make_all(build);
-    fs::create_directories(build.directory);
-    const Workshop workshop(build.directory);
-    std::vector<fs::path> finished;
-    for (std::size_t font = 0; font < text::kFontCount; ++font) {
-        finished.emplace_back(text::kFontLayouts[font].file_name);
-        write(workshop.path / finished.back(), fonts[font].bitmaps);
-    }
     const Bytes pack = make_pack(fonts);
-    const fs::path expanded = workshop.path / text::kPackFile;
-    const fs::path compressed = workshop.path / text::kCompressedPackFile;
-    write(expanded, pack);
-    if (LZSS_compress_file(expanded.c_str(), compressed.c_str()) != 0)
-        throw std::runtime_error(compressed.string() + ": cannot be written");
-    finished.emplace_back(text::kCompressedPackFile);
-    const auto compressed_size = fs::file_size(compressed);
-    for (const fs::path &name : finished) fs::rename(workshop.path / name, build.directory / name);
+    Bytes compressed;
+    {
+        const Workshop workshop;
+        workshop.put(text::kPackFile, pack);
+        if (LZSS_compress_file(text::kPackFile, text::kCompressedPackFile) != 0)
+            throw FileError(text::kCompressedPackFile, "cannot be made (" + workshop.log() + ")");
+        compressed = workshop.take(text::kCompressedPackFile);
+    }
+    fs::create_directories(build.directory);
+    NewFiles files;
+    for (std::size_t font = 0; font < text::kFontCount; ++font)
+        files.add(build.directory / text::kFontLayouts[font].file_name, fonts[font].bitmaps);
+    files.add(build.directory / text::kCompressedPackFile, compressed);
+    files.commit();
     if (!build.quiet)
-        std::printf("%s      %ju bytes, %ju%% of the %zu of its fonts\n", text::kCompressedPackFile,
-                    static_cast<std::uintmax_t>(compressed_size), 100 * compressed_size / pack.size(),
-                    pack.size());
+        std::printf("%s      %zu bytes, %zu%% of the %zu of its fonts\n", text::kCompressedPackFile,
+                    compressed.size(), 100 * compressed.size() / pack.size(), pack.size());
 }
 
 }  // namespace ink::tool

@@ -5,7 +5,8 @@
 #include <stdexcept>
 
 #include "charset/big5.h"
-#include "font/font_commands.h"
+#include "files/file.h"
+#include "font/commands.h"
 #include "inkstone/chine.h"
 #include "png/png_file.h"
 
@@ -81,7 +82,7 @@ class Page {
         set(kPaper, {255, 252, 240});
         set(kInk, {20, 20, 30});
         set(kLabel, {150, 60, 40});
-        write_png(name, kWidth, kHeight, screen_, palette);
+        write_bytes(name, encode_png(kWidth, kHeight, screen_, palette));
     }
 
   private:
