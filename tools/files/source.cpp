@@ -44,7 +44,33 @@ std::size_t distance(std::string_view a, std::string_view b) {
     return row[b.size()];
 }
 
+std::string joined(const std::vector<SourceError> &errors) {
+    std::string text;
+    for (const SourceError &error : errors) text += (text.empty() ? "" : "\n") + std::string(error.what());
+    return text;
+}
+
+// Where the text stops being UTF-8; its end when it does not.
+std::size_t utf8_until(std::string_view text) {
+    for (std::size_t at = 0; at < text.size();) {
+        const auto lead = static_cast<unsigned char>(text[at]);
+        const std::size_t length = lead < 0x80   ? 1
+                                   : lead < 0xC2 ? 0
+                                   : lead < 0xE0 ? 2
+                                   : lead < 0xF0 ? 3
+                                   : lead < 0xF5 ? 4
+                                                 : 0;
+        if (length == 0 || at + length > text.size()) return at;
+        for (std::size_t i = 1; i < length; ++i)
+            if (begins_character(text[at + i])) return at;
+        at += length;
+    }
+    return text.size();
+}
+
 }  // namespace
+
+SourceErrors::SourceErrors(const std::vector<SourceError> &errors) : std::runtime_error(joined(errors)) {}
 
 SourceError::SourceError(const Place &place, const std::string &message)
     : std::runtime_error(report(place, message)) {}
@@ -63,6 +89,16 @@ std::vector<Place> lines_of(const std::string &file, std::string_view text) {
         start = end + 1;
     }
     return lines;
+}
+
+void require_utf8(const std::vector<Place> &lines) {
+    for (const Place &line : lines)
+        if (const std::size_t until = utf8_until(line.line); until < line.line.size()) {
+            // The rest of the line would only garble what shows it.
+            Place place{line.file, line.line.substr(0, until), line.number, until};
+            throw SourceError(
+                place, "this is not UTF-8; a text in Big5 becomes UTF-8 with: iconv -f CP950 -t UTF-8");
+        }
 }
 
 std::string suggestion(std::string_view wrong, const std::vector<std::string> &words) {

@@ -25,8 +25,17 @@ class SourceError : public std::runtime_error {
     SourceError(const Place &place, const std::string &message);
 };
 
+// Several of them as one, a report below the other.
+class SourceErrors : public std::runtime_error {
+  public:
+    explicit SourceErrors(const std::vector<SourceError> &errors);
+};
+
 // The lines of a text, without their ends, of either kind.
 std::vector<Place> lines_of(const std::string &file, std::string_view text);
+
+// Throws SourceError for the first line that is not UTF-8, and says what to do about it.
+void require_utf8(const std::vector<Place> &lines);
 
 // Characters of UTF-8 text begin with any byte but a continuation.
 inline bool begins_character(char byte) {

@@ -54,6 +54,9 @@ int main(int argc, char **argv) {
     } catch (const SourceError &error) {
         std::fprintf(stderr, "%s\n", error.what());
         return kFailed;
+    } catch (const SourceErrors &errors) {
+        std::fprintf(stderr, "%s\n", errors.what());
+        return kFailed;
     } catch (const std::exception &error) {
         std::fprintf(stderr, "ink: %s\n", error.what());
         return kFailed;

@@ -30,7 +30,9 @@ class Parser {
     explicit Parser(std::string name) : name_(std::move(name)) {}
 
     Music parse(std::string_view text) {
-        for (const Place &line : lines_of(name_, text)) {
+        const std::vector<Place> lines = lines_of(name_, text);
+        require_utf8(lines);
+        for (const Place &line : lines) {
             line_ = line;
             words_ = words_of(line.line);
             next_ = 0;

@@ -8,6 +8,7 @@
 
 #include "command_line.h"
 #include "files/file.h"
+#include "files/source.h"
 #include "mac/assembler.h"
 #include "mac/disassembler.h"
 #include "mac/runner.h"
@@ -25,7 +26,9 @@ std::optional<std::string> read(const std::string &name) {
 }
 
 mac::Program assemble(const std::string &name) {
-    return mac::assemble(name, read_text(path_of(name)), read);
+    mac::Program program = mac::assemble(name, read_text(path_of(name)), read);
+    for (const SourceError &warning : program.warnings) std::cerr << warning.what() << '\n';
+    return program;
 }
 
 struct Arguments {

@@ -47,7 +47,9 @@ std::string literal(std::string_view big5) {
 
 std::string make_header(const std::string &source) {
     std::string header = "/* Made by ink strings: texts in Big5. */\n";
-    for (Place line : lines_of(source, read_text(path_of(source)))) {
+    const std::vector<Place> lines = lines_of(source, read_text(path_of(source)));
+    require_utf8(lines);
+    for (Place line : lines) {
         if (line.line.empty() || line.line[0] == ';') continue;
         const std::size_t equals = line.line.find(" = ");
         const std::string name = line.line.substr(0, equals);
