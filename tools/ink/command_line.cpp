@@ -1,6 +1,7 @@
 #include "command_line.h"
 
 #include <cstdio>
+#include <sstream>
 
 #if defined(_WIN32)
 #include <io.h>
@@ -9,6 +10,25 @@
 #endif
 
 namespace ink::tool {
+namespace {
+
+constexpr std::size_t kColumns = 80;
+
+// In lines that fit a terminal.
+std::string wrapped(const std::string &text) {
+    std::istringstream words(text);
+    std::string made, line;
+    for (std::string word; words >> word; line += word) {
+        if (!line.empty() && line.size() + 1 + word.size() > kColumns) {
+            made += line + '\n';
+            line.clear();
+        }
+        if (!line.empty()) line += ' ';
+    }
+    return made + line + '\n';
+}
+
+}  // namespace
 
 CLI::App *add_group(CLI::App &app, const std::string &name, const std::string &description) {
     CLI::App *group = app.add_subcommand(name, description);
@@ -17,9 +37,10 @@ CLI::App *add_group(CLI::App &app, const std::string &name, const std::string &d
 }
 
 CLI::App *add_command(CLI::App &parent, const std::string &name, const std::string &description,
-                      const std::vector<std::string> &examples) {
+                      const std::vector<std::string> &examples, const std::string &more) {
     CLI::App *command = parent.add_subcommand(name, description);
-    std::string footer = examples.size() > 1 ? "Examples:" : "Example:";
+    std::string footer = more.empty() ? "" : wrapped(more) + "\n";
+    footer += examples.size() > 1 ? "Examples:" : "Example:";
     for (const std::string &example : examples) footer += "\n  " + example;
     command->footer(footer);
     return command;

@@ -19,9 +19,9 @@ namespace ink::tool {
 // A format, with commands below it.
 CLI::App *add_group(CLI::App &app, const std::string &name, const std::string &description);
 
-// A command, with lines that show how it is called.
+// A command, with lines that show how it is called and a paragraph of what else there is to know.
 CLI::App *add_command(CLI::App &parent, const std::string &name, const std::string &description,
-                      const std::vector<std::string> &examples);
+                      const std::vector<std::string> &examples, const std::string &more = {});
 
 // Whether somebody watches the standard error.
 bool is_watched();

@@ -37,7 +37,6 @@ int main(int argc, char **argv) {
     using namespace ink::tool;
     CLI::App app("Makes, converts and inspects the files of Inkstone games", "ink");
     app.require_subcommand(1);
-    app.set_help_all_flag("--help-all", "Print the help of every command");
     try {
         add_picture(app);
         add_palette(app);

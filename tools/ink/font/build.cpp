@@ -1,6 +1,7 @@
 // `ink font build`: makes all four fonts before anything is written, so that an error leaves the directory as
 // it was.
 #include <cstdio>
+#include <cstdlib>
 #include <stdexcept>
 
 #include "command_line.h"
@@ -16,25 +17,52 @@ namespace {
 namespace fs = std::filesystem;
 using Fonts = std::array<MadeFont, text::kFontCount>;
 
-// The bitmap fonts that fill the cells exactly, where Debian installs them, and its packages.
+// The bitmap fonts that fill the cells exactly, and Debian's packages of them.
 struct Usual {
-    const char *option, *file, *package;
+    const char *option, *name, *package;
 };
 constexpr std::array<Usual, text::kFontCount> kUsual{{
-    {"--ascii16", "/usr/share/fonts/X11/misc/8x16.pcf.gz", "xfonts-base"},
-    {"--chinese16", "/usr/share/fonts/X11/misc/taipei16.pcf.gz", "xfonts-intl-chinese"},
-    {"--ascii24", "/usr/share/fonts/X11/misc/12x24.pcf.gz", "xfonts-base"},
-    {"--chinese24", "/usr/share/fonts/X11/misc/taipei24.pcf.gz", "xfonts-intl-chinese"},
+    {"--ascii16", "8x16", "xfonts-base"},
+    {"--chinese16", "taipei16", "xfonts-intl-chinese"},
+    {"--ascii24", "12x24", "xfonts-base"},
+    {"--chinese24", "taipei24", "xfonts-intl-chinese"},
 }};
 
+// Where systems and their users keep fonts.
+std::vector<fs::path> font_folders() {
+    std::vector<fs::path> folders{"/usr/share/fonts", "/usr/local/share/fonts", "/usr/share/X11/fonts",
+                                  "/usr/X11R6/lib/X11/fonts", "/opt/X11/share/fonts"};
+    if (const char *data = std::getenv("XDG_DATA_HOME")) folders.push_back(fs::path(data) / "fonts");
+    if (const char *home = std::getenv("HOME")) {
+        folders.push_back(fs::path(home) / ".local/share/fonts");
+        folders.push_back(fs::path(home) / ".fonts");
+    }
+    return folders;
+}
+
+// The first bitmap font of that name in any of them.
+std::string find_font(const std::string &name) {
+    std::error_code ignored;
+    for (const fs::path &folder : font_folders())
+        for (const auto &entry : fs::recursive_directory_iterator(
+                 folder, fs::directory_options::skip_permission_denied, ignored)) {
+            const std::string file = name_of(entry.path().filename());
+            for (const char *ending : {".pcf.gz", ".pcf", ".bdf.gz", ".bdf"})
+                if (file == name + ending) return name_of(entry.path());
+        }
+    return {};
+}
+
 std::vector<std::string> sources_of(const FontBuild &build, std::size_t font) {
-    if (!build.sources[font].empty()) return build.sources[font];
+    if (!build.sources[font].empty()) return expand_patterns(build.sources[font]);
     const Usual &usual = kUsual[font];
-    if (!fs::exists(usual.file))
-        throw std::runtime_error(std::string(text::kFontLayouts[font].file_name) + ": there is no " +
-                                 usual.file + "; install the Debian package " + usual.package +
+    const std::string found = find_font(usual.name);
+    if (found.empty())
+        throw std::runtime_error(std::string(text::kFontLayouts[font].file_name) +
+                                 ": there is no bitmap font " + usual.name +
+                                 " on this system; install the Debian package " + usual.package +
                                  " or name a font with " + usual.option);
-    return {usual.file};
+    return {found};
 }
 
 void report(std::size_t font, const std::vector<std::string> &sources, const Coverage &inked) {
