@@ -104,6 +104,16 @@ std::string to_big5(std::string_view utf8) {
     return result;
 }
 
+std::string from_big5(std::string_view big5) {
+    std::string text;
+    while (!big5.empty()) {
+        const std::size_t bytes = static_cast<unsigned char>(big5[0]) >= 0x80 && big5.size() > 1 ? 2 : 1;
+        text += character_of_big5(big5.substr(0, bytes)).value_or("?");
+        big5.remove_prefix(bytes);
+    }
+    return text;
+}
+
 std::vector<char32_t> unicode_of_big5(std::uint16_t code) {
     static const Converter first("UTF-32BE", kFirstBig5), second("UTF-32BE", kSecondBig5);
     std::vector<char32_t> characters;

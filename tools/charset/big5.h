@@ -20,6 +20,9 @@ std::optional<std::string> character_of_big5(std::string_view bytes);
 // the message names, and where the system cannot convert at all.
 std::string to_big5(std::string_view utf8);
 
+// The text as UTF-8, to be shown: a byte that stands for nothing becomes a question mark.
+std::string from_big5(std::string_view big5);
+
 // The characters that a Big5 code (lead byte x 256 + trail byte) may stand for, the usual one first: vendors
 // differ over some punctuation. None for a code that is not in use.
 std::vector<char32_t> unicode_of_big5(std::uint16_t code);

@@ -46,13 +46,19 @@ class Progress {
 // The commands as a manual page (man) and as completions of a shell (bash), made of their descriptions.
 void add_manual(CLI::App &app);
 
+void add_bind(CLI::App &app);
 void add_can(CLI::App &app);
+void add_conf(CLI::App &app);
 void add_disc(CLI::App &app);
+void add_expr(CLI::App &app);
 void add_flic(CLI::App &app);
 void add_font(CLI::App &app);
+void add_info(CLI::App &app);
+void add_lzss(CLI::App &app);
 void add_mac(CLI::App &app);
 void add_palette(CLI::App &app);
 void add_picture(CLI::App &app);
+void add_save(CLI::App &app);
 void add_strings(CLI::App &app);
 
 }  // namespace ink::tool

@@ -38,13 +38,19 @@ int main(int argc, char **argv) {
     CLI::App app("Makes, converts and inspects the files of Inkstone games", "ink");
     app.require_subcommand(1);
     try {
+        add_info(app);
         add_picture(app);
         add_palette(app);
         add_can(app);
         add_flic(app);
+        add_bind(app);
+        add_lzss(app);
+        add_conf(app);
         add_font(app);
         add_strings(app);
         add_mac(app);
+        add_save(app);
+        add_expr(app);
         add_disc(app);
         add_manual(app);
         app.parse(arguments(argc, argv));

@@ -3,13 +3,11 @@
 #include <filesystem>
 #include <iostream>
 #include <memory>
-#include <optional>
 #include <string>
 
 #include "command_line.h"
 #include "files/file.h"
-#include "files/source.h"
-#include "mac/assembler.h"
+#include "mac/declarations.h"
 #include "mac/disassembler.h"
 #include "mac/runner.h"
 
@@ -17,36 +15,13 @@ namespace ink::tool {
 namespace {
 namespace fs = std::filesystem;
 
-std::optional<std::string> read(const std::string &name) {
-    try {
-        return read_text(path_of(name));
-    } catch (const FileError &) {
-        return std::nullopt;
-    }
-}
-
-mac::Program assemble(const std::string &name) {
-    mac::Program program = mac::assemble(name, read_text(path_of(name)), read);
-    for (const SourceError &warning : program.warnings) std::cerr << warning.what() << '\n';
-    return program;
-}
-
 struct Arguments {
     std::string input, output, declarations;
     mac::RunOptions run;
 };
 
-mac::Program declarations(const Arguments &arguments) {
-    if (arguments.declarations.empty()) return {};
-    mac::Program program = assemble(arguments.declarations);
-    if (program.file.size() != mac::assemble("", "", read).file.size())
-        throw std::runtime_error(arguments.declarations +
-                                 " has procedures or instructions; it may only declare names");
-    return program;
-}
-
 void build(const Arguments &arguments) {
-    const mac::Program program = assemble(arguments.input);
+    const mac::Program program = mac::assemble_file(arguments.input);
     const std::string output = arguments.output.empty()
                                    ? fs::path(arguments.input).replace_extension(".mac").string()
                                    : arguments.output;
@@ -61,7 +36,8 @@ void dump(const Arguments &arguments) {
         arguments.declarations.empty()
             ? ""
             : fs::proximate(arguments.declarations, folder.empty() ? fs::path(".") : folder).generic_string();
-    const std::string source = mac::disassemble(file, declarations(arguments), include);
+    const std::string source =
+        mac::disassemble(file, mac::read_declarations(arguments.declarations), include);
     write_text(arguments.output.empty() ? kStream : path_of(arguments.output), source);
 }
 
@@ -70,9 +46,9 @@ void run(const Arguments &arguments) {
     mac::Program program;
     // A script's header has bytes of zero, a source has none.
     if (std::ranges::find(file, 0) == file.end()) {
-        program = assemble(arguments.input);
+        program = mac::assemble_file(arguments.input);
     } else {
-        program = declarations(arguments);
+        program = mac::read_declarations(arguments.declarations);
         program.file = file;
     }
     mac::run(program, arguments.run, std::cout);

@@ -30,16 +30,6 @@ struct Trace {
 };
 Trace *trace = nullptr;
 
-std::string in_utf8(std::string_view big5) {
-    std::string text;
-    while (!big5.empty()) {
-        const std::size_t bytes = static_cast<unsigned char>(big5[0]) >= 0x80 && big5.size() > 1 ? 2 : 1;
-        text += tool::character_of_big5(big5.substr(0, bytes)).value_or("?");
-        big5.remove_prefix(bytes);
-    }
-    return text;
-}
-
 std::string next_operand(Operand kind) {
     switch (kind) {
         case Operand::number:
@@ -57,7 +47,7 @@ std::string next_operand(Operand kind) {
         case Operand::string: break;
     }
     const char *text = MAC_get_string();
-    return text != nullptr ? '"' + in_utf8(text) + '"' : "(no string)";
+    return text != nullptr ? '"' + tool::from_big5(text) + '"' : "(no string)";
 }
 
 std::int32_t command(std::uint8_t opcode) {
