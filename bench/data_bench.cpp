@@ -1,19 +1,18 @@
 // LZSS in memory beside the plain coder and memcpy, from file to file beside fread and fwrite; bit files
 // beside a byte at a time.
 #include <benchmark/benchmark.h>
-#include <stdlib.h>
 
 #include <cstring>
 #include <iterator>
 #include <random>
 #include <string>
 
+#include "bench/peers.h"
+#include "bench/scratch_directory.h"
 #include "inkstone/bitio.h"
 #include "inkstone/lzss.h"
 #include "support/files.h"
 #include "support/plain_lzss.h"
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -107,6 +106,41 @@ void lzss_compress_plainly(benchmark::State &state) {
 }
 BENCHMARK(lzss_compress_plainly)->DenseRange(0, kInputCount);
 
+#if defined(INKSTONE_BENCH_ALLEGRO)
+// Into memory, by the byte, as its files take them.
+struct MemoryFile {
+    Bytes bytes;
+    static int put(int byte, void *data) {
+        static_cast<MemoryFile *>(data)->bytes.push_back(static_cast<std::uint8_t>(byte));
+        return byte;
+    }
+    static int close(void *) { return 0; }
+    static int none(void *) { return 0; }
+};
+
+void lzss_compress_allegro(benchmark::State &state) {
+    Bytes data = input(state);
+    const peers::AllegroBitmap started(1, 1);
+    PACKFILE_VTABLE table{};
+    table.pf_putc = MemoryFile::put;
+    table.pf_fclose = MemoryFile::close;
+    table.pf_ferror = MemoryFile::none;
+    table.pf_feof = MemoryFile::none;
+    MemoryFile memory;
+    memory.bytes.reserve(2 * kSize);
+    for (auto _ : state) {
+        memory.bytes.clear();
+        PACKFILE *file = pack_fopen_vtable(&table, &memory);
+        LZSS_PACK_DATA *pack = create_lzss_pack_data();
+        lzss_write(file, pack, kSize, data.data(), 1);
+        free_lzss_pack_data(pack);
+        pack_fclose(file);
+    }
+    state.counters["part"] = static_cast<double>(memory.bytes.size()) / double{kSize};
+}
+BENCHMARK(lzss_compress_allegro)->DenseRange(0, kInputCount);
+#endif
+
 void lzss_expand_data(benchmark::State &state) {
     const Bytes code = compressed(input(state));
     Bytes out(kSize);
@@ -133,23 +167,6 @@ void lzss_memcpy(benchmark::State &state) {
 }
 BENCHMARK(lzss_memcpy)->Arg(0);
 
-// A directory that is removed at the end, for the files.
-class Place {
-  public:
-    Place() : before_(fs::current_path()) {
-        std::string name = fs::temp_directory_path() / "ink-bench-XXXXXX";
-        if (mkdtemp(name.data()) != nullptr) fs::current_path(name);
-    }
-    ~Place() {
-        const fs::path place = fs::current_path();
-        fs::current_path(before_);
-        fs::remove_all(place);
-    }
-
-  private:
-    fs::path before_;
-};
-
 void copy_file(const char *from, const char *to, Bytes &block) {
     std::FILE *in = std::fopen(from, "rb"), *out = std::fopen(to, "wb");
     while (const std::size_t part = std::fread(block.data(), 1, block.size(), in))
@@ -159,14 +176,14 @@ void copy_file(const char *from, const char *to, Bytes &block) {
 }
 
 void lzss_compress_file(benchmark::State &state) {
-    const Place place;
+    const bench::ScratchDirectory place;
     test::write_file("plain", input(state));
     for (auto _ : state) LZSS_compress_file("plain", "packed");
 }
 BENCHMARK(lzss_compress_file)->DenseRange(0, kInputCount);
 
 void lzss_expand_file(benchmark::State &state) {
-    const Place place;
+    const bench::ScratchDirectory place;
     test::write_file("plain", input(state));
     LZSS_compress_file("plain", "packed");
     for (auto _ : state) LZSS_expand_file("packed", "plain");
@@ -174,7 +191,7 @@ void lzss_expand_file(benchmark::State &state) {
 BENCHMARK(lzss_expand_file)->DenseRange(0, kInputCount);
 
 void lzss_fread_fwrite(benchmark::State &state) {
-    const Place place;
+    const bench::ScratchDirectory place;
     Bytes block(kSize);
     test::write_file("plain", input(state));
     for (auto _ : state) copy_file("plain", "copy", block);
@@ -183,7 +200,7 @@ BENCHMARK(lzss_fread_fwrite)->Arg(0);
 
 // Bit files move the same bytes as codes of so many bits, beside a byte at a time without them.
 void bits_out(benchmark::State &state) {
-    const Place place;
+    const bench::ScratchDirectory place;
     const auto count = static_cast<std::int32_t>(state.range(0));
     for (auto _ : state) {
         BIT_FILE_STRUCT *file = BITIO_open_output_bit_file("bits");
@@ -196,7 +213,7 @@ void bits_out(benchmark::State &state) {
 BENCHMARK(bits_out)->Arg(1)->Arg(9)->Arg(17)->Arg(32);
 
 void bits_fputc(benchmark::State &state) {
-    const Place place;
+    const bench::ScratchDirectory place;
     for (auto _ : state) {
         std::FILE *file = std::fopen("bits", "wb");
         for (std::size_t i = 0; i < kSize; ++i) std::fputc(0x5A, file);
@@ -207,7 +224,7 @@ void bits_fputc(benchmark::State &state) {
 BENCHMARK(bits_fputc);
 
 void bits_in(benchmark::State &state) {
-    const Place place;
+    const bench::ScratchDirectory place;
     const auto count = static_cast<std::int32_t>(state.range(0));
     test::write_file("bits", Bytes(kSize + 4));
     for (auto _ : state) {
@@ -221,7 +238,7 @@ void bits_in(benchmark::State &state) {
 BENCHMARK(bits_in)->Arg(1)->Arg(9)->Arg(17)->Arg(32);
 
 void bits_fgetc(benchmark::State &state) {
-    const Place place;
+    const bench::ScratchDirectory place;
     test::write_file("bits", Bytes(kSize));
     for (auto _ : state) {
         std::FILE *file = std::fopen("bits", "rb");

@@ -5,12 +5,14 @@
 #include <filesystem>
 #include <random>
 
+#include "bench/peers.h"
 #include "film/flic_film.h"
 #include "inkstone/compressed_image.h"
 #include "inkstone/flic.h"
 #include "inkstone/pcx.h"
 #if defined(HAS_FLIC_PEER)
 #include "bench/flic_peer.h"
+#include "bench/pcx_peer.h"
 #endif
 
 namespace {
@@ -112,6 +114,105 @@ void expand_by_the_byte(benchmark::State &state) {
 }
 BENCHMARK(expand_by_the_byte)->Name("formats/cimg_expand_by_the_byte")->DenseRange(kDrawn, kNoise);
 
+// A picture of the size of a character of a game, 200 x 150, cut out of the larger one.
+struct Figure {
+    static constexpr int kColumns = 200, kRows = 150;
+    explicit Figure(Kind kind) : block(16 + 2 * kColumns * kRows) {
+        const IndexedPicture whole = picture(kind);
+        for (int y = 0; y < kRows; ++y) image.insert(image.end(), whole.row(y), whole.row(y) + kColumns);
+        fnCompressImage(image.data(), block.data(), 0);
+    }
+    Bytes image{kColumns, 0, kRows, 0}, block;
+};
+
+template <typename Operation>
+void with_figure(benchmark::State &state, Operation operation) {
+    const Kind kind = static_cast<Kind>(state.range(0));
+    Figure figure(kind);
+    operation(figure);
+    state.SetLabel(name(kind));
+    count_pixels(state, Figure::kColumns * Figure::kRows);
+}
+
+void compress_figure(benchmark::State &state) {
+    with_figure(state, [&](Figure &figure) {
+        for (auto _ : state) fnCompressImage(figure.image.data(), figure.block.data(), 0);
+    });
+}
+BENCHMARK(compress_figure)->Name("formats/figure_compress")->DenseRange(kDrawn, kNoise);
+
+void expand_figure(benchmark::State &state) {
+    with_figure(state, [&](Figure &figure) {
+        for (auto _ : state) fnUncompressImage(figure.block.data(), figure.image.data());
+    });
+}
+BENCHMARK(expand_figure)->Name("formats/figure_expand")->DenseRange(kDrawn, kNoise);
+
+#if defined(HAS_FLIC_PEER)
+void compress_figure_libavcodec(benchmark::State &state) {
+    with_figure(state, [&](Figure &figure) {
+        bench::PcxPeer peer(&figure.image[4], Figure::kColumns, Figure::kRows);
+        for (auto _ : state)
+            if (!peer.encode()) state.SkipWithError("refused");
+    });
+}
+BENCHMARK(compress_figure_libavcodec)
+    ->Name("formats/figure_compress_libavcodec_pcx")
+    ->DenseRange(kDrawn, kNoise);
+
+void expand_figure_libavcodec(benchmark::State &state) {
+    with_figure(state, [&](Figure &figure) {
+        bench::PcxPeer peer(&figure.image[4], Figure::kColumns, Figure::kRows);
+        if (!peer.encode()) state.SkipWithError("refused");
+        for (auto _ : state)
+            if (!peer.decode()) state.SkipWithError("refused");
+    });
+}
+BENCHMARK(expand_figure_libavcodec)->Name("formats/figure_expand_libavcodec_pcx")->DenseRange(kDrawn, kNoise);
+#endif
+
+#if defined(INKSTONE_BENCH_ALLEGRO)
+// Run-length coded sprites have runs of nothing and pixels one by one: colour 0 is nothing.
+void draw_figure_allegro(benchmark::State &state) {
+    with_figure(state, [&](Figure &figure) {
+        peers::AllegroBitmap from(Figure::kColumns, Figure::kRows), to(Figure::kColumns, Figure::kRows);
+        from.load(&figure.image[4]);
+        RLE_SPRITE *const sprite = get_rle_sprite(from);
+        for (auto _ : state) draw_rle_sprite(to, sprite, 0, 0);
+        destroy_rle_sprite(sprite);
+    });
+}
+BENCHMARK(draw_figure_allegro)->Name("formats/figure_draw_rle_sprite_allegro")->DenseRange(kDrawn, kNoise);
+#endif
+
+void write_pcx(benchmark::State &state) {
+    const IndexedPicture shown = picture(static_cast<Kind>(state.range(0)));
+    const std::string file = std::filesystem::temp_directory_path() / "ink-bench.pcx";
+    for (auto _ : state) PCX_save_file(file.c_str(), 0, 0, kWidth, kHeight, shown.pixels.data(), kWidth, 0);
+    std::filesystem::remove(file);
+    state.SetLabel(name(static_cast<Kind>(state.range(0))));
+    count_pixels(state, kPixels);
+}
+BENCHMARK(write_pcx)->Name("formats/pcx_write_file")->DenseRange(kDrawn, kNoise);
+
+#if defined(HAS_FLIC_PEER)
+void write_pcx_libavcodec(benchmark::State &state) {
+    const IndexedPicture shown = picture(static_cast<Kind>(state.range(0)));
+    const std::string name_of_file = std::filesystem::temp_directory_path() / "ink-bench.pcx";
+    bench::PcxPeer peer(shown.pixels.data(), kWidth, kHeight);
+    for (auto _ : state) {
+        if (!peer.encode()) state.SkipWithError("refused");
+        std::FILE *file = std::fopen(name_of_file.c_str(), "wb");
+        std::fwrite(peer.packet().data, 1, static_cast<std::size_t>(peer.packet().size), file);
+        std::fclose(file);
+    }
+    std::filesystem::remove(name_of_file);
+    state.SetLabel(name(static_cast<Kind>(state.range(0))));
+    count_pixels(state, kPixels);
+}
+BENCHMARK(write_pcx_libavcodec)->Name("formats/pcx_write_file_libavcodec")->DenseRange(kDrawn, kNoise);
+#endif
+
 void read_pcx(benchmark::State &state) {
     IndexedPicture shown = picture(static_cast<Kind>(state.range(0)));
     const std::string file = std::filesystem::temp_directory_path() / "ink-bench.pcx";
@@ -194,6 +295,57 @@ BENCHMARK(play_frame_libavcodec)
     ->Arg(flic::DELTA_FLI)
     ->Arg(flic::DELTA_FLC)
     ->Arg(flic::FLI_COPY);
+#endif
+
+// A film from its opening to its last frame.
+std::vector<IndexedPicture> film_pictures() {
+    std::vector<IndexedPicture> pictures{picture(kDrawn)};
+    while (pictures.size() < 60) {
+        IndexedPicture now = pictures.back();
+        const IndexedPicture other = picture(kDrawn, static_cast<unsigned>(pictures.size()) + 1);
+        for (int y = 0; y < kHeight; ++y)
+            if ((y / 60 + static_cast<int>(pictures.size())) % 4 == 0)
+                std::copy(other.row(y) + 100, other.row(y) + 500, now.row(y) + 100);
+        pictures.push_back(now);
+    }
+    return pictures;
+}
+
+void play_film(benchmark::State &state) {
+    const std::string file = std::filesystem::temp_directory_path() / "ink-bench.flc";
+    ink::tool::write_bytes(file, flic::film(film_pictures(), 70));
+    Bytes screen(kPixels), palette(768);
+    for (auto _ : state) {
+        for (int left = FLIC_open_flic_file(file.c_str(), 0, screen.data()); left > 0; --left) {
+            if (FLIC_read_flic_data() != 0) state.SkipWithError("the film cannot be read");
+            FLIC_play_flic_frame();
+            FLIC_export_palette(palette.data());
+        }
+        FLIC_close_flic_file();
+    }
+    std::filesystem::remove(file);
+}
+BENCHMARK(play_film)->Name("formats/flic_film_of_60")->Unit(benchmark::kMicrosecond);
+
+#if defined(HAS_FLIC_PEER)
+// Its frames out of memory, the file already taken apart.
+void play_film_libavcodec(benchmark::State &state) {
+    const Bytes film = flic::film(film_pictures(), 70);
+    std::vector<Bytes> frames;
+    for (std::size_t at = 128; at < film.size();) {
+        const std::size_t size =
+            film[at] + 256u * film[at + 1] + 65536u * film[at + 2] + (std::size_t{film[at + 3]} << 24);
+        frames.emplace_back(&film[at], &film[at] + size);
+        at += size;
+    }
+    frames.pop_back();
+    for (auto _ : state) {
+        bench::FlicPeer peer(Bytes(film.begin(), film.begin() + 128), kWidth, kHeight);
+        for (const Bytes &frame : frames)
+            if (!peer.decode(frame)) state.SkipWithError("the frame is refused");
+    }
+}
+BENCHMARK(play_film_libavcodec)->Name("formats/flic_film_of_60_libavcodec")->Unit(benchmark::kMicrosecond);
 #endif
 
 }  // namespace

@@ -1,5 +1,6 @@
-# Compiler flags that every target of the project shares, as two interface targets: inkstone_warnings for all code,
-# inkstone_sanitizers for a build that looks for undefined behaviour and bad memory accesses.
+# Compiler flags that every target of the project shares, as interface targets: inkstone_warnings for all code,
+# inkstone_arithmetic for the same results everywhere, inkstone_sanitizers for a build that looks for undefined behaviour
+# and bad memory accesses.
 add_library(inkstone_warnings INTERFACE)
 if(NOT MSVC)
   target_compile_options(inkstone_warnings INTERFACE -Wall -Wextra -Wconversion -Wshadow
@@ -11,6 +12,23 @@ if(NOT MSVC)
   endif()
 endif()
 
+# Arithmetic that decides pixels and samples is rounded after every operation, to the precision of its type: no fused
+# multiplications and additions, which compilers for other processors make by themselves, and on 32-bit x86 no registers
+# of 80 bits.
+add_library(inkstone_arithmetic INTERFACE)
+if(NOT MSVC)
+  target_compile_options(inkstone_arithmetic INTERFACE -ffp-contract=off)
+  include(CheckCSourceCompiles)
+  check_c_source_compiles("
+    #if !defined(__i386__)
+    #error
+    #endif
+    int main(void) { return 0; }" INKSTONE_X86_32)
+  if(INKSTONE_X86_32)
+    target_compile_options(inkstone_arithmetic INTERFACE -msse2 -mfpmath=sse)
+  endif()
+endif()
+
 add_library(inkstone_sanitizers INTERFACE)
 if(INKSTONE_SANITIZE)
   set(flags -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
@@ -19,4 +37,4 @@ if(INKSTONE_SANITIZE)
 endif()
 
 add_library(inkstone_flags INTERFACE)
-target_link_libraries(inkstone_flags INTERFACE inkstone_warnings inkstone_sanitizers)
+target_link_libraries(inkstone_flags INTERFACE inkstone_warnings inkstone_arithmetic inkstone_sanitizers)

@@ -116,8 +116,12 @@ bool Game::running() const {
 
 void Game::fade_in(const Palette &palette) {
     target_ = palette;
-    PAL_fade_init(target_.data(), nullptr);
-    PAL_fade_effect(1);
+    // Less than half a second in 64 steps. A step of one tick would make it more than three.
+    PAL_fade_init(target_.data(), [] {
+        clear_time_delay();
+        wait_time_delay(6);
+    });
+    PAL_fade_effect(0);
 }
 
 void Game::fade_out() {

@@ -65,6 +65,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     commands = 0;
     saved.clear();
     start();
+    HOST_set_timer_resolution(1);
     HOST_set_timer(window, 1, 4);
     const bool loaded = MAC_load("script.mac") == 0;
     for (std::int32_t proc = -1; loaded && proc < 6; ++proc) MAC_driver(proc);

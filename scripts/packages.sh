@@ -5,13 +5,13 @@ say() { printf '\n== %s\n' "$*"; }
 # What building the library, the tools, the demo and its content takes.
 build_packages="g++ cmake ninja-build pkg-config libsdl2-dev libcli11-dev libfreetype-dev libpng-dev
   libimagequant-dev libgif-dev libsamplerate0-dev
-  xfonts-intl-chinese-big xfonts-base"
+  xfonts-intl-chinese xfonts-base"
 # What the tests take on top.
 test_packages="libgtest-dev imagemagick netpbm libavcodec-dev libavformat-dev libavutil-dev"
 # What continuous integration takes on top: the second compiler with its sanitizers and fuzzer, the formatter, a
 # display without a screen and a hand for it, and the peers of the benchmarks.
 ci_packages="clang-14 clang libclang-rt-14-dev clang-format-14 clang-format xvfb xauth xdotool x11-utils openbox
-  libbenchmark-dev liballegro4-dev liblua5.4-dev sox"
+  libbenchmark-dev liballegro4-dev liblua5.4-dev sox debootstrap"
 
 need_packages() {
     local missing="" package

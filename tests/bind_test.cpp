@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/allocation.h"
 #include "support/files.h"
 #include "support/guarded.h"
 
@@ -35,6 +36,13 @@ std::string archive(const std::vector<Entry> &entries, const std::string &conten
     return bytes + contents;
 }
 
+// So many bytes of which no two stretches are the same.
+std::string numbered(std::size_t size) {
+    std::string text;
+    while (text.size() < size) text += std::to_string(text.size()) += ',';
+    return text.substr(0, size);
+}
+
 // The file's bytes as BIND_open and BIND_read give them.
 std::string fetch(const std::string &from, std::string name) {
     std::int32_t offset = -1, size = -1;
@@ -50,7 +58,7 @@ std::string fetch(const std::string &from, std::string name) {
 
 TEST(Bind, BindsWhatTheListNames) {
     fs::create_directory("Sub");
-    const std::string long_file(128000, 'x');
+    const std::string long_file = numbered(128000);
     test::write_text("A.DAT", "0123456789");
     test::write_text("B.DAT", "bbbbb");
     test::write_text("Sub/Long.dat", long_file);
@@ -79,7 +87,9 @@ TEST(Bind, LeavesTheArchiveAloneUntilTheListIsRead) {
     test::write_text("a", "a");
     test::write_text("fifteen_letters", "15");
     std::ofstream("huge").close();
-    fs::resize_file("huge", (std::uint64_t{1} << 31) - 72);
+    fs::resize_file("huge", (std::uint64_t{1} << 31) - 72);  // one byte too many, and far more than that
+    std::ofstream("vast").close();
+    fs::resize_file("vast", (std::uint64_t{1} << 32) + 5);
     const struct {
         std::string list, log;
     } rows[] = {
@@ -88,6 +98,8 @@ TEST(Bind, LeavesTheArchiveAloneUntilTheListIsRead) {
         {" a\n", "BIND element file  a open error\n"},
         {"fifteen_letters\nsixteen__letters\n", "BIND element file sixteen__letters name too long\n"},
         {"huge\na\n", "BIND file out.bnd too large\n"},
+        {"vast\n", "BIND file out.bnd too large\n"},
+        {"a\nOUT.BND\n", "BIND element file OUT.BND open error\n"},  // it cannot hold itself
     };
     for (const auto &row : rows) {
         test::write_text("list", row.list);
@@ -96,12 +108,55 @@ TEST(Bind, LeavesTheArchiveAloneUntilTheListIsRead) {
         EXPECT_EQ(test::read_text("out.bnd"), "before");
         EXPECT_EQ(test::take_log(), row.log);
     }
-    EXPECT_EQ(BIND_bind_file("out.bnd", "no_list"), -1);
-    EXPECT_EQ(test::take_log(), "LIST file no_list open error\n");
     test::write_text("list", "a\n");
-    EXPECT_EQ(BIND_bind_file("no/out.bnd", "list"), -1);
-    EXPECT_EQ(BIND_bind_file("/dev/full", "list"), -1);
-    EXPECT_EQ(test::take_log(), "file no/out.bnd open error\nfile /dev/full write error\n");
+    const struct {
+        const char *archive, *list;
+        std::string log;
+    } failures[] = {{"out.bnd", "no_list", "LIST file no_list open error\n"},
+                    {"out.bnd", nullptr, "LIST file  open error\n"},
+                    {"no/out.bnd", "list", "file no/out.bnd open error\n"},
+                    {nullptr, "list", "file  open error\n"},
+                    {"/dev/full", "list", "file /dev/full write error\n"}};
+    for (const auto &[to, list, log] : failures) {
+        EXPECT_EQ(BIND_bind_file(to, list), -1);
+        EXPECT_EQ(test::take_log(), log);
+    }
+    EXPECT_EQ(test::read_text("out.bnd"), "before");
+}
+
+// Whatever allocation fails, each function gives its failure result with one line, or does without.
+TEST(Bind, BearsExhaustedMemory) {
+    test::write_text("list", "a\nanother\n");
+    test::write_text("a", "aa");
+    test::write_text("another", "bbb");
+    const std::string directory = archive({{"a", 72, 2}, {"another", 74, 3}}, "");
+    std::int32_t result = 0, offset = 0, size = 0;
+    const auto failed = [&result](std::int32_t expected, const std::string &log) {
+        EXPECT_EQ(result, log.empty() ? 0 : expected);
+        EXPECT_LE(std::count(log.begin(), log.end(), '\n'), 1) << log;
+    };
+    bool is_begun = false;
+    test::fail_each_allocation(
+        [&] { result = BIND_bind_file("a.bnd", "list"); },
+        [&] {
+            const std::string log = test::take_log();
+            failed(-1, log);
+            is_begun = is_begun || (log == "memory alloc error\n" && test::read_text("a.bnd") == directory);
+        });
+    EXPECT_TRUE(is_begun);  // the buffer for the contents is the last that is asked for
+    EXPECT_EQ(test::read_text("a.bnd"), directory + "aabbb");
+    char name[] = "another";
+    test::fail_each_allocation([&] { result = BIND_open("a.bnd", name, &offset, &size); },
+                               [&] { failed(-2, test::take_log()); });
+    EXPECT_EQ(std::pair(offset, size), std::pair(74, 3));
+    std::uint8_t bytes[3];
+    test::fail_each_allocation([&] { result = BIND_read("a.bnd", 74, 3, bytes); },
+                               [&] { failed(-2, test::take_log()); });
+    std::string lines;
+    test::fail_each_allocation([&] { result = BIND_chop_file("a.bnd", nullptr); },
+                               [&] { lines += test::take_log(); });
+    EXPECT_NE(lines.find("memory alloc error\n"), lines.npos);
+    EXPECT_EQ(test::read_text("another"), "bbb");
 }
 
 TEST(Bind, FindsAndReadsByName) {
@@ -126,6 +181,21 @@ TEST(Bind, FindsAndReadsByName) {
               "File TWO.D{T not in BIND file x.bnd \nFile no.bnd open error\n"
               "File two not in BIND file none.bnd \nFile no.bnd open error\n");
 
+    EXPECT_EQ(BIND_open("x.bnd", nullptr, &offset, &size), -2);
+    EXPECT_EQ(BIND_open("x.bnd", name, nullptr, &size), -2);
+    EXPECT_EQ(test::take_log(), "File  not in BIND file x.bnd \n");
+    EXPECT_STREQ(name, "TWO.D{T");
+
+    // Of a directory that is read in several pieces.
+    std::vector<Entry> many;
+    for (std::uint32_t i = 0; i < 3000; ++i) many.push_back({"n" + std::to_string(i), i, i % 7});
+    test::write_text("many.bnd", archive(many, ""));
+    for (const std::uint32_t i : {0u, 127u, 128u, 1023u, 1024u, 2999u}) {
+        std::string wanted = "N" + std::to_string(i);
+        EXPECT_EQ(BIND_open("many.bnd", wanted.data(), &offset, &size), 0) << i;
+        EXPECT_EQ(std::pair(offset, size), std::pair(static_cast<int>(i), static_cast<int>(i % 7)));
+    }
+
     // A stretch that is not all there, or none at all.
     test::Guarded to(4, 9);
     EXPECT_EQ(BIND_read("x.bnd", 100, 4, to), 0);
@@ -138,7 +208,7 @@ TEST(Bind, FindsAndReadsByName) {
 TEST(Bind, ChopsWhatItBound) {
     fs::create_directories("in/sub");
     fs::create_directories("out/SUB");
-    const std::string long_file(64000 + 1, 'y');
+    const std::string long_file = numbered(2 * 64000 + 1);
     test::write_text("in/A", "first");
     test::write_text("in/sub/B", long_file);
     test::write_text("in/EMPTY", "");
@@ -153,22 +223,33 @@ TEST(Bind, ChopsWhatItBound) {
     EXPECT_EQ(test::read_text("SUB/B"), long_file);
     EXPECT_TRUE(test::exists("EMPTY"));
     EXPECT_EQ(test::take_log(), "");
+    fs::remove("EMPTY");
+    fs::create_symlink("/dev/full", "SUB/B.LNK");
+    fs::remove("SUB/B");
+    fs::rename("SUB/B.LNK", "SUB/B");
+    EXPECT_EQ(BIND_chop_file("../in/all.bnd", nullptr), 0);
+    EXPECT_FALSE(test::exists("EMPTY"));  // a full disk ends it
     EXPECT_EQ(BIND_chop_file("missing", nullptr), 0);
-    EXPECT_EQ(test::take_log(), "file missing open error\n");
+    EXPECT_EQ(BIND_chop_file(nullptr, nullptr), 0);
+    EXPECT_EQ(test::take_log(), "file sub\\B write error\nfile missing open error\nfile  open error\n");
 }
 
 TEST(Bind, ChopsNothingOutsideTheDirectory) {
     fs::create_directory("here");
     fs::current_path("here");
-    std::vector<std::string> names = {"..\\bad", "../bad", "/bad",  "\\bad",      "c:\\bad",
-                                      "c:bad",   "no/bad", "a.bnd", ".\\..\\bad", "a\\.. \\bad",
-                                      "...",     "A.BND",  ""};
-    for (const std::string &name : names) {
+    // What leads outside, or to the archive itself, is passed over; what cannot be created ends it.
+    const std::vector<std::pair<std::string, bool>> names = {
+        {"..\\bad", true}, {"../bad", true}, {"/bad", true},       {"\\bad", true},
+        {"c:\\bad", true}, {"c:bad", true},  {".\\..\\bad", true}, {"a\\.. \\bad", true},
+        {"...", true},     {"A.BND", true},  {"", true},           {"no/bad", false}};
+    for (const auto &[name, goes_on] : names) {
         test::write_text("a.bnd", archive({{"good", 96, 1}, {name, 96, 1}, {"late", 96, 1}}, "!"));
         EXPECT_EQ(BIND_chop_file("a.bnd", nullptr), 0);
         EXPECT_EQ(test::take_log(), std::string("file ").append(name).append(" open error\n"));
         EXPECT_EQ(test::read_text("good"), "!");
+        EXPECT_EQ(test::read_text("late"), goes_on ? "!" : "") << name;
         fs::remove("good");
+        fs::remove("late");
         EXPECT_EQ(test::read_text("a.bnd").size(), 97u) << name;
         EXPECT_EQ(std::distance(fs::directory_iterator("."), {}), 1) << name;
         EXPECT_EQ(std::distance(fs::directory_iterator(".."), {}), 1) << name;
@@ -182,12 +263,12 @@ TEST(Bind, ChopsDamagedArchivesAsFarAsTheyGo) {
     EXPECT_EQ(BIND_chop_file("a.bnd", nullptr), 0);
     EXPECT_EQ(test::read_text("cut"), " half an entry");
     EXPECT_TRUE(test::exists("gone"));
-    // Entries that share contents may not make more of the archive than it is.
+    // Entries may share contents, but make no more than 64 times the archive of it, here of 8000 bytes.
     std::vector<Entry> entries;
-    for (int i = 0; i < 100; ++i) entries.push_back({std::string("f").append(std::to_string(i)), 0, 4000});
-    test::write_text("b.bnd", archive(entries, std::string(5600, 'z')));
+    for (int i = 0; i < 130; ++i) entries.push_back({std::string("f").append(std::to_string(i)), 4000, 4000});
+    test::write_text("b.bnd", archive(entries, std::string(8000 - 24 - 130 * 24, 'z')));
     EXPECT_EQ(BIND_chop_file("b.bnd", nullptr), 0);
-    EXPECT_TRUE(test::exists("f1"));
-    EXPECT_FALSE(test::exists("f2"));
-    EXPECT_EQ(test::take_log(), "file f2 open error\n");
+    EXPECT_EQ(test::read_text("f127").size(), 4000u);
+    EXPECT_FALSE(test::exists("f128"));
+    EXPECT_EQ(test::take_log(), "file f128 open error\n");
 }

@@ -5,6 +5,7 @@
 
 #include <random>
 
+#include "support/allocation.h"
 #include "support/files.h"
 
 using test::Bytes;
@@ -68,6 +69,8 @@ TEST(BitFile, DeliversOnesPastTheEnd) {
     EXPECT_EQ(BITIO_input_bits(file, 12), 0xABFu);
     EXPECT_EQ(BITIO_input_bits(file, 4), 0xFu);
     EXPECT_EQ(file->byte_count, 2);
+    for (const int count : {0, -1, 33, INT32_MIN}) EXPECT_EQ(BITIO_input_bits(file, count), 0u);
+    EXPECT_EQ(file->byte_count, 2);
     EXPECT_EQ(BITIO_input_bits(file, 12), 0xCDFu);
     EXPECT_EQ(test::take_log(), "BITIO_input_bits error\n");
     EXPECT_EQ(file->bit_buffer, -1);
@@ -76,6 +79,7 @@ TEST(BitFile, DeliversOnesPastTheEnd) {
     EXPECT_EQ(BITIO_input_bit(file), 1);
     EXPECT_EQ(BITIO_input_bits(file, 15), 0x7FFFu);
     EXPECT_EQ(test::take_log(), "BITIO_input_bit error\nBITIO_input_bits error\n");
+    EXPECT_EQ(file->byte_count, 6);  // three of them missed
     BITIO_close_input_bit_file(file);
 }
 
@@ -91,13 +95,43 @@ TEST(BitFile, TriesAByteAgainThatCouldNotBeWritten) {
     EXPECT_EQ(test::take_log(), "BITIO_close_output_bit_file error\n");
 }
 
+TEST(BitFile, TellsOfAFullDiskWhenItIsClosed) {
+    for (const int bits : {3, 8, 800}) {
+        BIT_FILE_STRUCT *file = BITIO_open_output_bit_file("/dev/full");
+        for (int i = 0; i < bits; ++i) BITIO_output_bit(file, 1);
+        EXPECT_EQ(test::take_log(), "") << bits;
+        BITIO_close_output_bit_file(file);
+        EXPECT_EQ(test::take_log(), "BITIO_close_output_bit_file error\n") << bits;
+    }
+}
+
 TEST(BitFile, RefusesQuietly) {
     EXPECT_EQ(BITIO_open_input_bit_file("missing"), nullptr);
     EXPECT_EQ(BITIO_open_output_bit_file("missing/file"), nullptr);
+    EXPECT_EQ(BITIO_open_input_bit_file(nullptr), nullptr);
+    EXPECT_EQ(BITIO_open_output_bit_file(nullptr), nullptr);
     BITIO_output_bits(nullptr, 1, 1);
     EXPECT_EQ(BITIO_input_bits(nullptr, 1), 0u);
     BITIO_close_input_bit_file(nullptr);
     BITIO_close_output_bit_file(nullptr);
+    // Without memory a file that is there keeps its contents.
+    test::write_file("a_name_of_more_than_fifteen_letters", {1, 2});
+    BIT_FILE_STRUCT *file = nullptr;
+    const std::size_t allocations = test::fail_each_allocation(
+        [&file] {
+            BITIO_close_input_bit_file(file);
+            file = BITIO_open_input_bit_file("a_name_of_more_than_fifteen_letters");
+        },
+        [&file] { EXPECT_EQ(file, nullptr); });
+    EXPECT_GT(allocations, 1u);
+    BITIO_close_input_bit_file(file);
+    file = nullptr;
+    for (std::size_t i = 0; file == nullptr; ++i) {
+        EXPECT_EQ(test::read_file("a_name_of_more_than_fifteen_letters"), (Bytes{1, 2}));
+        test::FailingAllocation failing(i);
+        file = BITIO_open_output_bit_file("a_name_of_more_than_fifteen_letters");
+    }
+    BITIO_close_output_bit_file(file);
     EXPECT_EQ(test::take_log(), "");
 }
 
@@ -105,7 +139,8 @@ TEST(BitFile, PrintsBinaryDigits) {
     std::FILE *file = std::fopen("digits", "wb");
     BITIO_file_print_binary(file, 5, 4);
     BITIO_file_print_binary(file, 0x80000001, 32);
-    BITIO_file_print_binary(file, 1, 0);
+    for (const int count : {0, -1, 33}) BITIO_file_print_binary(file, 1, count);
+    BITIO_file_print_binary(nullptr, 1, 1);
     std::fclose(file);
     EXPECT_EQ(test::read_text("digits"),
               "0101"

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/allocation.h"
 #include "support/blocks.h"
 #include "support/guarded.h"
 
@@ -14,13 +15,13 @@ struct Frame {
     Bytes block;
 };
 
-// A file with anchor (10, -5), its frame offsets and then its frames, which may all be one.
+// A file with anchor (-10, 5), its frame offsets and then its frames, which may all be one.
 Bytes can_file(const std::vector<Frame> &frames, std::size_t repeated = 1) {
     Bytes file(12, 0x55), records;
     const std::size_t count = frames.size() * repeated;
     put(file, count, 4);
-    put(file, 10, 2);
-    put(file, -5, 2);
+    put(file, -10, 2);
+    put(file, 5, 2);
     for (const Frame &frame : frames) {
         for (std::size_t i = 0; i < repeated; ++i) put(file, 20 + 4 * count + records.size(), 4);
         put(records, frame.x, 2);
@@ -32,61 +33,73 @@ Bytes can_file(const std::vector<Frame> &frames, std::size_t repeated = 1) {
     return file;
 }
 
+// The last stands beyond 64 KiB, and its code is longer than that.
+const Bytes kNoise(70000, 7);
 const std::vector<Frame> kFrames = {{-3, 7, compressed_block(3, 2, {0xC3, 9, 1, 2, 3})},
                                     {32767, -32768, compressed_block(2, 1, {}, 1)},
-                                    {0, 0, compressed_block(1, 2, {0xC1, 0xFE, 4})}};
-const Bytes kImages[] = {{3, 0, 2, 0, 9, 9, 9, 1, 2, 3}, {2, 0, 1, 0, 0, 0}, {1, 0, 2, 0, 0xFE, 4}};
-const std::pair<int, int> kPositions[] = {{7, 2}, {32777, -32773}, {10, -5}};
+                                    {0, 0, compressed_block(700, 100, kNoise)},
+                                    {0, 1, compressed_block(1, 2, {0xC1, 0xFE, 4})}};
+const Bytes kImages[] = {
+    {3, 0, 2, 0, 9, 9, 9, 1, 2, 3}, {2, 0, 1, 0, 0, 0}, image_block(700, 100, kNoise), {1, 0, 2, 0, 0xFE, 4}};
+const std::pair<int, int> kPositions[] = {{-13, 12}, {32757, -32763}, {-10, 5}, {-10, 6}};
 
 TEST(Can, ReadsAnAnimationAndItsFramesAlone) {
     std::filesystem::create_directory("art");
     write_file("art/hand.can", can_file(kFrames));
     ANI_DATA_STRUCT *head = nullptr;
-    ASSERT_EQ(3, CAN_read_file("ART\\HAND.CAN", &head, nullptr));
+    ASSERT_EQ(4, CAN_read_file("ART\\HAND.CAN", &head, nullptr));
     EXPECT_TRUE(head->x == 0 && head->y == 0 && head->image == nullptr && head->prev == nullptr);
     const ANI_DATA_STRUCT *record = head;
-    for (int i = 0; i < 3; ++i) {
+    for (int i = 0; i < 4; ++i) {
         ASSERT_EQ(record, record->next->prev);
         record = record->next;
         EXPECT_EQ(kImages[i], Bytes(record->image, record->image + kImages[i].size()));
         EXPECT_EQ(kPositions[i], std::pair(record->x, record->y));
         Guarded image(kImages[i].size());
         std::pair<std::int32_t, std::int32_t> position;
-        EXPECT_EQ(3, CAN_read_frame("Art/hand.can", i, &position.first, &position.second, image, nullptr));
+        EXPECT_EQ(4, CAN_read_frame("Art/hand.can", i, &position.first, &position.second, image, nullptr));
         EXPECT_EQ(kImages[i], image.contents());
         EXPECT_EQ(kPositions[i], position);
     }
     EXPECT_EQ(nullptr, record->next);
     ANI_free_ani(head);
     ANI_free_ani(nullptr);
-    for (const int index : {-1, 3})
-        EXPECT_EQ(-1, CAN_read_frame("art/hand.can", index, nullptr, nullptr, nullptr, nullptr));
+    std::int32_t x = 0, y = 0;
+    for (const int index : {-1, 4})
+        EXPECT_EQ(-1, CAN_read_frame("art/hand.can", index, &x, &y, nullptr, nullptr));
+    EXPECT_EQ(-1, CAN_read_frame("art/hand.can", 0, &x, nullptr, nullptr, nullptr));
+    EXPECT_EQ(-1, CAN_read_file("art/hand.can", nullptr, nullptr));
     EXPECT_EQ("", take_log());
 }
 
 TEST(Can, BrokenFramesAreBlankAndHostileFilesRefused) {
     const std::string bad_image = "Compress image format error\n",
                       no_memory = "Memory alloc error:CAN_read_file\n";
-    std::vector<Frame> renamed = kFrames, cut = kFrames, huge = kFrames;
+    std::vector<Frame> renamed = kFrames, cut = kFrames, huge = kFrames, empty = kFrames;
     renamed[1].block = compressed_block(2, 1, {5, 6}, 0, "Cimx");
     cut[1].block = compressed_block(2, 1, {5});
+    empty[1].block.clear();
     huge[1].block = compressed_block(65535, 65535, {0xFF, 1});
     Bytes past_end = can_file(kFrames), many = past_end, none = past_end;
-    past_end[25] = 0x7F;  // frame 1's offset
-    many[14] = 1;         // 65539 frames
+    past_end[27] = 0x7F;  // frame 1's offset
+    many[14] = 1;         // 65540 frames
     none[15] = 0x80;      // fewer than 0
     const struct {
         Bytes file;
         int result;
         std::string log;
         Bytes second;  // the image of frame 1
-    } cases[] = {{can_file(renamed), 3, bad_image, {2, 0, 1, 0, 0, 0}},
-                 {can_file(cut), 3, "", {2, 0, 1, 0, 5, 0}},
-                 {past_end, 3, bad_image, {0, 0, 0, 0}},
+    } cases[] = {{can_file(renamed), 4, bad_image, {2, 0, 1, 0, 0, 0}},
+                 {can_file(cut), 4, "", {2, 0, 1, 0, 5, 0}},
+                 {can_file(empty), 4, bad_image, {0, 0, 0, 0}},
+                 {past_end, 4, bad_image, {0, 0, 0, 0}},
+                 // Whole screens that share one record are sound, and so are those that have no code.
+                 {can_file({{0, 0, compressed_block(640, 480, Bytes(300000, 7))}}, 110), 110, "", {128, 2}},
+                 {can_file({{0, 0, compressed_block(640, 480, {}, 1)}}, 300), 300, "", {128, 2}},
                  {can_file(huge), -1, no_memory, {}},
                  {can_file({{0, 0, compressed_block(300, 300, {0xFF, 1})}}, 50000), -1, no_memory, {}},
                  {many, -1, "ERROR : memory alloc error:CAN_read_file\n", {}},
-                 {none, -2147483645, "", {}},
+                 {none, -2147483644, "", {}},
                  {{1, 2, 3}, 0, "", {}}};
     for (const auto &[file, result, log, second] : cases) {
         write_file("a.can", file);
@@ -112,12 +125,42 @@ TEST(Can, BrokenFramesAreBlankAndHostileFilesRefused) {
     EXPECT_EQ(-1, read_frame("many.can"));
     EXPECT_EQ(Bytes(4, 0xEE), image.contents());
     write_file("a.can", can_file(renamed));
-    EXPECT_EQ(3, read_frame("a.can"));
-    EXPECT_EQ(Bytes(4), image.contents());
+    EXPECT_EQ(4, read_frame("a.can"));
+    EXPECT_EQ(Bytes(4, 0xEE), image.contents());
+    EXPECT_EQ(std::pair(x, y), kPositions[1]);
     EXPECT_EQ(
         "CAN file art\\none.can open error:CAN_read_frame\nERROR : memory alloc error(CAN_read_frame)\n" +
             bad_image,
         take_log());
+}
+
+TEST(Can, ExhaustedMemoryLeavesNothingBehind) {
+    write_file("a.can", can_file(kFrames));
+    ANI_DATA_STRUCT *head = nullptr;
+    std::int32_t result = 0, x = 0, y = 0;
+    std::string lines;  // each once
+    const auto failed = [&] {
+        const std::string log = take_log();
+        EXPECT_EQ(-1, result);
+        EXPECT_EQ(nullptr, head);
+        if (lines.find(log) == lines.npos) lines += log;
+    };
+    fail_each_allocation(
+        [&] {
+            ANI_free_ani(head);
+            result = CAN_read_file("a.can", &head, nullptr);
+        },
+        failed);
+    ASSERT_EQ(4, result);
+    ANI_free_ani(head);
+    head = nullptr;
+    Guarded image(kImages[2].size());
+    fail_each_allocation([&] { result = CAN_read_frame("a.can", 2, &x, &y, image, nullptr); }, failed);
+    EXPECT_EQ(kImages[2], image.contents());
+    EXPECT_EQ(
+        "Memory alloc error:CAN_read_file\nERROR : memory alloc error:CAN_read_file\n"
+        "ERROR : memory alloc error(CAN_read_frame)\n",
+        lines);
 }
 
 }  // namespace

@@ -9,12 +9,14 @@
 #include "inkstone/host.h"
 #include "inkstone/runtime.h"
 #include "inkstone/timer.h"
+#include "support/allocation.h"
 #include "support/calls.h"
 #include "support/sound.h"
 
 namespace {
 
 using test::Bytes;
+using test::operator+;
 
 constexpr int kSector = 588;
 
@@ -127,25 +129,71 @@ TEST(CdAudio, SheetIsLaidOutAsADriveSeesIt) {
     EXPECT_EQ(CDROM_stop(), -1);
 }
 
+// Tracks in files of their own: a wave file, one of the bare sectors that ends with the next track's gap, and
+// a wave file whose last sector is not whole.
+TEST(CdAudio, TracksLieInFilesOfTheirOwn) {
+    const Bytes whole = image(30);
+    const auto part = [&](int first, int sectors) {
+        return Bytes(whole.begin() + first * 2352, whole.begin() + (first + sectors) * 2352);
+    };
+    Bytes last = part(20, 10);
+    last.resize(last.size() - 4 * 500);
+    test::write_file(
+        "one.wav", test::riff(test::chunk("LIST", Bytes(77)) + test::chunk("fmt ", test::pcm(2, 44100, 16)) +
+                              test::chunk("data", part(0, 8)) + test::chunk("id3 ", Bytes(9000, 1))));
+    test::write_file("two.bin", part(8, 12));
+    test::write_file("three.wav", test::wave(2, 44100, 16, last));
+    test::write_text("disc.cue",
+                     "FILE ONE.WAV WAVE\nTRACK 01 AUDIO\nINDEX 01 00:00:00\n"
+                     "FILE two.bin BINARY\nTRACK 02 AUDIO\nPREGAP 00:00:02\nINDEX 01 00:00:00\n"
+                     "TRACK 03 AUDIO\nINDEX 00 00:00:09\nFILE three.wav WAVE\nINDEX 01 00:00:00\n");
+    ASSERT_EQ(HOST_insert_disc("disc.cue"), 0);
+    CDROM_open();
+    ASSERT_EQ(CDROM_total(), 3);
+    EXPECT_EQ(CDROM_track_time(1), time(0, 0, 12));
+    EXPECT_EQ(CDROM_track_time(2), time(0, 0, 10));
+    const std::vector<int> sectors[] = {{1, 2, 3, 4, 5, 6, 7, 8, 0},
+                                        {9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20, 0},
+                                        {21, 22, 23, 24, 25, 26, 27, 28, 29, 30, 0}};
+    for (std::int32_t track = 0; track < 3; ++track) {
+        CDROM_play(track);
+        EXPECT_EQ(sectors_heard(15), sectors[track]) << track;
+    }
+    CDROM_close();
+    // Every file is there, is used and is what the sheet says.
+    const std::string track = "TRACK 01 AUDIO\nINDEX 01 00:00:00\n";
+    test::write_file("slow.wav", test::wave(2, 22050, 16, part(0, 2)));
+    for (const char *files : {"FILE two.bin WAVE\n", "FILE slow.wav WAVE\n", "FILE one.wav MP3\n",
+                              "FILE one.wav BINARY\nFILE two.bin BINARY\n"}) {
+        test::write_text("disc.cue", files + track);
+        EXPECT_EQ(HOST_insert_disc("disc.cue"), -2) << files;
+    }
+    for (const char *more :
+         {"FILE two.bin BINARY\n", "FILE none.bin BINARY\nTRACK 02 AUDIO\nINDEX 01 00:00:00\n",
+          "FILE three.wav WAVE\nTRACK 02 MODE1/2352\nINDEX 01 00:00:00\n"}) {
+        test::write_text("disc.cue", "FILE one.wav WAVE\n" + track + more);
+        EXPECT_EQ(HOST_insert_disc("disc.cue"), -2) << more;
+    }
+}
+
+TEST(CdAudio, InsertsADiscOrFailsWhateverMemoryThereIs) {
+    insert_three();
+    std::int32_t result = 0;
+    const std::size_t count = test::fail_each_allocation([&] { result = HOST_insert_disc("disc.cue"); },
+                                                         [&] { EXPECT_EQ(result, -2); });
+    EXPECT_EQ(result, 0);
+    EXPECT_GT(count, 4U);
+}
+
 TEST(CdAudio, SheetsThatAreNoneAreRefused) {
     const std::string file = "FILE disc.bin BINARY\n", two = "TRACK 02 AUDIO\n";
     insert_three();
     for (const std::string &sheet :
-         {std::string(),
-          kOne,
-          "FILE none.bin BINARY\n" + kOne,
-          "FILE disc.bin WAVE\n" + kOne,
-          file + file + kOne,
-          file,
-          file + "INDEX 01 00:00:00\n" + kOne,
-          file + two + "INDEX 01 00:00:00\n",
-          file + kOne + two,
-          file + "TRACK 01 AUDIO\nINDEX 00 00:00:00\n",
+         {std::string(), kOne, "FILE none.bin BINARY\n" + kOne, file, file + "INDEX 01 00:00:00\n" + kOne,
+          file + two + "INDEX 01 00:00:00\n", file + kOne + two, file + "TRACK 01 AUDIO\nINDEX 00 00:00:00\n",
           file + "TRACK 01 AUDIO\n" + two + "INDEX 01 00:00:00\n",
-          file + "TRACK 01 VIDEO\nINDEX 01 00:00:00\n",
-          file + "TRACK 01 AUDIO\nINDEX 01 00:00:75\n",
-          file + "TRACK 01 AUDIO\nINDEX 01 4294967296:00:00\n",
-          file + "TRACK 01 AUDIO\nINDEX 01 00:00\n",
+          file + "TRACK 01 VIDEO\nINDEX 01 00:00:00\n", file + "TRACK 01 AUDIO\nINDEX 01 00:00:75\n",
+          file + "TRACK 01 AUDIO\nINDEX 01 4294967296:00:00\n", file + "TRACK 01 AUDIO\nINDEX 01 00:00\n",
           file + "TRACK 01 AUDIO\nINDEX 01 00:01:00\n",  // beyond the file, as the last but one
           file + kOne + two + "INDEX 00 00:00:10\nINDEX 01 00:00:05\n",
           file + "TRACK 01 AUDIO\nINDEX 01 00:00:20\n" + two + "INDEX 01 00:00:10\n",
@@ -244,6 +292,39 @@ TEST(CdAudio, PauseAndPlayTime) {
     EXPECT_EQ(CDROM_pause(), -1);
     EXPECT_EQ(CDROM_loop(), 0);
     EXPECT_EQ(CDROM_loop(), -1);
+    // Minutes: a track of 3 minutes, 7 seconds and 15 frames, nearly all of it silence.
+    ASSERT_EQ(
+        insert(kOne + "TRACK 02 AUDIO\nPREGAP 03:07:05\nINDEX 01 00:00:10\nPOSTGAP 61:00:00\n", image(20)),
+        0);
+    CDROM_total();
+    EXPECT_EQ(CDROM_track_time(1), time(61, 0, 10));
+    test::record_calls();
+    CDROM_play(0);
+    SetTimerTick(13, (2 * 60 + 5) * 18 + 9);
+    CDROM_pause();
+    EXPECT_EQ(CDROM_now_time(), time(2, 5, 50));
+    CDROM_resume();
+    const test::Calls calls = test::take_calls();
+    EXPECT_EQ(calls[1], "play_disc 1:0:0:0 1:3:7:15");
+    EXPECT_EQ(calls.back(), "play_disc 1:2:5:50 1:3:7:15");
+    SetTimerTick(13, 100000);
+    EXPECT_EQ(CDROM_now_time(), time(3, 7, 11));  // 2 of 18 ticks
+}
+
+// Ten seconds of music are ten seconds on its clock.
+TEST(CdAudio, PlayTimeKeepsStepWithTheMusic) {
+    ASSERT_EQ(insert(kOne, image(75 * 12)), 0);
+    SetupTimerProc(nullptr);
+    CDROM_open();
+    CDROM_total();
+    CDROM_play(0);
+    clear_time_delay();
+    wait_time_delay(10000);
+    EXPECT_EQ(CDROM_now_time() >> 8, 10U);
+    CDROM_pause();
+    CDROM_resume();
+    EXPECT_NEAR(sectors_heard(2).front(), 751, 8);
+    ExecQuitProc();
 }
 
 // Lets the track end and asks the list; the track that plays then, or -1.
@@ -267,7 +348,9 @@ TEST(CdAudio, TaskListGoesOnByItsType) {
     EXPECT_EQ(CDROM_check_task(), 0);  // still plays
     EXPECT_EQ(CDROM_exec_task(0), 0);  // goes on undisturbed
     EXPECT_EQ(sectors_heard(1), std::vector<int>{36});
+    test::record_calls();
     EXPECT_EQ(CDROM_exec_task(1), 0);
+    EXPECT_EQ(test::take_calls().front(), "stop_disc");
     EXPECT_EQ(sectors_heard(1), std::vector<int>{31});
     std::vector<std::int32_t> played;
     for (int i = 0; i < 5; ++i) played.push_back(next_task());
@@ -283,6 +366,11 @@ TEST(CdAudio, TaskListGoesOnByItsType) {
     EXPECT_EQ(CDROM_exec_task(1), 0);
     played = {CDROM_now_track(), next_task(), next_task(), next_task()};
     EXPECT_EQ(played, (std::vector<std::int32_t>{1, 1, 0, 0}));
+    // Emptied, the list begins with its first entry.
+    CDROM_clear_task();
+    for (const std::int32_t track : {1, 2}) CDROM_push_task(track);
+    CDROM_task_type(77);
+    EXPECT_EQ(next_task(), 1);
     HOST_eject_disc();
     EXPECT_EQ(CDROM_check_task(), 0);
 }
@@ -325,6 +413,32 @@ TEST(CdAudio, RefusalsOfTheDrive) {
         EXPECT_EQ(CDROM_close(), closes ? -1 : 0) << call;
     }
     EXPECT_EQ(test::take_log(), "");
+    // What is known after a command that failed.
+    open_three();
+    CDROM_play(1);
+    test::record_calls("stop_disc");
+    CDROM_pause();
+    HOST_observe(nullptr);
+    EXPECT_EQ(CDROM_pause(), -1);  // paused all the same
+    EXPECT_EQ(CDROM_resume(), 0);
+    test::record_calls("stop_disc");
+    CDROM_stop();
+    HOST_observe(nullptr);
+    EXPECT_EQ(CDROM_pause(), -1);  // stopped all the same
+    CDROM_play(1);
+    test::record_calls("play_disc");
+    CDROM_play(2);
+    test::take_calls();
+    CDROM_open();
+    EXPECT_EQ(CDROM_pause(), -1);  // nothing plays
+    EXPECT_EQ(CDROM_now_track(), 1);
+    EXPECT_EQ(CDROM_track_time(2), time(0, 0, 30));
+    test::record_calls("disc_track_count");
+    CDROM_total();
+    test::take_calls();
+    CDROM_open();
+    EXPECT_EQ(CDROM_track_time(2), 0U);  // the table was emptied
+    CDROM_close();
     open_three();
     CDROM_play(1);
     CDROM_pause();
@@ -351,6 +465,9 @@ TEST(CdAudio, DiscsOfManyTracks) {
         ASSERT_EQ(insert(tracks, image(300)), 0);
         CDROM_open();
         EXPECT_EQ(CDROM_total(), i == 256 ? 256 : -1);
+        if (i > 256) continue;
+        EXPECT_EQ(CDROM_play(255), 0);
+        EXPECT_EQ(sectors_heard(1), std::vector<int>{257});
     }
     EXPECT_EQ(CDROM_close(), -1);
 }

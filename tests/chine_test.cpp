@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "inkstone/lzss.h"
+#include "support/allocation.h"
 #include "support/files.h"
 #include "support/guarded.h"
 #include "support/literal_text.h"
@@ -191,7 +192,7 @@ TEST(Chine, StartsAfreshWithEachLoadButForOutlineAndWindow) {
     write_fonts();
     Guarded screen(640 * 480, 9), blank(640 * 480, 9);
     EXPECT_EQ(CHINE_init(0), 0);
-    CHINE_set_color(0, 50);
+    CHINE_set_color_pattern(0, noise()[0].data());
     CHINE_set_color(3, 60);
     CHINE_set_text_window(0, 0, 100, 100);
     CHINE_print16(0, 0, "~C1~Z1~D1~T1~O1", 1, screen);
@@ -200,19 +201,24 @@ TEST(Chine, StartsAfreshWithEachLoadButForOutlineAndWindow) {
     EXPECT_EQ(CHINE_init(0), 0);
     CHINE_print16(85, 0, "A", 1, screen);  // outside the window
     EXPECT_EQ(screen.contents(), blank.contents());
-    CHINE_set_color(0, 1);
-    CHINE_set_color(3, 2);
-    CHINE_print16(20, 20, "\xA4\x40", 1, screen);
     test::LiteralText model;
     model.screen = blank.contents();
     model.outline = true;
-    model.colours[0].fill(1);
-    model.colours[3].fill(2);
-    model.character(test::literal_glyph(&noise()[1][5495 * 32], 16, 16), 20, 20, 1);
-    EXPECT_EQ(screen.contents(), model.screen);
+    const auto small = test::literal_glyph(&noise()[1][5495 * 32], 16, 16),
+               large = test::literal_glyph(&noise()[3][5495 * 72], 24, 24);
+    for (const int colour : {0, 1}) {  // all colours are 0 until they are set
+        if (colour != 0) CHINE_set_color(0, colour), CHINE_set_color(3, 2);
+        model.colours[0].fill(std::uint8_t(colour));
+        model.colours[3].fill(std::uint8_t(2 * colour));
+        CHINE_print16(20, 20 + 50 * colour, "\xA4\x40", 1, screen);
+        CHINE_print24(50, 20 + 50 * colour, "\xA4\x40", 1, screen);
+        model.character(small, 20, 20 + 50 * colour, 1);
+        model.character(large, 50, 20 + 50 * colour, 1);
+        EXPECT_EQ(screen.contents(), model.screen);
+    }
 }
 
-TEST(Chine, PatternOfTheSmallerSizeIsCutOutOfTheLarger) {
+TEST(Chine, GradientRunsFromTopToBottomInBothSizes) {
     write_fonts();
     ASSERT_EQ(CHINE_init(0), 0);
     Bytes pattern(576);
@@ -225,6 +231,10 @@ TEST(Chine, PatternOfTheSmallerSizeIsCutOutOfTheLarger) {
     const Bytes rows = stored(1, 19781, 32);
     for (int row = 0; row < 16; ++row)
         EXPECT_EQ(screen.data()[row * 640], rows[std::size_t(2 * row)] & 0x80 ? row + 2 : 99);
+    CHINE_print24(0, 100, "\xFE\xFE", 1, screen);
+    const Bytes large = stored(3, 19781, 72);
+    for (int row = 0; row < 24; ++row)
+        EXPECT_EQ(screen.data()[(100 + row) * 640], large[std::size_t(3 * row)] & 0x80 ? row : 99);
 }
 
 TEST(Chine, SaysWhatIsMissing) {
@@ -240,16 +250,19 @@ TEST(Chine, SaysWhatIsMissing) {
     };
     EXPECT_TRUE(nothing_works());
     CHINE_free();
+    // In the order in which they are read.
     for (const char *missing : {"ASCII24.FON", "ASCII16.FON", "CHINE24.FON", "CHINE16.FON"}) {
-        write_fonts();
-        std::filesystem::remove(missing);
         EXPECT_EQ(CHINE_init(0), -2);
         EXPECT_EQ(test::take_log(), "File " + std::string(missing) + " open error\n");
         EXPECT_TRUE(nothing_works());
+        for (std::size_t i = 0; i < 4; ++i)
+            if (kNames[i] == std::string(missing)) test::write_file(missing, noise()[i]);
     }
-    for (const char *name : kNames) std::filesystem::remove(name);
-    EXPECT_EQ(CHINE_init(0), -2);
-    EXPECT_EQ(test::take_log(), "File ASCII24.FON open error\n");  // the first that is read
+    EXPECT_EQ(CHINE_init(0), 0);
+    std::filesystem::remove("CHINE24.FON");
+    EXPECT_EQ(CHINE_init(0), -2);  // the fonts that were there before are gone
+    EXPECT_EQ(test::take_log(), "File CHINE24.FON open error\n");
+    EXPECT_TRUE(nothing_works());
     write_fonts();
     EXPECT_EQ(CHINE_init(0), 0);
     EXPECT_TRUE(all_fonts_draw());
@@ -295,12 +308,41 @@ TEST(Chine, LoadsThePackAndRefusesBadOnes) {
     EXPECT_EQ(test::take_log(),
               "ERROR : file FONT.SCF open error(LZSS_expand_file)\nERROR : open file FONT.SCF error\n");
     std::filesystem::remove("FONT.SCF");
-    // No compressed pack: what expanding leaves is an empty one.
+    // No compressed pack: an older one that was expanded serves.
     std::filesystem::remove("FONT.LZF");
+    const std::string missing = "ERROR : file FONT.LZF open error(LZSS_expand_file)\n";
     EXPECT_EQ(CHINE_init(1), -2);
-    EXPECT_EQ(test::take_log(),
-              "ERROR : file FONT.LZF open error(LZSS_expand_file)\nERROR : total files 0 error\n");
-    EXPECT_FALSE(test::exists("FONT.SCF"));
+    EXPECT_EQ(test::take_log(), missing + "ERROR : open file FONT.SCF error\n");
+    test::write_file("FONT.SCF", whole_pack());
+    for (const std::int32_t mode : {2, 1}) {
+        EXPECT_EQ(CHINE_init(mode), 0);
+        EXPECT_EQ(test::take_log(), missing);
+        EXPECT_TRUE(all_fonts_draw());
+        EXPECT_EQ(test::exists("FONT.SCF"), mode == 2);
+    }
+}
+
+TEST(Chine, SurvivesEveryAllocationThatFails) {
+    write_fonts();
+    write_pack(whole_pack());
+    for (const std::int32_t mode : {0, 2}) {
+        std::int32_t result = 0;
+        const std::size_t allocations = test::fail_each_allocation(
+            [&] { result = CHINE_init(mode); },
+            [&] {
+                const std::string log = test::take_log();
+                EXPECT_EQ(result, -2);
+                EXPECT_TRUE(log.ends_with(" open error\n") || log.ends_with("R : memory alloc error\n") ||
+                            log.ends_with("memory alloc error in CHINE_init\n") ||
+                            log.ends_with("total files 0 error\n"))
+                    << log;
+                CHINE_print16(0, 0, "A", 0, nullptr);
+                EXPECT_EQ(test::take_log(), "CHINE not init\n");
+            });
+        EXPECT_GE(allocations, mode == 0 ? 4u : 1u);
+        EXPECT_TRUE(all_fonts_draw());
+        std::filesystem::remove("FONT.SCF");
+    }
 }
 
 TEST(Chine, DrawsWhatShortFontsLackAsBlank) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 #include "support/blocks.h"
 #include "support/guarded.h"
 
@@ -36,7 +38,7 @@ TEST(CompressedImage, FormsOfImagesBothWays) {
     };
     for (const auto &[width, height, pixels, code] : cases) {
         const Bytes image = image_block(width, height, pixels);
-        for (const unsigned type : {0u, 1u, 2u}) {
+        for (const unsigned type : {0u, 1u, 2u, 256u, 257u}) {
             Guarded to(16 + 2 * pixels.size());
             const Bytes block =
                 compressed_block(width, height, type == 1 ? Bytes() : code, static_cast<int>(type));
@@ -46,6 +48,45 @@ TEST(CompressedImage, FormsOfImagesBothWays) {
             const Bytes unfilled = image_block(width, height, Bytes(pixels.size(), 0xEE));
             EXPECT_EQ(type == 0 ? image : unfilled, expand(block));
         }
+    }
+}
+
+// Stretches of many lengths and colours beside the code as it is defined, a pixel at a time; then that code
+// cut short, and with a length stated that is far beyond the block.
+TEST(CompressedImage, DoesAsThePlainCoder) {
+    std::mt19937 random(1);
+    for (int i = 0; i < 200; ++i) {
+        const int width = i == 0 ? 400 : 1 + static_cast<int>(random() % 200),
+                  height = i == 0 ? 300 : 1 + i % 9;
+        const unsigned longest = i == 0 ? 1 : 1 + static_cast<unsigned>(random() % 150);
+        Bytes pixels, code;
+        while (pixels.size() < static_cast<std::size_t>(width * height))
+            pixels.resize(pixels.size() + 1 + random() % longest, static_cast<std::uint8_t>(random()));
+        pixels.resize(static_cast<std::size_t>(width * height));
+        for (int y = 0; y < height; ++y) {
+            const std::uint8_t *row = &pixels[static_cast<std::size_t>(y * width)];
+            for (int x = 0, n = 1; x < width; x += n) {
+                for (n = 1; x + n < width && n < 63 && row[x] == row[x + n];) ++n;
+                if (n > 1 || row[x] >= 0xC0) put(code, 0xC0 + n, 1);
+                put(code, row[x], 1);
+            }
+        }
+        const Bytes image = image_block(width, height, pixels);
+        Bytes block(16 + 2 * pixels.size()), expected = compressed_block(width, height, code);
+        block.resize(static_cast<std::size_t>(fnCompressImage(image.data(), block.data(), 0)));
+        ASSERT_EQ(expected, block) << i;
+        for (std::size_t at = 12; at < 15; ++at) expected[at] = 0xFF;
+        ASSERT_EQ(image, expand(Bytes(expected))) << i;  // a copy has no room behind it
+
+        code.resize(random() % code.size());
+        pixels.clear();
+        for (std::size_t at = 0; at < code.size(); ++at) {
+            const bool run = code[at] >= 0xC0;
+            const std::size_t count = run ? code[at++] & 0x3Fu : 1;
+            if (at < code.size()) pixels.insert(pixels.end(), count, code[at]);
+        }
+        pixels.resize(static_cast<std::size_t>(width * height), 0xEE);
+        ASSERT_EQ(image_block(width, height, pixels), expand(compressed_block(width, height, code))) << i;
     }
 }
 

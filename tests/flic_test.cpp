@@ -8,6 +8,7 @@
 #include "film/flic_film.h"
 #include "inkstone/can.h"
 #include "inkstone/pcx.h"
+#include "support/allocation.h"
 #include "support/files.h"
 #include "support/guarded.h"
 #if defined(HAS_FLIC_PEER)
@@ -54,9 +55,11 @@ std::vector<IndexedPicture> pictures(int count, int width, int height) {
 }
 
 TEST(Flic, EveryChunkTypeGivesThePicturesThatWereCoded) {
-    const int sizes[][3] = {{320, 200, 1}, {640, 480, 0}, {63, 41, 1}, {100, 480, 0}};
+    const int sizes[][3] = {{320, 200, 1}, {640, 480, 0}, {63, 41, 1}, {100, 480, 0}, {400, 300, 1}};
     for (const auto &[width, height, small] : sizes) {
-        const std::vector<IndexedPicture> expected = pictures(10, width, height);
+        std::vector<IndexedPicture> expected = pictures(10, width, height);
+        // A copy leaves no room for a palette beside it.
+        for (const std::size_t i : {3u, 8u}) expected[i].palette = expected[i - 1].palette;
         const IndexedPicture black{.width = width, .height = height};
         std::vector<Bytes> frames;
         for (std::size_t i = 0; i < expected.size(); ++i) {
@@ -67,7 +70,7 @@ TEST(Flic, EveryChunkTypeGivesThePicturesThatWereCoded) {
                 {chunk(COLOR_256, color_256(now)), chunk(BYTE_RUN, *byte_run(now))},
                 {chunk(DELTA_FLC, delta_flc(now, before)), chunk(COLOR_64, dim), chunk(PSTAMP, dim)},
                 {chunk(COLOR_64, dim), chunk(DELTA_FLI, *delta_fli(now, before))},
-                {chunk(FLI_COPY, copy(now)), chunk(COLOR_64, dim)},
+                {chunk(FLI_COPY, copy(now))},
                 {chunk(BLACK, {}), chunk(DELTA_FLC, delta_flc(now, black)),
                  chunk(COLOR_256, color_256(now))}};
             frames.push_back(frame(ways[i % 5]));
@@ -81,8 +84,9 @@ TEST(Flic, EveryChunkTypeGivesThePicturesThatWereCoded) {
         for (std::size_t i = 0; i < frames.size(); ++i) {
             ASSERT_EQ(0, next_frame());
             Bytes shown(screen.size());
-            for (int y = 0; y < height; ++y)
-                std::copy_n(expected[i].row(y), width, shown.begin() + y * (small ? 320 : 640));
+            const int row = small ? 320 : 640;
+            for (int y = 0; y < std::min(height, small ? 200 : 480); ++y)
+                std::copy_n(expected[i].row(y), std::min(width, row), shown.begin() + y * row);
             ASSERT_EQ(shown, screen.contents()) << "frame " << i << " of " << width;
             ASSERT_EQ(Bytes(expected[i].palette.begin(), expected[i].palette.end()), exported());
 #if defined(HAS_FLIC_PEER)
@@ -100,32 +104,46 @@ TEST(Flic, EveryChunkTypeGivesThePicturesThatWereCoded) {
     }
 }
 
-// Chunks on a film of 5 x 3 pixels in the corner of a screen of E's: nothing else of the screen may change.
+// Chunks of a film of so many columns and 3 rows in the corner of a screen of E's: nothing else may change.
 TEST(Flic, ChunksByHand) {
+    std::string words;
+    for (int i = 0; i < 128; ++i) words += "12";
+    Bytes far_left{1, 0, 2, 1};  // 258 packets that lead round to column -2
+    for (int i = 0; i < 256; ++i) put(far_left, Bytes{255, 0});
+    put(far_left, Bytes{254, 0, 0, 3, 1, 2, 3, 4, 5, 6});
     const struct {
-        int type;
+        int width, type;
         Bytes data;
-        const char *pixels;  // digits, or E where nothing is painted
+        std::vector<std::string> rows;  // digits, or E where nothing is painted, up to the last that is
     } cases[] = {
-        {BYTE_RUN, {1, 3, 7, 0, 2, 0xFE, 1, 2, 9, 8}, "777EEEEEEE12888"},
-        {BYTE_RUN, {2, 0, 9, 0xFB, 1, 2, 3}, "123EEEEEEEEEEEE"},
-        {DELTA_FLI, {1, 0, 5, 0, 1, 1, 2, 4, 5, 2, 0, 255, 6, 2, 128, 7, 1, 0, 1, 9}, "EEEEEE45EE6EE77"},
-        {DELTA_FLI, {255, 255, 2, 0, 1, 0, 1, 3, 1, 0, 1, 4}, "4EEEEEEEEEEEEEE"},
-        {DELTA_FLC, {1, 0, 254, 255, 1, 0, 1, 1, 3, 4}, "EEEEEEEEEEE34EE"},
-        {DELTA_FLC, {2, 0, 9, 128, 1, 0, 0, 253, 1, 2, 255, 255, 0, 0}, "12121EEEEEEEEEE"},
-        {DELTA_FLC, {1, 0, 255, 255, 255, 255, 9, 128, 0, 0}, "EEEEEEEEEEEEEE9"},
-        {DELTA_FLC, {9, 0, 240, 255, 1, 0, 0, 1, 5, 6}, "EEEEEEEEEEEEEEE"},
-        {FLI_COPY, {1, 2, 3, 4, 5, 6, 7}, "1234567EEEEEEEE"},
-        {PSTAMP, {1, 2, 3}, "EEEEEEEEEEEEEEE"}};
-    for (const auto &[type, data, pixels] : cases) {
+        {5, BYTE_RUN, {1, 3, 7, 0, 2, 0xFE, 1, 2, 9, 8}, {"777", "", "12888888888"}},
+        {5, BYTE_RUN, {2, 0, 9, 0xFB, 1, 2, 3}, {"123"}},
+        {5,
+         DELTA_FLI,
+         {1, 0, 5, 0, 1, 1, 2, 4, 5, 2, 0, 255, 6, 2, 128, 7, 1, 0, 1, 9},
+         {"", "E45", "6EE" + std::string(128, '7'), "9"}},
+        {5, DELTA_FLI, {255, 255, 2, 0, 1, 0, 1, 3, 1, 0, 1, 4}, {"4"}},
+        {5, DELTA_FLC, {1, 0, 254, 255, 1, 0, 1, 1, 3, 4}, {"", "", "E34"}},
+        {5, DELTA_FLC, {2, 0, 9, 128, 1, 0, 0, 255, 1, 2, 255, 255, 0, 0}, {"12EE9"}},
+        {5, DELTA_FLC, {1, 0, 1, 0, 2, 128, 1, 2}, {"EE" + words}},  // -128 words are 256 pixels
+        {5, DELTA_FLC, {1, 0, 255, 255, 255, 255, 9, 128, 0, 0}, {"", "", "EEEE9"}},
+        {5, DELTA_FLC, {9, 0, 56, 255, 1, 0, 0, 1, 5, 6}, {}},  // row 200
+        {320, DELTA_FLC, far_left, {"3456"}},
+        {0, DELTA_FLI, {2, 0, 1, 0, 1, 3, 253, 6}, {"", "", "EEE666"}},  // whatever size the film states
+        {0, FLI_COPY, {1, 2, 3}, {}},
+        {5, FLI_COPY, {1, 2, 3, 4, 5, 6, 7}, {"12345", "67"}},
+        {5, PSTAMP, {1, 2, 3}, {}}};
+    for (const auto &[width, type, data, rows] : cases) {
         Guarded screen(64000, 'E' - '0');
-        write_file("a.fli", film({frame({chunk(type, data)})}, 5, 3, 0));
+        write_file("a.fli", film({frame({chunk(type, data)})}, width, 3, 0));
         ASSERT_EQ(1, FLIC_open_flic_file("a.fli", 1, screen));
         ASSERT_EQ(0, next_frame());
         Bytes expected(64000, 'E' - '0');
-        for (std::size_t i = 0; i < 15; ++i)
-            expected[i / 5 * 320 + i % 5] = static_cast<std::uint8_t>(pixels[i] - '0');
-        EXPECT_EQ(expected, screen.contents()) << pixels;
+        for (std::size_t y = 0; y < rows.size(); ++y)
+            for (std::size_t x = 0; x < rows[y].size(); ++x)
+                expected[y * 320 + x] = static_cast<std::uint8_t>(rows[y][x] - '0');
+        EXPECT_EQ(expected, screen.contents()) << testing::PrintToString(data);
+        EXPECT_TRUE(screen.intact());
     }
 }
 
@@ -136,19 +154,25 @@ TEST(Flic, PalettesUnknownChunksAndBrokenSizes) {
     put(packets, Bytes{3, 2, 4, 8, 12, 16, 20, 24});  // entries 1 + 3 and on: a packet of all does not move
     no_size[0] = 0;
     write_file("a.flc", film({frame({chunk(COLOR_64, {2, 0, 1, 2, 1, 2, 3, 4, 5, 200, 254, 9, 7, 8, 9})}),
-                              frame({chunk(5, {1}), chunk(COLOR_256, packets)}), frame({no_size, {1, 2}})},
+                              frame({chunk(5, {1}), chunk(0x100 + BLACK, {}), chunk(COLOR_256, packets)}),
+                              // Two colours from 255 on, and one at 257: only the first is there.
+                              frame({chunk(COLOR_64, {2, 0, 255, 2, 11, 12, 13, 5, 5, 5, 0, 1, 6, 6, 6})}),
+                              frame({no_size, {1, 2}})},
                              640, 480));
     Guarded screen(307200, 1);
-    ASSERT_EQ(3, FLIC_open_flic_file("a.flc", 0, screen));
+    ASSERT_EQ(4, FLIC_open_flic_file("a.flc", 0, screen));
     const Bytes colours[] = {{44, 44, 44, 1, 2, 3, 4, 5, 200, 44, 44, 44, 44, 44, 44, 44},
                              {0, 63, 63, 63, 63, 63, 63, 63, 63, 63, 63, 63, 1, 2, 3, 4}};
     for (const Bytes &first : colours) {
         testing::internal::CaptureStdout();
         ASSERT_EQ(0, next_frame());
-        EXPECT_EQ(first[0] == 44 ? "" : "\a\a\a\a\a\n", testing::internal::GetCapturedStdout());
+        EXPECT_EQ(first[0] == 44 ? "" : "\a\a\a\a\a\n\a\a\a\a\a\n", testing::internal::GetCapturedStdout());
         palette = exported();
         EXPECT_EQ(first, Bytes(palette.begin(), palette.begin() + 16));
     }
+    ASSERT_EQ(0, next_frame());
+    std::copy_n(Bytes{11, 12, 13}.begin(), 3, palette.end() - 3);
+    EXPECT_EQ(palette, exported());
     EXPECT_EQ(Bytes(307200, 1), screen.contents());
     // A chunk that states no size is decoded, and is the last.
     ASSERT_EQ(0, next_frame());
@@ -158,27 +182,31 @@ TEST(Flic, PalettesUnknownChunksAndBrokenSizes) {
 
 TEST(Flic, FramesThatAreReadAndThoseThatAreNot) {
     const Bytes good = frame({chunk(BLACK, {})}), prefix = frame({chunk(9, {1, 2, 3})}, 0xF100);
-    const Bytes large = frame({chunk(PSTAMP, Bytes(1000))}), huge = frame({chunk(PSTAMP, Bytes(70000))});
-    Bytes no_size = prefix;
+    // A film of 4 x 4 has room for 528 bytes, and a frame needs 16 more than its own.
+    const Bytes largest = frame({chunk(PSTAMP, Bytes(490))}), too_large = frame({chunk(PSTAMP, Bytes(491))});
+    Bytes no_size = prefix, small = good;
     no_size[0] = 0;
+    small[0] = 15;
     const struct {
         std::vector<Bytes> frames;
         std::vector<int> results;
     } cases[] = {
         {{prefix, prefix, good, prefix, good}, {0, 0, -1, -1}},  // the last lacks 16 bytes, as all do
         {{good, frame({}, 0x1234), good}, {0, -1, -1}},
+        {{frame({}, 0x12FA), frame({}, 0xF134), frame({}, 0xFA12)}, {0, 0, -1}},
         {{no_size, good}, {-1}},
-        {{large, good}, {0, 0, -1}},  // larger than the picture, and really there
-        {{Bytes(large.begin(), large.end() - 1)}, {-1}},
-        {{huge}, {-1}},
+        {{small, good}, {-1}},  // which would come again for ever
+        {{largest, too_large}, {0, -1}},
+        {{Bytes(largest.begin(), largest.end() - 1)}, {0, -1}},
         {{}, {-1}}};
     Guarded screen(64000, 1);
     for (const auto &[frames, results] : cases) {
         write_file("a.flc", film(frames, 4, 4));
-        ASSERT_EQ(static_cast<int>(frames.size()), FLIC_open_flic_file("a.flc", 1, screen));
+        ASSERT_EQ(static_cast<int>(frames.size()), FLIC_open_flic_file("a.flc", -2, screen));
         for (const int result : results) EXPECT_EQ(result, FLIC_read_flic_data());
         EXPECT_EQ(0, FLIC_play_flic_frame());
     }
+    EXPECT_EQ(Bytes(64000, 1), screen.contents());  // a frame that was closed is not played
     // A file that cannot be opened leaves the one that plays alone.
     EXPECT_EQ("", take_log());
     write_file("a.flc", film({good}, 4, 4));
@@ -190,6 +218,57 @@ TEST(Flic, FramesThatAreReadAndThoseThatAreNot) {
     EXPECT_TRUE(screen.intact());
     FLIC_close_flic_file();
     EXPECT_EQ(-1, FLIC_read_flic_data());
+}
+
+// Films whose frames do not compress take one frame for the palette and one for the picture.
+TEST(Flic, FilmsOfNoiseArePlayed) {
+    for (const auto &[width, height] : {std::pair(320, 200), {301, 200}}) {
+        std::mt19937 random(1);
+        std::vector<IndexedPicture> shown(3, {.width = width, .height = height});
+        for (IndexedPicture &each : shown) {
+            for (std::uint8_t &pixel : each.pixels) pixel = static_cast<std::uint8_t>(random());
+            each.palette.fill(static_cast<std::uint8_t>(random() % 64));
+        }
+        shown[1].palette = shown[0].palette;
+        write_file("a.flc", ink::tool::flic::film(shown, 70));
+        Guarded screen(64000);
+        ASSERT_EQ(5, FLIC_open_flic_file("a.flc", 1, screen));
+        std::size_t next = 0;
+        for (int i = 0; i < 5; ++i) {
+            ASSERT_EQ(0, next_frame());
+            bool equal = exported()[0] == shown[next].palette[0];
+            for (int y = 0; y < height; ++y)
+                equal = equal &&
+                        std::equal(shown[next].row(y), shown[next].row(y) + width, screen.data() + 320 * y);
+            next += equal;
+        }
+        EXPECT_EQ(3u, next);
+        ASSERT_EQ(0, next_frame());  // behind the last stands the first again
+        EXPECT_EQ(shown[0].palette[0], exported()[0]);
+        EXPECT_EQ(-1, FLIC_read_flic_data());
+    }
+}
+
+TEST(Flic, ExhaustedMemoryClosesTheFilm) {
+    write_file("a_film_of_a_long_name.flc", film({frame({chunk(BLACK, {})})}, 4, 4));
+    Guarded screen(64000, 1);
+    std::int32_t opened = 0;
+    int read = 0;
+    fail_each_allocation(
+        [&] {
+            opened = FLIC_open_flic_file("a_film_of_a_long_name.flc", 1, screen);
+            read = FLIC_read_flic_data();
+        },
+        [&] {
+            EXPECT_EQ(-1, read);
+            EXPECT_EQ(opened == -1 ? "File a_film_of_a_long_name.flc open error\n" : "", take_log());
+            FLIC_close_flic_file();
+        });
+    EXPECT_EQ(1, opened);
+    EXPECT_EQ(0, read);
+    FLIC_close_flic_file();
+    EXPECT_EQ(-1, FLIC_open_flic_file(nullptr, 1, screen));
+    EXPECT_EQ("File  open error\n", take_log());
 }
 
 // What the tool makes of pictures is what the library reads.

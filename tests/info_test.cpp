@@ -4,7 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <string>
 
+#include "support/allocation.h"
 #include "support/files.h"
 
 namespace {
@@ -67,7 +69,8 @@ TEST(Info, ReadsLinesOfLimitedLength) {
     load(start + "B = 2" + std::string(1016, ' '));
     EXPECT_EQ(look_up("S", "B"), "");
     load(start + std::string("C = 3\0 D\nE = 5\n", 15));  // a text ends at a zero
-    EXPECT_EQ(look_up("S", "C") + look_up("S", "E"), "35");
+    EXPECT_EQ(look_up("S", "C"), "3");
+    EXPECT_EQ(look_up("S", "E"), "5");
 }
 
 TEST(Info, LoadsOneFileAtATime) {
@@ -84,4 +87,37 @@ TEST(Info, LoadsOneFileAtATime) {
     INFO_close_file();
     EXPECT_EQ(INFO_open_file("GAME.INF"), 0);
     EXPECT_EQ(look_up("A", "B"), "1");
+}
+
+TEST(Info, BearsExhaustedMemory) {
+    std::string text = "[first]\na = 1\n";
+    for (int i = 0; i < 50; ++i) text += "[s" + std::to_string(i) + "]\nkey = " + std::to_string(i) + "\n";
+    test::write_text("game.inf", text);
+    std::int32_t result = 0;
+    int missing = 0;
+    const std::size_t allocations = test::fail_each_allocation(
+        [&] {
+            INFO_close_file();
+            result = INFO_open_file("game.inf");
+        },
+        [&] {
+            EXPECT_EQ(result, -2);
+            const std::string log = test::take_log(), value = look_up("s0", "KEY");
+            EXPECT_TRUE(log == "Memory alloc error!!!\n" || log == "INFO file game.inf open error!!!\n" ||
+                        log == "INFO_open_file: Memory alloc error!!!\n")
+                << log;
+            EXPECT_TRUE(value == "" || value == "0") << value;
+            missing += value.empty();
+        });
+    EXPECT_GT(allocations, 100u);
+    EXPECT_GT(missing, 0);
+    EXPECT_LT(missing, 20);  // the lines read before can be looked up
+    EXPECT_EQ(look_up("s49", "key"), "49");
+    EXPECT_EQ(INFO_read_config("s49", "key", nullptr), std::string("49"));
+    EXPECT_EQ(INFO_read_config(nullptr, "key", nullptr), std::string());
+    EXPECT_EQ(INFO_read_config("s49", nullptr, nullptr), std::string());
+    INFO_close_file();
+    EXPECT_EQ(INFO_open_file(nullptr), -2);
+    EXPECT_EQ(test::take_log(), "INFO file  open error!!!\n");
+    INFO_close_file();
 }

@@ -1,11 +1,14 @@
 // Random programs, sound and unsound, run by the library and by a plain interpreter written here from the
-// language's rules, which looks before every byte it reads.
+// language's rules, which looks before every byte it reads and pumps before every instruction. Commands and
+// pumped procedures note what they can see: the position in the record, the operand cursor, the clock.
 #include <gtest/gtest.h>
 
 #include <map>
 #include <random>
 
+#include "inkstone/host.h"
 #include "inkstone/mac.h"
+#include "inkstone/runtime.h"
 #include "support/files.h"
 #include "support/script.h"
 
@@ -14,7 +17,13 @@ namespace {
 using namespace test;
 
 constexpr std::int32_t kVariables = 8;
-constexpr int kMostSteps = 3000;
+constexpr int kMostSteps = 1000;
+
+constexpr std::uint64_t kTimer = 55000;
+
+void note(std::string &trace, char who, std::int64_t position, std::uint64_t clock) {
+    trace += who + std::to_string(position) + '@' + std::to_string(clock) + ' ';
+}
 
 struct Naive {
     std::string code;
@@ -22,8 +31,10 @@ struct Naive {
     std::vector<std::int32_t> variables = std::vector<std::int32_t>(kVariables);
     std::uint32_t random = 1;
     std::string trace, log;
-    std::int64_t cursor = 0;
+    std::int64_t cursor = 0, position = 0;
     bool outside = false;
+    std::uint64_t clock = 0, timer_due = 0;  // microseconds, of which each look and each pump takes one
+    int posted = 0;                          // messages that wait
 
     std::int64_t size() const { return static_cast<std::int64_t>(code.size()); }
     bool inside(std::int64_t count) { return !(outside |= cursor + count > size()); }
@@ -50,6 +61,24 @@ struct Naive {
         return code.substr(static_cast<std::size_t>(cursor) - length, length).c_str();
     }
 
+    void look(char who) { note(trace, who, position, ++clock); }
+    void pump() {
+        for (;;) {
+            ++clock;
+            if (posted > 0) {
+                --posted;
+                look('m');
+            } else if (clock >= timer_due) {
+                timer_due += kTimer;
+                look('t');
+                outside = false;
+                trace += std::to_string(read(1));
+            } else {
+                return;
+            }
+        }
+    }
+
     std::int32_t leave(std::int64_t address) {
         log += "MAC address " + std::to_string(address) + " outside code\n";
         return -2;
@@ -59,15 +88,18 @@ struct Naive {
     std::optional<std::int32_t> run(std::int32_t start) {
         if (start < 0) return log += "PROC address not define !!!\n", 0;
         std::vector<std::int64_t> callers;
-        std::int64_t position = cursor = start;
+        position = cursor = start;
         for (int steps = 0; steps < kMostSteps; ++steps) {
             if (position < 0 || position > size()) return leave(position);
+            pump();
             if (position + 2 > size() || position + 2 + at(position + 1) > size()) return leave(size());
             const int opcode = at(position);
             const std::int64_t operands = cursor = position + 2;
             position = cursor + at(position + 1);
             outside = false;
             if (opcode >= 24) {
+                look('c');
+                if (opcode % 5 == 0) ++posted;
                 const std::int32_t result = command(*this, opcode, trace);
                 if (result != 0) return result;
                 if (outside) return leave(size());
@@ -107,10 +139,11 @@ struct Naive {
             std::int32_t unused = 0;
             std::int32_t &to = exists(first) ? variables[static_cast<std::size_t>(first)] : unused;
             if (opcode == 2) {
-                const std::map<int, bool> holds = {{'<', to < second},   {'=', to == second},
-                                                   {'>', to > second},   {0xF2, to >= second},
-                                                   {0xF3, to <= second}, {0xF7, to != second}};
-                if (!holds.contains(comparison) || !holds.at(comparison)) position = target;
+                const bool holds =
+                    (comparison == '<' && to < second) || (comparison == '=' && to == second) ||
+                    (comparison == '>' && to > second) || (comparison == 0xF2 && to >= second) ||
+                    (comparison == 0xF3 && to <= second) || (comparison == 0xF7 && to != second);
+                if (!holds) position = target;
             }
             std::int64_t result = to;
             if (opcode == 17) result = second;
@@ -142,7 +175,8 @@ class Generator {
         }
         program.code += op(1);
         const auto place = [&] {
-            return below(25) == 0 ? below(900) - 20 : starts[static_cast<std::size_t>(below(instructions))];
+            if (below(25) == 0) return below(3) == 0 ? -1 : below(900) - 20;
+            return starts[static_cast<std::size_t>(below(instructions))];
         };
         for (const std::int32_t start : starts) {
             const std::size_t at = static_cast<std::size_t>(start);
@@ -191,33 +225,62 @@ class Generator {
 Library library;
 std::string library_trace;
 
+std::vector<std::int32_t> exported() {
+    std::vector<std::int32_t> record(23 + kVariables);
+    MAC_export_info(record.data());
+    return record;
+}
+void look(char who) {
+    const std::int32_t position = exported()[21];
+    note(library_trace, who, position, HOST_clock());
+}
+LRESULT procedure(HWND, UINT message, WPARAM, LPARAM) {
+    look(message == WM_TIMER ? 't' : 'm');
+    if (message == WM_TIMER) library_trace += std::to_string(MAC_get_char());
+    return 0;
+}
+
 TEST(Interpreter, AgreesWithANaiveOne) {
+    static const HWND window = HOST_open_window("t", 8, 8, procedure);
+    const auto callback = [](std::uint8_t opcode) {
+        look('c');
+        if (opcode % 5 == 0) HOST_post_message(window, WM_USER, 0, 0);
+        return command(library, opcode, library_trace);
+    };
     std::map<std::int32_t, int> results;
     std::uint32_t random = 1;
-    for (std::uint32_t seed = 0; seed < 8000; ++seed) {
+    int pumped = 0;
+    for (std::uint32_t seed = 0; seed < 6000; ++seed) {
+        // The timer is due so many pumps after the start.
+        HOST_set_timer(window, 40, kTimer / 1000);
+        HOST_advance_clock(kTimer - 1 - seed % 50);
         Naive naive = Generator(seed).program();
         naive.random = random;
+        naive.clock = HOST_clock();
+        naive.timer_due = naive.clock + seed % 50;
         const auto expected = naive.run(naive.table[0]);
         if (!expected) continue;
         random = naive.random;
         ++results[*expected];
+        pumped += naive.trace.find('t') != std::string::npos;
 
         write_text("a.mac", script_file(naive.table, naive.code));
-        ASSERT_EQ(MAC_init("", "", kVariables,
-                           [](std::uint8_t opcode) { return command(library, opcode, library_trace); }),
-                  0);
+        ASSERT_EQ(MAC_init("", "", kVariables, callback), 0);
         ASSERT_EQ(MAC_load("a.mac"), 0);
-        take_log();
         library_trace.clear();
         ASSERT_EQ(MAC_driver(0), *expected) << seed;
         ASSERT_EQ(library_trace, naive.trace) << seed;
-        ASSERT_EQ(take_log(), naive.log) << seed;
-        std::vector<std::int32_t> record(23 + kVariables);
-        MAC_export_info(record.data());
+        ASSERT_EQ(take_log(), "LOAD MAC a.mac(" + std::to_string(naive.size()) + ") OK!\n" + naive.log)
+            << seed;
+        ASSERT_EQ(HOST_clock(), naive.clock + 1) << seed;
+        const std::vector<std::int32_t> record = exported();
         ASSERT_EQ(record[21], naive.cursor) << seed;
         ASSERT_EQ(std::vector<std::int32_t>(record.begin() + 23, record.end()), naive.variables) << seed;
+        HOST_kill_timer(window, 40);
+        fnCheckMessage();  // what was posted last
     }
     for (const std::int32_t result : {0, -1, -2, 8, 47}) EXPECT_GT(results[result], 100) << result;
+    EXPECT_GT(pumped, 500);
 }
 
 }  // namespace

@@ -76,8 +76,9 @@ TEST(Keyboard, TestsSingleKeys) {
 }
 
 TEST(Keyboard, ResetsKeepOnlyWhatTheySay) {
-    feed({0x2A, 0x36, 0x1E, 0x01, 0xE0, 0x48, 0xE0});
+    feed({0x2A, 0x36, 0x1E, 0x01, 0xE0, 0x48, 0xE0, 0x2A, 0xE0});
     fnResetNormalKey();
+    EXPECT_EQ(fnCheckKeyValue(0x80 | 0x2A), 0);
     EXPECT_EQ(fnCheckLeftShiftKey() + fnCheckRightShiftKey(), 2);
     EXPECT_EQ(fnCheckEscKey() + fnCheckUpKey() + fnCheckKeyValue(0x1E), 0);
     feed({0x1E});  // no prefix is pending
@@ -154,6 +155,7 @@ TEST(KeyReaders, TestKeysInTheirOrder) {
 int tabs = 0, idles = 0;
 
 TEST(KeyReaders, ServeTabEscAndIdleness) {
+    tabs = idles = 0;
     set_system_tab_function([] { ++tabs; });
     set_system_idle_function([] { ++idles; });
     feed({0x0F});
@@ -196,19 +198,27 @@ TEST(KeyWaits, EndOnKeysThatComeThroughTheWindow) {
     wait_key(13);  // Space will do
     EXPECT_EQ(fnScanKeyPress(), 0);
     HOST_key(0x39, 0);
+    feed({0x3B});
     wait_key(0);
+    EXPECT_EQ(fnScanKeyPress(), 0);
+    feed({0x3B});  // held since before, and so not waited for
     HOST_key(0x3C, 1);
     EXPECT_EQ(wait_any_key(), 60);
     EXPECT_EQ(fnScanKeyPress(), 0);
 
     SetupTimerProc(nullptr);
     HOST_key(0x3C, 0);
+    SetTimerTick(14, 100);
     wait_key_time(60, 4);  // the time ends it
-    EXPECT_GE(GetTimerTick(14), 4U);
+    EXPECT_EQ(GetTimerTick(14), 4U);
     HOST_key(0x1C, 1);
-    wait_key_time(32, 1000);
+    wait_key_time(32, 1000);  // Enter will do
     EXPECT_LT(GetTimerTick(14), 1000U);
     EXPECT_EQ(fnCheckEnterKey(), 1);  // not reset
+    HOST_key(0x1C, 0);
+    HOST_key(0x39, 1);
+    wait_key_time(13, 1000);  // and Space for Enter
+    EXPECT_LT(GetTimerTick(14), 1000U);
 }
 
 }  // namespace

@@ -5,10 +5,12 @@
 
 #include <random>
 
+#include "support/allocation.h"
 #include "support/files.h"
 #include "support/guarded.h"
 #include "support/plain_lzss.h"
 
+namespace fs = std::filesystem;
 using test::Bytes;
 
 namespace {
@@ -113,18 +115,70 @@ TEST(Lzss, DoesAsThePlainCoder) {
     }
 }
 
+// Code at the end of the destination is expanded in place as by a coder that goes byte by byte, also where
+// the output runs into code that is still to be read.
+TEST(Lzss, ExpandsInPlace) {
+    std::mt19937 random(2);
+    test::PlainLzss plain;
+    for (unsigned i = 0; i < 200; ++i) {
+        const Bytes data = sample(random, i);
+        const Bytes code = compress(data);
+        ASSERT_EQ(code, plain.memory_form(data)) << i;
+        const std::size_t shift = random() % (i % 2 == 0 ? 40 : 4000);
+        const std::size_t size = std::max(data.size(), code.size()) + shift, at = size - code.size();
+        test::Guarded block(size);
+        std::copy(code.begin(), code.end(), block.data() + at);
+        Bytes expected = block.contents();
+        plain.expand_memory_form(&expected[at], expected.data() + size, expected.data(), data.size());
+        const auto length = static_cast<std::uint32_t>(code.size());
+        auto expanded = static_cast<std::uint32_t>(data.size());
+        LZSS_expand_data(block.data() + at, block, &length, &expanded);
+        ASSERT_EQ(expected, block.contents()) << i;
+        const bool enough = shift > data.size() / 8;
+        ASSERT_TRUE(!enough || std::equal(data.begin(), data.end(), block.data())) << i;
+    }
+}
+
 TEST(Lzss, TellsWhichFileCannotBeOpened) {
     test::write_text("here", "here");
-    EXPECT_EQ(LZSS_compress_file("missing", "out"), -1);
-    EXPECT_EQ(LZSS_compress_file("here", "no/out"), -1);
-    EXPECT_FALSE(test::exists("out"));
-    EXPECT_EQ(LZSS_expand_file("here", "no/out"), -1);
-    EXPECT_EQ(LZSS_expand_file("missing", "out"), -1);
+    const struct {
+        std::int32_t (*function)(const char *, const char *);
+        const char *input, *output, *named;
+    } rows[] = {
+        {LZSS_compress_file, "missing", "out", "missing"}, {LZSS_compress_file, "here", "no/out", "no/out"},
+        {LZSS_compress_file, nullptr, "out", ""},          {LZSS_compress_file, "here", nullptr, ""},
+        {LZSS_compress_file, "here", "HERE", "HERE"},      {LZSS_expand_file, "here", "no/out", "no/out"},
+        {LZSS_expand_file, "HERE", "here", "here"},        {LZSS_expand_file, "here", nullptr, ""},
+        {LZSS_expand_file, "missing", "out", "missing"}};
+    for (const auto &[function, input, output, named] : rows) {
+        EXPECT_FALSE(test::exists("out"));
+        EXPECT_EQ(function(input, output), -1);
+        const char *name = function == LZSS_expand_file ? "LZSS_expand_file" : "LZSS_compress_file";
+        EXPECT_EQ(test::take_log(), std::string("ERROR : file ") + named + " open error(" + name + ")\n");
+    }
     EXPECT_EQ(test::read_file("out"), Bytes());
     EXPECT_TRUE(test::exists("out"));
-    EXPECT_EQ(test::take_log(),
-              "ERROR : file missing open error(LZSS_compress_file)\nERROR : file no/out open "
-              "error(LZSS_compress_file)\n"
-              "ERROR : file no/out open error(LZSS_expand_file)\nERROR : file missing open "
-              "error(LZSS_expand_file)\n");
+    EXPECT_EQ(test::read_text("here"), "here");
+
+    // Without memory.
+    std::int32_t result = 0;
+    const auto failed = [&result] {
+        EXPECT_EQ(test::take_log().substr(0, 13), result == -1 ? "ERROR : file " : "");
+    };
+    EXPECT_GT(test::fail_each_allocation([&] { result = LZSS_compress_file("here", "out"); }, failed), 0u);
+    const std::string packed_name = "a_name_of_more_than_fifteen_letters";
+    fs::rename("out", packed_name);
+    EXPECT_GT(
+        test::fail_each_allocation([&] { result = LZSS_expand_file(packed_name.c_str(), "out"); }, failed),
+        0u);
+    EXPECT_EQ(test::read_text("out"), "here");
+    // A full disk: a line for packed bits that are lost, none for expanded bytes.
+    EXPECT_EQ(LZSS_compress_file("here", "/dev/full"), 0);
+    EXPECT_EQ(test::take_log(), "BITIO_close_output_bit_file error\n");
+    EXPECT_EQ(LZSS_expand_file(packed_name.c_str(), "/dev/full"), 0);
+    EXPECT_EQ(test::take_log(), "");
+    std::uint32_t length = 4;
+    EXPECT_EQ(LZSS_compress_data(nullptr, nullptr, nullptr, &length), 0);
+    EXPECT_EQ(LZSS_expand_data(nullptr, nullptr, &length, nullptr), 0);
+    EXPECT_EQ(length, 4u);
 }

@@ -95,6 +95,23 @@ TEST(Mouse, CursorsAndTheirPlatformCalls) {
     EXPECT_EQ(position(), At(-1, 0));
 }
 
+TEST(Mouse, StartsAfreshWithEachInit) {
+    fnMouseInit(nullptr, nullptr, 10, 20, nullptr);
+    for (std::int32_t index = 0; index < 64; ++index) MOUSE_load_cursor(index, shape(70));
+    MOUSE_set_cursor(5);
+    MOUSE_show(0);
+    fnMouseInterrupt(WM_LBUTTONDOWN, MK_SHIFT | MK_CONTROL, 0x00C80064);
+    fnMouseInit(nullptr, nullptr, 0, 0, nullptr);
+    EXPECT_EQ(position(), At(0, 0));
+    EXPECT_EQ(MOUSE_get_key() | MOUSE_check_shift() | MOUSE_check_control(), 0);
+    test::record_calls();
+    MOUSE_set_cursor(0);  // selected already
+    fnMouseInterrupt(WM_SETCURSOR, 0, 0);
+    for (std::int32_t index = 63; index >= 0; --index) MOUSE_set_cursor(index);
+    MOUSE_show(1);  // shown already
+    EXPECT_EQ(test::take_calls(), test::Calls(65, "set_cursor 32512"));
+}
+
 TEST(Mouse, FollowsTheMachinesPointerThroughTheWindow) {
     const HWND window = HOST_open_window("w", 660, 500, forward);
     fnMouseInit(window, nullptr, 10, 10, fnCheckMessage);
@@ -113,6 +130,21 @@ TEST(Mouse, FollowsTheMachinesPointerThroughTheWindow) {
     HOST_pointer_button(1, 0);
     MOUSE_wait_any_key();
     EXPECT_EQ(MOUSE_get_key(), MOUSE_RIGHT_UP);
+    // The library moves the pointer: the position is known at once, its message comes with the next pump and
+    // the next click comes from there.
+    test::record_calls();
+    MOUSE_set_position(300, 200);
+    EXPECT_EQ(test::take_calls(), (test::Calls{"client_to_screen 1 310 210", "set_cursor_position 314 240"}));
+    EXPECT_EQ(position(), At(300, 200));
+    MOUSE_wait_key(MOUSE_MOVE);
+    EXPECT_EQ(position(), At(300, 200));
+    for (const auto &[button, down] : {At(9, 1), {-1, 1}, {0, 3}, {0, -1}}) HOST_pointer_button(button, down);
+    EXPECT_EQ(MOUSE_get_key(), MOUSE_MOVE);  // there are no such buttons
+    HOST_pointer_button(2, 2);
+    MOUSE_wait_key(MOUSE_MIDDLE_DOUBLE);
+    EXPECT_EQ(position(), At(300, 200));
+    HOST_key(0x2A, 0);
+    HOST_close_window(window);
 }
 
 TEST(Mouse, MaskIsReadUnderThePointerAlone) {
@@ -200,9 +232,12 @@ TEST(Mouse, ImageCursorIsDrawnAndMovesOn) {
     for (const std::int32_t index : {-1, 64})
         EXPECT_EQ(MOUSE_load_image_cursor(index, "a.can", work.data()), -2);
     EXPECT_EQ(MOUSE_load_image_cursor(3, "a.can", work.data()), 0);
+    MOUSE_set_spot(-4, -3);
     fnMouseInit(nullptr, nullptr, 0, 0, nullptr);  // frees what was loaded
     MOUSE_set_cursor(3);
     EXPECT_EQ(shown(), Shown(0, 0, 0));
+    EXPECT_EQ(MOUSE_load_image_cursor(3, "a.can", work.data()), 0);
+    EXPECT_EQ(shown(), Shown(1, 0, 0));
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 
+#include "support/allocation.h"
 #include "support/files.h"
 #include "support/guarded.h"
 
@@ -46,7 +47,15 @@ TEST(Pcx, SavedFileByteForByte) {
     EXPECT_EQ(pcx_file(100, 50, 10, 5, 10, code), read_file("part.pcx"));
     ASSERT_EQ(0, PCX_save_file("PART.PCX", 3, 4, 10, -2, nullptr, 0, 0));
     EXPECT_EQ(pcx_file(3, 4, 10, -2, 10, {}), read_file("part.pcx"));
+    // The most code there can be: two bytes for each pixel.
+    const Bytes bright{0xC0, 0xFF, 0xC0, 0xFF, 0xC0};
+    ASSERT_EQ(0, PCX_save_file("part.pcx", 0, 0, 5, 1, bright.data(), 5, 0));
+    EXPECT_EQ(pcx_file(0, 0, 5, 1, 5, {0xC1, 0xC0, 0xC1, 0xFF, 0xC1, 0xC0, 0xC1, 0xFF, 0xC1, 0xC0}),
+              read_file("part.pcx"));
     EXPECT_EQ(-1, PCX_save_file("none/part.pcx", 0, 0, 1, 1, screen.data(), 1, 0));
+    EXPECT_EQ(-1, PCX_save_file(nullptr, 0, 0, 1, 1, screen.data(), 1, 0));
+    EXPECT_EQ(
+        0, PCX_save_file("/dev/full", 0, 0, 640, 480, screen.data(), 640, 0));  // write errors are not told
     EXPECT_EQ("", take_log());
 
     ASSERT_EQ(0, PCX_save_file("screen.pcx", 0, 0, 640, 480, screen.data(), 640, 0));
@@ -112,12 +121,58 @@ TEST(Pcx, RefusalsChangeNothing) {
         EXPECT_EQ(log, take_log());
     }
     write_file("a.pcx", pcx_file(-32768, -32768, 65536, 65536, 0, {}));
-    EXPECT_EQ(-2, PCX_get_image_size("a.pcx", nullptr, nullptr));
-    EXPECT_EQ(-1, PCX_get_image_size("art\\none.pcx", nullptr, nullptr));
-    EXPECT_EQ(-2, PCX_read_file("art\\none.pcx", pixels));
-    EXPECT_EQ(format + "File art\\none.pcx open error\nFile art\\none.pcx open error\n", take_log());
+    std::int32_t width = -1, height = -1;
+    EXPECT_EQ(-2, PCX_get_image_size("a.pcx", &width, &height));
+    EXPECT_EQ(format, take_log());
+    for (const char *name : {"art\\none.pcx", static_cast<const char *>(nullptr)}) {
+        const std::string line = "File " + std::string(name != nullptr ? name : "") + " open error\n";
+        EXPECT_EQ(-1, PCX_get_image_size(name, &width, &height));
+        EXPECT_EQ(line, take_log());
+        EXPECT_EQ(-2, PCX_read_file(name, pixels));
+        EXPECT_EQ(line, take_log());
+    }
+    write_file("a.pcx", good);
+    EXPECT_EQ(-2, PCX_get_image_size("a.pcx", &width, nullptr));
+    EXPECT_EQ(-1, width);
     EXPECT_EQ(Bytes(6, 0xEE), pixels.contents());
     EXPECT_EQ(before, kept_palette());
+}
+
+TEST(Pcx, ExhaustedMemoryChangesNothing) {
+    write_file("a.pcx", pcx_file(0, 0, 3, 2, 4, {1, 2, 3, 0, 4, 5, 6, 0}));
+    const Bytes before(768, 33);
+    std::int32_t result = 0, width = -1, height = -1;
+    Guarded pixels(6, 0xEE);
+    fail_each_allocation([&] { result = PCX_get_image_size("a.pcx", &width, &height); },
+                         [&] {
+                             EXPECT_EQ(-1, result);
+                             EXPECT_EQ("File a.pcx open error\n", take_log());
+                         });
+    PCX_inport_palette(before.data());
+    const std::size_t allocations = fail_each_allocation(
+        [&] {
+            PCX_inport_palette(before.data());
+            std::fill_n(pixels.data(), 6, 0xEE);
+            result = PCX_read_file("a.pcx", pixels);
+        },
+        [&] {
+            const std::string log = take_log();
+            EXPECT_EQ(-2, result);
+            EXPECT_TRUE(log == "Memory not enough\n" || log == "File a.pcx open error\n") << log;
+            EXPECT_EQ(Bytes(6, 0xEE), pixels.contents());
+            EXPECT_EQ(before, kept_palette());
+        });
+    EXPECT_GT(allocations, 1u);
+    EXPECT_EQ((Bytes{1, 2, 3, 4, 5, 6}), pixels.contents());
+    const Bytes old = read_file("a.pcx");
+    for (std::size_t i = 0; result != 0 || i == 0; ++i) {
+        EXPECT_EQ(old, read_file("a.pcx"));
+        FailingAllocation failing(i);
+        result = PCX_save_file("a.pcx", 0, 0, 3, 2, pixels, 3, 0);
+        EXPECT_EQ(failing.disarm() ? -1 : 0, result);
+    }
+    EXPECT_EQ(0, result);
+    EXPECT_EQ("", take_log());
 }
 
 // Pictures of odd and even width go through other programs in both directions, as PPM, three components a

@@ -28,18 +28,37 @@ TEST(ErrorLog, AppendsALineACall) {
 }
 
 TEST(QuitProcedures, RunNewestFirstAgainAndAgain) {
-    ExecQuitProc();
-    EXPECT_EQ(PushQuitProc([] { trace += '1'; }), 0);
-    EXPECT_EQ(PushQuitProc([] { trace += '2'; }), 0);
-    EXPECT_EQ(PushQuitProc(nullptr), 0);
-    for (int i = 3; i < 64; ++i) EXPECT_EQ(PushQuitProc([] { trace += '3'; }), 0) << i;
-    EXPECT_EQ(PushQuitProc([] { trace += 'x'; }), -1);
-    ExecQuitProc();
-    ExecQuitProc();
-    EXPECT_EQ(trace, std::string(61, '3') + "21" + std::string(61, '3') + "21");
+    // In a process of its own, since what is pushed stays.
+    const auto fill = [] {
+        int places = 3;
+        PushQuitProc([] { std::fputc('1', stderr); });
+        PushQuitProc(nullptr);
+        PushQuitProc([] { std::fputc('2', stderr); });
+        while (PushQuitProc([] { std::fputc('3', stderr); }) == 0) ++places;
+        std::fprintf(stderr, "%d %d|", places, PushQuitProc([] { std::fputc('x', stderr); }));
+        ExecQuitProc();
+        std::fputc('|', stderr);
+        ExecQuitProc();
+        std::fputc('|', stderr);
+        std::exit(0);
+    };
+    // Alone in its process it finds all 64 places free.
+    EXPECT_EXIT(fill(), testing::ExitedWithCode(0), "^[0-9]+ -1[|]3+21[|]3+21[|]$");
+}
+
+TEST(QuitProcedures, ThereIsRoomFor64) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");  // a new process, in which nothing was pushed
+    const auto count = [] {
+        int places = 0;
+        while (PushQuitProc([] {}) == 0) ++places;
+        std::exit(places);
+    };
+    EXPECT_EXIT(count(), testing::ExitedWithCode(64), "");
+    GTEST_FLAG_SET(death_test_style, "fast");
 }
 
 TEST(MessagePump, DispatchesAllThatWaitsAndSwallowsAQuitRequest) {
+    trace.clear();
     const HWND window = HOST_open_window("t", 64, 48, note_message);
     HOST_post_message(window, WM_USER, 1, 0);
     HOST_post_quit(7);
@@ -82,13 +101,35 @@ TEST(FatalExit, DeliversMessagesThenRunsQuitProceduresThenEnds) {
         fnErrorExit(window, "no more");
     };
     // 8240 is 0x2030: an exclamation mark, modal to the task.
-    EXPECT_EXIT(die(), testing::ExitedWithCode(1),
-                "\\[message_box 1 8240 SystemError no more\\]SystemError: no more\nmessage second first\\.");
+    EXPECT_EXIT(
+        die(), testing::ExitedWithCode(1),
+        "\\[message_box [0-9]+ 8240 SystemError no more\\]SystemError: no more\nmessage second first\\.");
 }
 
-TEST(FatalExit, EndsOnceWhenAQuitProcedureFailsToo) {
-    PushQuitProc([] { fnErrorExit(nullptr, "inner"); });
-    EXPECT_EXIT(fnErrorExit(nullptr, "outer"), testing::ExitedWithCode(1), "outer\n.*inner");
+// A failure while the last messages are delivered, and one in a quit procedure: nothing runs twice, and all that
+// can be released is.
+TEST(FatalExit, ReleasesEverythingThoughMoreFails) {
+    const auto die = [] {
+        const HWND window =
+            HOST_open_window("t", 64, 48, [](HWND, UINT message, WPARAM wparam, LPARAM) -> LRESULT {
+                if (message != WM_USER) return 0;
+                std::fprintf(stderr, "message %d ", static_cast<int>(wparam));
+                fnErrorExit(nullptr, "middle");
+                return 0;
+            });
+        PushQuitProc([] { std::fputs("first.", stderr); });
+        PushQuitProc([] {
+            std::fputs("second ", stderr);
+            fnErrorExit(nullptr, "inner");
+        });
+        PushQuitProc([] { std::fputs("third ", stderr); });
+        HOST_post_message(window, WM_USER, 1, 0);
+        HOST_post_message(window, WM_USER, 2, 0);
+        fnErrorExit(window, "outer");
+    };
+    EXPECT_EXIT(
+        die(), testing::ExitedWithCode(1),
+        "^SystemError: outer\nmessage 1 SystemError: middle\nthird second SystemError: inner\nfirst\\.");
 }
 
 }  // namespace

@@ -65,7 +65,7 @@ TEST(View, MakesItsPlatformCallsInOrder) {
     ExecQuitProc();  // what it pushed
     WViewDisable();  // nothing is left to release
     EXPECT_EQ(test::take_calls(), (test::Calls{"get_context 0", "select_palette 0", "realize_palette",
-                                               "update_colors", "release_context 0"}));
+                                               "update_colors", "release_context 0", "delete_palette 1"}));
 }
 
 TEST(View, ShowsTheBufferAndItsRectanglesThroughThePalette) {

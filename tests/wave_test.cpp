@@ -4,11 +4,14 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdlib>
 #include <numbers>
+#include <set>
 #include <tuple>
 
 #include "inkstone/host.h"
 #include "inkstone/runtime.h"
+#include "support/allocation.h"
 #include "support/calls.h"
 #include "support/sound.h"
 
@@ -33,6 +36,9 @@ TEST(Wave, IsHeardSampleBySampleAndSummed) {
         {1, 16, test::words({1, -2, 32767, -32768}), {{1, 1}, {-2, -2}, {32767, 32767}, {-32768, -32768}}},
         {2, 16, test::words({1, -2, 32767, -32768}), {{1, -2}, {32767, -32768}, {0, 0}, {0, 0}}},
         {2, 16, test::words({1, -2, 3}), {{1, -2}, {0, 0}, {0, 0}, {0, 0}}},  // half a frame is none
+        // Of wider samples the upper 16 bits, rounded.
+        {2, 24, {127, 1, 0, 128, 1, 0, 0, 0, 128, 255, 255, 127}, {{1, 2}, {-32768, 32767}, {0, 0}, {0, 0}}},
+        {1, 32, {9, 127, 254, 255, 0, 128, 254, 255}, {{-2, -2}, {-1, -1}, {0, 0}, {0, 0}}},
     };
     for (const auto &[channels, bits, samples, heard] : cases) {
         test::write_file("a.wav", test::wave(channels, 44100, bits, samples));
@@ -155,7 +161,9 @@ TEST(Wave, EveryRateIsResampledWell) {
 TEST(Wave, MakesItsPlatformCallsInOrder) {
     test::record_calls();
     DS_init(nullptr);
-    EXPECT_EQ(test::take_calls(), (test::Calls{"create_sound", "set_cooperative_level 0"}));
+    DS_init(nullptr);  // closes the device first
+    EXPECT_EQ(test::take_calls(), (test::Calls{"create_sound", "set_cooperative_level 0", "release_sound",
+                                               "create_sound", "set_cooperative_level 0"}));
     test::write_file("a.wav", test::wave(2, 22050, 8, Bytes(1000)));
     test::record_calls();
     DS_load_wave_channel("a.wav", 3);
@@ -193,11 +201,41 @@ TEST(Wave, GetsOverLostMemoryAndUnknownStatus) {
     EXPECT_EQ(test::left(test::listen(3)), (std::vector<int>{5, 6, 0}));
 }
 
+// How a load ends when its allocation of that number is refused: 0 well, 1 fatally, 2 with its failure
+// result.
+int end_of_load(std::size_t refused) {
+    int code = -1;
+    const auto load = [refused] {
+        DS_init(nullptr);
+        test::FailingAllocation failing(refused);
+        const std::int32_t result = DS_load_wave_channel("a.wav", 0);
+        failing.disarm();
+        std::exit(result == 0 ? 0 : 2);
+    };
+    const auto ended = [&code](int status) {
+        for (code = 2; code >= 0 && !testing::ExitedWithCode(code)(status);) --code;
+        return code >= 0;
+    };
+    EXPECT_EXIT(load(), ended, "") << refused;
+    return code;
+}
+
+TEST(WaveDeath, LoadsOrFailsWhateverMemoryThereIs) {
+    if (!test::kAllocationsCanFail) GTEST_SKIP();
+    test::write_wave("a.wav", noise(500), 22050);
+    std::set<int> ends;
+    std::size_t refused = 0;
+    for (int code = -1; code != 0; ++refused) ends.insert(code = end_of_load(refused));
+    EXPECT_EQ(ends, (std::set<int>{0, 1, 2}));
+    EXPECT_GT(refused, 4U);
+}
+
 TEST(WaveDeath, EveryRefusalOfTheDeviceIsFatal) {
     test::write_wave("a.wav", noise(500));
     const auto whole_life = [](const char *fail) {
+        const HWND window = HOST_open_window("w", 8, 8, nullptr);
         test::record_calls(fail);
-        DS_init(nullptr);
+        DS_init(window);
         DS_load_wave("a.wav");
         for (int i = 0; i < 2; ++i) DS_start(0, 1);
         DS_set_volume(0, -1);
@@ -215,10 +253,10 @@ TEST(WaveDeath, EveryRefusalOfTheDeviceIsFatal) {
         {"stop_buffer", "DS: can not stop sound"}};
     for (const auto &[call, message] : cases)
         EXPECT_EXIT(whole_life(call), testing::ExitedWithCode(1),
-                    std::string("SystemError: ") + message + "\n");
+                    std::string("message_box [1-9][0-9]* 8240 SystemError ") + message + "\n");
     // A format that the mixer does not have is refused by the device too.
     for (const Bytes &format :
-         {test::pcm(1, 44100, 24), test::pcm(3, 44100, 16), test::pcm(1, 99, 8), test::pcm(2, 200001, 8)}) {
+         {test::pcm(1, 44100, 12), test::pcm(3, 44100, 16), test::pcm(1, 99, 8), test::pcm(2, 200001, 8)}) {
         test::write_file("b.wav", test::riff(test::chunk("fmt ", format) + test::chunk("data", Bytes(48))));
         EXPECT_EXIT((DS_init(nullptr), DS_load_wave_channel("b.wav", 0)), testing::ExitedWithCode(1),
                     "DS: CreateSoundBuffer error");
@@ -286,6 +324,8 @@ TEST(Wave, FilesOfTheWildLoad) {
              chunk("id3 ", {9})),
         chunk("RIFF", test::letters("WAVE") + format + data, 0xFFFFFFFF),  // written to a pipe
         chunk("JUNK", Bytes(7)) + riff(format + data),
+        chunk("RIFF", test::letters("WAVE") + format + data, 0),  // its writer never finished
+        chunk("RIFF", test::letters("WAVE") + format + chunk("data", test::words({3, 4}), 0), 0),
         riff(chunk("fmt ", test::pcm(1, 44100, 16) + Bytes(6)) + data),
     };
     DS_init(nullptr);

@@ -99,22 +99,24 @@ void draw_poem(std::uint8_t *screen) {
     int y = 76;
     for (const char *line : {POEM1, POEM2, POEM3, POEM4, POEM5, POEM6}) {
         CHINE_print24(16, y, line, kTransparent, screen);
-        y += 26;
+        y += 30;
     }
     CHINE_print24(16, 76, "~O0~T0", kTransparent, screen);
 }
 
 void draw_prose(std::uint8_t *screen) {
-    constexpr int kLeft = 16, kTop = 238, kRight = 623, kBottom = 355;
+    constexpr int kLeft = 16, kTop = 264, kRight = 623, kBottom = 381;
     BUF_bar(kLeft, kTop, kRight, kBottom, kPaper, screen);
     BUF_box(kLeft, kTop, kRight, kBottom, kPaperEdge, screen);
     BUF_box(kLeft + 2, kTop + 2, kRight - 2, kBottom - 2, kPaperEdge, screen);
     CHINE_set_color(0, kInk);
     CHINE_set_color(1, kSeal);
-    CHINE_set_text_window(kLeft + 10, kTop, kRight - 8, kHeight);
-    CHINE_print16(kLeft + 10, kTop + 8, PROSE, kTransparent, screen);
-    CHINE_print24(kLeft + 10, kTop + 60, RARE, kTransparent, screen);
-    CHINE_print24(kLeft + 10, kTop + 88, ASCII24, kPaper * 256, screen);
+    // 36 characters in a line.
+    constexpr int kText = kLeft + 16;
+    CHINE_set_text_window(kText, kTop, kText + 36 * 16 + 4, kHeight);
+    CHINE_print16(kText, kTop + 8, PROSE, kTransparent, screen);
+    CHINE_print24(kText, kTop + 60, RARE, kTransparent, screen);
+    CHINE_print24(kText, kTop + 88, ASCII24, kPaper * 256, screen);
     CHINE_set_text_window(0, 0, kWidth, kHeight);
 }
 
@@ -125,21 +127,21 @@ void draw_effects(std::uint8_t *screen) {
     CHINE_set_color(3, kSeal);
     int x = 16;
     for (const char *text : {PLAIN, BOLD, OUTLINE, SHADOW, BOTH}) {
-        CHINE_print24(x, 366, text, kTransparent, screen);
-        CHINE_print16(x + 8, 396, text, kTransparent, screen);
+        CHINE_print24(x, 394, text, kTransparent, screen);
+        CHINE_print16(x + 8, 424, text, kTransparent, screen);
         x += 60;
     }
-    CHINE_print24(x, 366, OPAQUE, kSeal * 256, screen);
-    CHINE_print16(x + 8, 396, OPAQUE, kSeal * 256, screen);
+    CHINE_print24(x, 394, OPAQUE, kSeal * 256, screen);
+    CHINE_print16(x + 8, 424, OPAQUE, kSeal * 256, screen);
     set_gradient(0, kGold);
-    CHINE_print24(x + 60, 366, GRADIENT, kTransparent, screen);
-    CHINE_print16(x + 68, 396, GRADIENT, kTransparent, screen);
-    CHINE_print24(x + 120, 366, DOUBLE, kTransparent, screen);
+    CHINE_print24(x + 60, 394, GRADIENT, kTransparent, screen);
+    CHINE_print16(x + 68, 424, GRADIENT, kTransparent, screen);
+    CHINE_print24(x + 120, 394, DOUBLE, kTransparent, screen);
     CHINE_set_color(0, kWhite);
     CHINE_set_color(3, kShadow);
-    CHINE_print16(16, 432, "~O1", kTransparent, screen);
-    CHINE_print16(16, 432, ASCII16, kTransparent, screen);
-    CHINE_print16(16, 432, "~O0", kTransparent, screen);
+    CHINE_print16(16, 454, "~O1", kTransparent, screen);
+    CHINE_print16(16, 454, ASCII16, kTransparent, screen);
+    CHINE_print16(16, 454, "~O0", kTransparent, screen);
 }
 
 }  // namespace
@@ -154,7 +156,7 @@ Palette make_palette() {
     set(palette, kPaperEdge, {40, 30, 16});
     set(palette, kLabel, {50, 54, 60});
     set_ramp(palette, kSky, {4, 6, 20}, {36, 30, 44});
-    set_ramp(palette, kHills, {4, 12, 12}, {34, 44, 46});
+    set_ramp(palette, kHills, {3, 9, 10}, {20, 29, 32});
     set_ramp(palette, kGold, {44, 22, 2}, {63, 62, 44});
     set_ramp(palette, kJade, {22, 50, 52}, {60, 63, 62});
     return palette;

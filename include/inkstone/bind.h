@@ -20,11 +20,12 @@ INK_BEGIN
    one line logged; the archive is not touched while the list is read:
 
    - "LIST file <list> open error"
-   - "BIND element file <name> open error": a listed file cannot be opened
+   - "BIND element file <name> open error": a listed file cannot be opened, or is the archive itself
    - "BIND element file <name> name too long": its name has more than 15 characters
    - "BIND file <archive> too large": the archive would have 2^31 bytes or more
    - "memory alloc error"
-   - "file <name> open error": the archive, or then a listed file again, cannot be opened
+   - "file <name> open error": the archive, or then a listed file again, cannot be opened, or that file has
+     another size now; the archive is left as far as it was written
    - "file <archive> write error": the archive is left as far as it was written
 */
 INK_API int32_t BIND_bind_file(const char *archive_name, const char *list_name);
@@ -41,11 +42,12 @@ INK_API int32_t BIND_read(const char *archive_name, int32_t offset, int32_t size
 
 /* Writes every file of the archive again under its name, below the current directory; a file of that name is
    replaced, a directory that the name leads into must be there. Contents the archive does not have are left
-   out. A name that leads out of the current directory, an archive that would overwrite itself, and one that
-   asks for more bytes than it has, are refused: as with any file that cannot be created, extraction stops
-   there and what was written stays. Always returns 0; one line is logged: "file <name> open error", of the
-   archive or of a file in it, "file <name> write error", or "memory alloc error". unused is for
-   compatibility. */
+   out. Names that lead out of the current directory (from a drive, from the root or upwards), which BIND_bind_file
+   binds and BIND_open finds, are passed over, and so is the archive's own, each with "file <name> open error"
+   logged. A file that cannot be created ends the extraction with the same line, and so does one with which the
+   files would be more than 64 times as large as the archive; one that cannot be written ends it with "file
+   <name> write error". What was written stays. Other lines are "file <archive> open error" and "memory alloc
+   error". Always returns 0. unused is for compatibility. */
 INK_API int32_t BIND_chop_file(const char *archive_name, const char *unused);
 
 INK_END

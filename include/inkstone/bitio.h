@@ -29,8 +29,8 @@ INK_API void BITIO_close_input_bit_file(BIT_FILE_STRUCT *file);
    memory; nothing is logged. */
 INK_API BIT_FILE_STRUCT *BITIO_open_output_bit_file(const char *file_name);
 
-/* Writes the last byte when it is partly filled (a failure is logged as "BITIO_close_output_bit_file error"),
-   closes the file and frees the record. */
+/* Writes the last byte when it is partly filled, closes the file and frees the record. When that byte, or any
+   that was still buffered, cannot be written, "BITIO_close_output_bit_file error" is logged. */
 INK_API void BITIO_close_output_bit_file(BIT_FILE_STRUCT *file);
 
 /* Writes one bit, a 1 for any bit but 0. A full byte that cannot be written is logged as "BITIO_output_bit

@@ -5,7 +5,8 @@
    Tracks count from 0: track t is the disc's track t + 1. Data tracks count too and are silent. Times come
    packed into one number: minutes in bits 16 to 23, seconds in bits 8 to 15, and in bits 0 to 7 frames of
    1/75 second (lengths) or hundredths of a second (play time). The play time is taken from tick counter 13 at
-   18 ticks a second, so it moves only while messages are dispatched.
+   18 ticks a second, so it needs SetupTimerProc and moves only while messages are dispatched; timers that tick
+   faster (HOST_set_timer_resolution) make it run too fast, and CDROM_resume go on at the wrong place.
 
    The order of calls is CDROM_open, CDROM_total, then the others. Unless said otherwise a function returns 0
    when it is done, and -1 before CDROM_open or when the drive refuses; CDROM_total, CDROM_play and
@@ -22,6 +23,8 @@ INK_BEGIN
    the quit stack is full "Push Quit Proc Error!!!" is logged and the result is -1, with the drive open. */
 INK_API int32_t CDROM_open(void);
 
+/* Closes the drive; not when it refuses. It neither stops the disc of a machine whose drive plays on by itself
+   nor forgets that a track was started, so CDROM_stop comes first. */
 INK_API int32_t CDROM_close(void);
 
 /* Reads the track table, from which CDROM_play and the times take the lengths. Returns the number of tracks,
@@ -29,17 +32,19 @@ INK_API int32_t CDROM_close(void);
 INK_API int32_t CDROM_total(void);
 
 /* Plays track 0 to 255, to the end of it, and starts its play time. A number outside returns -1 with nothing
-   changed. */
+   changed. Its length is the one that CDROM_total read: without it nothing is heard. */
 INK_API int32_t CDROM_play(int32_t track);
 
+/* Stops the disc and forgets its place and its play time; CDROM_now_track stays as it is. Also when the drive
+   refuses, and the result is -1, the library takes it as stopped. */
 INK_API int32_t CDROM_stop(void);
 
-/* Stops the disc and keeps the place for CDROM_resume. -1 when nothing was started or it is paused already.
- */
+/* Stops the disc and keeps the place for CDROM_resume. -1 when nothing was started or it is paused already,
+   and when the drive refuses, though it counts as paused then. */
 INK_API int32_t CDROM_pause(void);
 
-/* Goes on where CDROM_pause stopped, to the hundredth of a second as a frame number. -1 when nothing is
- * paused. */
+/* Goes on where CDROM_pause stopped, by its play time, of which the hundredths go to the drive as frames of
+   1/75 second: within a quarter of a second. -1 when nothing is paused. */
 INK_API int32_t CDROM_resume(void);
 
 /* 0 when the disc stands still, because it was stopped, was paused, or reached the end of the track; -1 while
@@ -53,7 +58,8 @@ INK_API int32_t CDROM_loop(void);
    and number n has that of the disc's track n + 1. 0 for others and before CDROM_open. */
 INK_API uint32_t CDROM_track_time(int32_t track);
 
-/* How long the current track has played, at most its length; 0 when none plays. */
+/* How long the current track has played, and its length from its end on, where it and tick counter 13 stand
+   still; 0 before a track is started and after CDROM_stop. */
 INK_API uint32_t CDROM_now_time(void);
 
 /* The track started last, also when it is over; -1 before the first and before CDROM_open. */

@@ -2,8 +2,9 @@
    from files. `ink font build` makes the files.
 
    Text is a zero-terminated string. A byte of 0x80 or more that is not the last one forms a Big5 character
-   with the byte after it; every other byte but a tilde is a character of the single-byte font. A tilde and a
-   letter (in either case) switch how the rest is drawn, and stay in force for later calls of both sizes:
+   with the byte after it; every other byte but a tilde is a character of the single-byte font: there is no
+   line feed, and control bytes draw what the font has for them. A tilde cannot be drawn: with a letter (in
+   either case) it switches how the rest is drawn, which stays in force for later calls of both sizes:
 
      ~C0 ~C1 ~C2   colour slot 0, 1 or 2 (any other argument is 2)
      ~Z1 ~Z0       double size on, off
@@ -13,7 +14,12 @@
      ~W?           nothing; one argument byte is skipped
      ~P            nothing; there is no argument
 
-   After any other letter, which is skipped with its argument, "Control Code error" is logged. */
+   After any other letter, which is skipped with its argument, "Control Code error" is logged. A text that
+   ends before the argument has given it as "not 1": a ~C at the end chooses slot 2.
+
+   Bold gives each ink pixel a second one to its right, in every row whose second column from the right has no
+   ink. Characters closed on the right by an upright stroke in that column stay thin where it stands: in the
+   usual fonts 國 and 問, at 24 pixels also 開 門 面 四 圖 閣 圓. */
 #ifndef INKSTONE_CHINE_H
 #define INKSTONE_CHINE_H
 
@@ -21,15 +27,23 @@
 
 INK_BEGIN
 
-/* Loads the fonts: with mode 0 from ASCII16.FON, CHINE16.FON, ASCII24.FON and CHINE24.FON, with any other
-   mode from the pack FONT.LZF, which is expanded into FONT.SCF; mode 1 deletes FONT.SCF afterwards, whatever
-   came of it. The slot, double size, bold and shadow go back to 0 and off, every colour pattern to 0; the
-   outline and the text window stay. Whatever a file is too short to hold is blank.
+/* Loads the fonts from the current directory: with mode 0 from ASCII16.FON, CHINE16.FON, ASCII24.FON and
+   CHINE24.FON, with any other mode from the pack FONT.LZF. The pack is expanded into FONT.SCF, in the current
+   directory too, which must be writable; mode 1 deletes FONT.SCF afterwards, whatever came of it. When there
+   is no FONT.LZF, which is logged ("ERROR : file FONT.LZF open error(LZSS_expand_file)"), a FONT.SCF that is
+   there is loaded.
 
-   Returns 0, or -2 when a file cannot be opened ("File %s open error", "ERROR : open file %s error"), the
-   pack does not hold four fonts ("ERROR : total files %d error") or memory runs out ("memory alloc error in
-   CHINE_init", "ERROR : memory alloc error"); the line in quotes is logged and no text is drawn until a load
-   succeeds. */
+   Fonts that were loaded before are released, also when the load fails. The slot, double size, bold and
+   shadow go back to 0 and off, every colour pattern to 0, so text is drawn in colour 0 until colours are set;
+   the outline and the text window stay. Whatever a file is too short to hold is blank.
+
+   Returns 0, or -2 when a load fails, which is logged; no text is drawn then until a load succeeds:
+
+     "File <name> open error"                a file cannot be opened
+     "memory alloc error in CHINE_init"      mode 0: memory runs out
+     "ERROR : open file FONT.SCF error"      the pack cannot be opened
+     "ERROR : total files <n> error"         the pack does not hold four fonts
+     "ERROR : memory alloc error"            memory runs out for the pack */
 INK_API int32_t CHINE_init(int32_t mode);
 
 /* Releases the fonts. Nothing is drawn until they are loaded again. */
@@ -37,11 +51,16 @@ INK_API void CHINE_free(void);
 
 /* Draws text into buffer, 640 x 480 pixels, with the top-left corner of the first character at (x, y).
    Characters of the single-byte font take 8 columns, Big5 ones 16, lines 16 rows; in double size twice that.
-   Once less than 8 columns are left in the text window the text goes on at the window's left edge one line
-   lower, and below the window's bottom edge at its top ("TEXT out of range" is logged). mode: 1 leaves the
-   background as it is (bit 0 set), background x 256 fills the cells with the palette index background.
+   Once less than 8 columns are left in the text window the text goes on at the window's left edge, one line
+   lower (two after a line that has double size), and below the window's bottom edge at its top ("TEXT out of
+   range" is logged): a line that begins on the bottom edge itself is still drawn there, out of sight at the
+   screen's.
+
+   mode: 1 leaves the background as it is (bit 0 set), background x 256 fills the cells with the palette index
+   background.
    Nothing is drawn unless x is left to right - 16 and y is top to bottom - 16 of the text window. Characters
-   that no font holds come out blank. Before a load "CHINE not init" is logged. */
+   that no font holds come out blank. Without a text or a buffer nothing happens. Before a load "CHINE not
+   init" is logged. */
 INK_API void CHINE_print16(int32_t x, int32_t y, const char *text, int32_t mode, uint8_t *buffer);
 
 /* The same with the fonts of 24 pixels: characters of the single-byte font take 12 columns, Big5 ones 24,

@@ -20,10 +20,10 @@ INK_BEGIN
    pixel is read. Returns the size of the compressed block, 16 + data length. */
 INK_API int32_t fnCompressImage(const uint8_t *image, uint8_t *block, uint32_t type);
 
-/* Expands block into image, which must hold fnGetCompressImageFrameSize(block) bytes. The caller vouches for
-   the header's data length; whatever the code bytes say, neither a byte behind them is read nor more than
-   width * height pixels are written. Pixels for which the code has nothing stay as they are, and so do all of
-   them when the type is not 0. A block that does not begin with "Cimg" is logged as "Compress image format
+/* Expands block into image, which must hold fnGetCompressImageFrameSize(block) bytes. Whatever the code bytes
+   say, none behind the stated data length is read, none that no pixel asks for, and no more than width *
+   height pixels are written. Pixels for which the code has nothing stay as they are, and so do all of them
+   when the type is not 0. A block that does not begin with "Cimg" is logged as "Compress image format
    error" and nothing is written. */
 INK_API void fnUncompressImage(const uint8_t *block, uint8_t *image);
 

@@ -19,16 +19,20 @@
 INK_BEGIN
 
 /* Opens a file for playing from its first frame into destination, a buffer of 640 x 480 pixels, or of 320 x
-   200 when small_mode is not 0. A film smaller than the buffer stands in its top-left corner, a larger one is
-   cut at its edges. Returns the frame count the file states, or -1 when it cannot be opened: "File <name>
+   200 when small_mode is not 0, which must be there until the file is closed or another is opened. A film
+   smaller than the buffer stands in its top-left corner, a larger one is cut at its edges. Returns the frame count the file states, or -1 when it cannot be opened: "File <name>
    open error" is logged, and a file that was open stays so. */
 INK_API int32_t FLIC_open_flic_file(const char *file_name, int32_t small_mode, uint8_t *destination);
 
-/* Reads the next frame, passing over prefix chunks. Returns 0, or -1 when there is no file, no further frame,
-   what comes next is not one, or it is larger than a frame of this film can be; the file is then closed. */
+/* Reads the next frame, passing over prefix chunks. Returns 0, or -1 when there is no file, no memory, no
+   further frame, what comes next is not one, or it is too large; the file is then closed. A frame may have
+   width * height * depth / 8 + 496 bytes with its header: 64,496 for 320 x 200, 307,696 for 640 x 480. A frame
+   that would be larger, as a first one of noise with its palette is, has to be made two. */
 INK_API int16_t FLIC_read_flic_data(void);
 
-/* Decodes the frame last read into the destination and the palette. A chunk of unknown type is passed over
+/* Decodes the frame last read into the destination and the palette. Nothing is painted outside the destination;
+   deltas paint where they say, also beyond the width and height of the film. A count of -128 in DELTA_FLC is
+   128 words, 256 pixels. A chunk of unknown type is passed over
    with five bell characters and a line feed on standard output. Always returns 0. */
 INK_API int16_t FLIC_play_flic_frame(void);
 

@@ -55,18 +55,20 @@ INK_BEGIN
 typedef LRESULT (*HOST_WINDOW_PROCEDURE)(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
 
 /* Opens a window whose client area is width x height pixels (1 to 4096 each) and returns its handle, or null
-   when the machine refuses. title is UTF-8. procedure may be null. */
+   when the machine refuses. title is UTF-8. title and procedure may be null. The window opened last has the
+   focus. */
 INK_API HWND HOST_open_window(const char *title, int32_t width, int32_t height,
                               HOST_WINDOW_PROCEDURE procedure);
 
-/* Closes the window after its procedure has received WM_DESTROY. Unknown handles are ignored. */
+/* Closes the window after its procedure has received WM_DESTROY, its last message. Unknown handles are ignored.
+ */
 INK_API void HOST_close_window(HWND window);
 
 /* What happens to a message the game does not handle: WM_CLOSE closes the window, WM_DESTROY asks the message
    loop to end with exit code 0, everything else does nothing. */
 INK_API LRESULT HOST_default_procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
 
-/* Puts a message at the end of the queue. */
+/* Puts a message at the end of the queue, which holds 10000; what does not fit is lost. */
 INK_API void HOST_post_message(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
 
 /* Sends the window a WM_TIMER message with the number id in wParam every milliseconds, for as long as
@@ -100,7 +102,8 @@ INK_API int32_t HOST_exit_code(void);
 #define HOST_CURSOR_NO 32648
 #define HOST_CURSOR_HAND 32649
 
-/* The handle of one of the pointer shapes above, for the cursor table of the mouse family. */
+/* The handle of one of the pointer shapes above, for the cursor table of the mouse family. A shape that the
+   machine does not have looks like the arrow. */
 INK_API HICON HOST_load_cursor(int32_t shape);
 
 /* ---- Choosing and observing the machine: for tools and tests ---- */
@@ -117,8 +120,8 @@ INK_API const char *HOST_name(void);
    the pointers (either may be null). Returns 0, or -2 when there is no machine of that index. */
 INK_API int32_t HOST_list(int32_t index, const char **name, const char **description);
 
-/* Calls the machine's operations report themselves to: each is given as one line of text, its name and its
-   arguments separated by spaces, before it is carried out. Return 0 to let it happen, anything else to make
+/* What is called with each operation that the library asks of the machine, before it is carried out: one line
+   of text, its name and its arguments separated by spaces. The queue and the clock are not reported. Return 0 to let it happen, anything else to make
    it fail as the real machine can fail; 2 makes lock_buffer fail because the buffer's memory was lost. */
 typedef int32_t (*HOST_OBSERVER)(const char *call);
 
@@ -127,16 +130,23 @@ INK_API void HOST_observe(HOST_OBSERVER observer);
 
 /* ---- The simulated clock ---- */
 
-/* The machine's time in microseconds since it started. On the headless machine reading it moves it on by one.
- */
+/* The machine's time in microseconds since it started. Reading the headless machine's moves it on by one. */
 INK_API uint64_t HOST_clock(void);
 
 /* Moves the headless machine's clock on. Timers that fall due become pending, at most one event each, and the
    sound and the disc move on too. The desktop machine sleeps for that time instead. */
 INK_API void HOST_advance_clock(uint64_t microseconds);
 
-/* Sets the headless machine's time of day, which goes on from there with its clock. Until it is set it is
-   Saturday, 1 January 2000, 00:00:00 when the machine starts. No effect on the desktop machine. */
+/* Sets the shortest interval of the machine's window timers in milliseconds, 1 to 1000; a shorter one that is
+   asked for becomes this one. It holds for timers that are set from then on, so it comes before
+   SetupTimerProc. Until it is set it is INKSTONE_TIMER_RESOLUTION of the environment, else 55: window timers
+   tick 18 times a second, and the play time of discs, the image cursors and the fades are reckoned in such
+   ticks. */
+INK_API void HOST_set_timer_resolution(uint32_t milliseconds);
+
+/* Sets the machine's time of day, which goes on from there with its clock; until it is set it is the
+   system's. Years are 1 to 9999; other fields may lie beyond their ranges and carry into the next larger
+   one, so that day 0 is the last one of the month before. A time outside those years becomes the nearest. */
 INK_API void HOST_set_local_time(int32_t year, int32_t month, int32_t day, int32_t hour, int32_t minute,
                                  int32_t second);
 
@@ -147,20 +157,23 @@ INK_API void HOST_set_setting(const char *name, const char *value);
 /* ---- Feeding input ---- */
 
 /* Presses (down non-zero) or releases a key of the machine's keyboard: the set-1 scan code 0x01 to 0x58, plus
-   0x100 for an extended key (the cursor block, right Ctrl and Alt, keypad Enter). The window with the focus
-   receives WM_KEYDOWN or WM_KEYUP. A key that is pressed again without a release repeats. */
+   0x100 for an extended key (the cursor block, right Ctrl and Alt, keypad Enter and slash). The window with the
+   focus receives WM_KEYDOWN or WM_KEYUP. A key that is pressed again without a release repeats. Pause
+   is 0x45 and Num Lock 0x145, as in Windows' messages: handed on to the keyboard family, which knows the codes of
+   the keyboard itself, Num Lock is its extended key 0x45, Pause. Codes outside 1 to 0x1FF are no keys. */
 INK_API void HOST_key(int32_t scan_code, int32_t down);
 
 /* Moves the pointer to the client position (x, y) of the window with the focus, which receives WM_SETCURSOR
    and WM_MOUSEMOVE. */
 INK_API void HOST_pointer_move(int32_t x, int32_t y);
 
-/* Presses (down 1), releases (0) or double-clicks (2) a button: 0 left, 1 right, 2 middle. */
+/* Presses (down 1), releases (0) or double-clicks (2) a button: 0 left, 1 right, 2 middle. Anything else does
+   nothing. */
 INK_API void HOST_pointer_button(int32_t button, int32_t down);
 
 /* ---- Reading back what is shown ---- */
 
-/* The size of the window's client area. Returns 0, or -2 for an unknown window. */
+/* The size of the window's client area; either pointer may be null. Returns 0, or -2 for an unknown window. */
 INK_API int32_t HOST_window_size(HWND window, int32_t *width, int32_t *height);
 
 /* The palette indices last presented in the window's client area: width x height bytes, rows top to bottom.
@@ -186,10 +199,12 @@ INK_API int32_t HOST_read_sound(int16_t *stereo, int32_t frames);
 
 /* ---- The disc drive ---- */
 
-/* Puts a disc into the drive: name is a CUE sheet, whose one BINARY file lies beside it, or on Linux the
-   device of a real drive. A disc that is in the drive is taken out first. Returns 0, or -2 when there is no
-   such disc, or the sheet and the file do not fit together; the drive is left as it was then. The environment
-   variable INKSTONE_DISC names the disc that is in the drive when the machine starts. */
+/* Puts a disc into the drive: name is a CUE sheet, whose files lie beside it, or on Linux the device of a real
+   drive. The files are of type BINARY, with one track or several in each, or WAVE of 16-bit stereo at 44100
+   frames a second; the gap before a track may stand at the end of the file before. A disc that is in the drive
+   is taken out first. Returns 0, or -2 when there is no such disc, or the sheet and the files do not fit
+   together; the drive is left as it was then. The environment variable INKSTONE_DISC names the disc that is in
+   the drive when the machine starts. */
 INK_API int32_t HOST_insert_disc(const char *name);
 
 /* Takes the disc out of the drive, also while it plays. */

@@ -8,8 +8,7 @@
 INK_BEGIN
 
 /* Takes one byte from the keyboard: a make code below 0x80, a break code (the make code plus 0x80), or the
-   prefix 0xE0 of an extended key or 0xE1 of the Pause sequence. Codes that stand for no key change nothing.
- */
+   prefix 0xE0 of an extended key or 0xE1 of the Pause sequence. Codes that stand for no key change nothing. */
 INK_API void fnKeyBoardInterrupt(uint8_t code);
 
 /* Forgets every key that is down, a pending prefix and the Esc latch. */
@@ -18,8 +17,8 @@ INK_API void fnResetKeyBoard(void);
 /* The same, but Shift keys that are down stay so. */
 INK_API void fnResetNormalKey(void);
 
-/* How often the key was made since it went down, modulo 256, or 0 when it is up: scan codes 0x00 to 0x58,
-   plus 0x80 for extended keys. 0 for any other code. */
+/* How often the key was made since it went down, modulo 256 (so a held key reads as up once in 256 repeats), or
+   0 when it is up: scan codes 0x00 to 0x58, plus 0x80 for extended keys. 0 for any other code. */
 INK_API uint8_t fnCheckKeyValue(uint8_t code);
 
 /* 1 when any key is down, else 0. */
@@ -58,7 +57,8 @@ INK_API int16_t fnCheckSpaceKey(void);
 INK_API int16_t fnCheckTabKey(void);
 /* The P key. */
 INK_API int16_t fnCheckPauseKey(void);
-/* Whether Esc has been pressed since the last reset, held or not. */
+/* Whether Esc has been pressed since the last reset, held or not. The key readers see it only while some key is
+   held. */
 INK_API int16_t fnCheckEscKey(void);
 
 /* Pumps messages and returns the code of the first held key for navigation, or 0: Up 72, Down 80, Left 75,
@@ -77,12 +77,11 @@ INK_API uint8_t read_data_key(void);
    only resets it. */
 INK_API void wait_key(int32_t key);
 
-/* Resets the keyboard, waits for any code of read_system_key, resets the keyboard again and returns the code.
- */
+/* Resets the keyboard, waits for any code of read_system_key, resets the keyboard again and returns the code. */
 INK_API uint8_t wait_any_key(void);
 
 /* Waits until read_system_key gives key, Enter and Space counting as one, or until ticks timer events of
-   counter 14 have passed. The keyboard is not reset. */
+   counter 14 have passed. The keyboard is not reset. Key 0 ends the wait as soon as no such key is held. */
 INK_API void wait_key_time(int32_t key, uint32_t ticks);
 
 INK_END

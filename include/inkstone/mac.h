@@ -7,12 +7,32 @@
    MAC_info_size, then MAC_export_info. To bring it back: MAC_inport_info, then MAC_reload. MAC_free at the
    end.
 
-   One script is loaded at a time. Messages go to ERROR.MSG in the log directory given to MAC_init, or in the
-   current directory. The language in which scripts are written, and the tool that compiles them, stand in
-   docs/script.md.
+   One script is loaded at a time. The language in which scripts are written, and the tool that compiles them,
+   stand in docs/script.md, the byte code in docs/bytecode.md.
 
-   A script file, all numbers 32-bit little-endian: three words that are not read, the code size, a word that
-   is not read, the number of procedures N, the start of each procedure within the code (negative: not
+   Variables are numbered from 0; there are as many as MAC_init is told. Operands of instructions read 0
+   from variable 16,000 on; only MAC_get_variable and the instructions that change or compare a variable
+   reach those. Procedures are numbered from 0; scripts can call 0 to 1023, the game can run all. Calls go
+   32 deep.
+
+   Messages go to ERROR.MSG in the log directory given to MAC_init, or in the current directory:
+
+     LOAD MAC <name>(<code size>) OK!                 every load that succeeds
+     ERROR : mac system have not been initialized !   loading before MAC_init
+     ERROR : error open file <name>(MAC_load)         MAC_load
+     ERROR : error open file <name>                   MAC_reload
+     ERROR : memory alloc error(MAC_load)             MAC_load: no memory, or impossible sizes
+     ERROR : memory alloc error                       the same, elsewhere
+     ERROR : mac filename lost !                      MAC_reload without a name to load
+     ERROR : pmac_info is null                        loading without a record
+     ERROR : mac inport info is null                  MAC_inport_info of null
+     PROC address not define !!!                      a run or a call of a procedure that is not defined
+     MAC call proc no out of range                    a call outside 0 to 1023; it is not made
+     MAC stack overflow                               a call or a run 33 deep; it is not made
+     MAC address <offset> outside code                a run that leaves the code
+
+   A script file, all numbers 32-bit little-endian: three words that are not read, the code size, a word
+   that is not read, the number of procedures N, the start of each procedure within the code (negative: not
    defined), the code. */
 #ifndef INKSTONE_MAC_H
 #define INKSTONE_MAC_H
@@ -22,8 +42,10 @@
 INK_BEGIN
 
 /* The game's commands: carries out opcode (24 to 255), whose operands it reads with MAC_get_number,
-   MAC_get_string, MAC_get_long and MAC_get_char in the order in which they stand. Returns 0 to go on with the
-   script, or any other value to make MAC_driver return it at once.
+   MAC_get_string, MAC_get_long and MAC_get_char in the order in which they stand. Returns 0 to go on with
+   the script, or any other value to make MAC_driver return it at once; take positive values but 8, since
+   MAC_driver gives the others a meaning. It must return: a game that leaves it by longjmp leaves the run
+   half done.
 
    It may run further procedures with MAC_driver (32 deep at most); when it frees or replaces the script, or
    sets the system up anew, the run that called it ends once it returns. */
@@ -35,14 +57,16 @@ typedef int32_t (*MAC_CALLBACK)(uint8_t opcode);
 typedef struct MAC_INFO_STRUCT {
     char name[80];           /* of the script file, zero-terminated; "NONAME" when none was loaded */
     uint32_t size;           /* of the code */
-    int32_t position;        /* within the code */
+    int32_t position;        /* within the code: while a procedure runs that of the next instruction, then
+                                where its last operand ended; 0 after a load. No run goes on there. */
     uint32_t variable_count; /* of the variables that follow */
 } MAC_INFO_STRUCT;
 
 /* Sets the script system up with variable_count variables, all 0, and no script. Scripts are loaded from
-   script_dir, messages logged to ERROR.MSG in log_dir; an empty one keeps what was set before (the current
-   directory at first). callback may be null: every opcode of the game's then stops the script with -1.
-   Returns 0, or -1 when memory is exhausted; the variables and the rest of their record can take 2 GiB. */
+   script_dir, messages logged to ERROR.MSG in log_dir; an empty one or null keeps what was set before (the
+   current directory at first). callback may be null: every opcode of the game's then stops the script with
+   -1. Returns 0, or -1 when memory is exhausted; the variables and the rest of their record can take 2
+   GiB. */
 INK_API int32_t MAC_init(const char *script_dir, const char *log_dir, uint32_t variable_count,
                          MAC_CALLBACK callback);
 
@@ -52,7 +76,7 @@ INK_API int32_t MAC_init(const char *script_dir, const char *log_dir, uint32_t v
 INK_API int32_t MAC_load(const char *file_name);
 
 /* Loads the script named by the record: after a return of 8 or after MAC_inport_info. Returns as MAC_load
- * does. */
+   does. */
 INK_API int32_t MAC_reload(void);
 
 /* Releases the script and the record. MAC_init starts anew. */
@@ -62,11 +86,11 @@ INK_API void MAC_free(void);
 INK_API int32_t MAC_info_size(void);
 
 /* The size of the loaded script's header and table of procedures, 24 + 4 for each procedure, or 0 without
- * one. */
+   one. */
 INK_API int32_t MAC_head_size(void);
 
-/* Writes the saved state to destination, MAC_info_size() bytes. Returns their number, or 0 without a record.
- */
+/* Writes the saved state to destination, MAC_info_size() bytes. Returns their number, or 0 without a
+   record or a destination. */
 INK_API int32_t MAC_export_info(void *destination);
 
 /* Takes a saved state of 92 + 4 x variable_count bytes, as MAC_export_info wrote it. A game that read it from
@@ -75,12 +99,12 @@ INK_API int32_t MAC_export_info(void *destination);
 INK_API int32_t MAC_inport_info(const void *source);
 
 /* Writes the script's name to destination, 80 bytes. Returns a buffer of the library's with the same text,
-   which the next call overwrites, or null (and nothing is written) without a record. */
+   which the next call overwrites, or null (and nothing is written) without a record or a destination. */
 INK_API char *MAC_export_filename(char *destination);
 
 /* Runs procedure proc, 0 to the number of procedures - 1, from its start. Pumps messages before each
    instruction, so the game's window stays alive; a procedure called from there may end the run with MAC_free.
-   Returns
+   The position in the record is then that of the instruction to come. Returns
 
      0    the procedure ended, or could not be run, or the script was freed or replaced meanwhile
      -1   the script stopped itself
@@ -96,7 +120,7 @@ INK_API int32_t MAC_driver(int32_t proc);
 INK_API int32_t MAC_get_number(void);
 
 /* A text, zero-terminated, in a buffer of 255 bytes that the next call overwrites; null when none stands
- * there. */
+   there. */
 INK_API char *MAC_get_string(void);
 
 /* A plain 32-bit number. */

@@ -45,19 +45,23 @@ INK_API int32_t MOUSE_load_cursor(int32_t index, HICON cursor);
    table has another cursor there by now. */
 INK_API void MOUSE_set_cursor(int32_t index);
 
-/* Hides (0) or shows the cursor. */
+/* Hides (0) or shows the cursor. The same once more does nothing, by the lowest byte of show. */
 INK_API void MOUSE_show(int32_t show);
 
-/* Moves the pointer. */
+/* Moves the pointer. The position is known at once, as the lower 16 bits of x and y, -32768 to 32767; the
+   movement's own message follows. */
 INK_API void MOUSE_set_position(int32_t x, int32_t y);
 
-/* The pointer's position at the last event, which may lie outside the screen buffer. */
+/* The pointer's position at the last event, which may lie outside the screen buffer: right of it and below by
+   up to 65535, and left of it and above by up to the origin, since messages carry it in 16 bits without sign.
+   Either pointer may be null. */
 INK_API void MOUSE_get_position(int32_t *x, int32_t *y);
 
 /* Pumps, then returns the last event. It stays until the next one or MOUSE_reset. */
 INK_API uint8_t MOUSE_get_key(void);
 
-/* Waits until there is an event, a movement included; one that is there already will do. */
+/* Both pump at least once and never end when there is no pump. The first waits until there is an event, a
+   movement included; one that is there already will do. */
 INK_API void MOUSE_wait_any_key(void);
 
 /* Waits until the last event is key. */
@@ -74,8 +78,8 @@ INK_API void MOUSE_reset(void);
 INK_API int32_t MOUSE_get_mask_key(const uint8_t *mask);
 
 /* Loads a CAN animation as image cursor 0 to 63, in place of the one there. work is room for the file's
-   largest compressed frame. Returns 0, or -2 when the file cannot be read (the log says why; there is no
-   image cursor then) or the index is outside. */
+   largest compressed frame by agreement; it is not used and may be null. Returns 0, or -2 when the file cannot
+   be read (the log says why; there is no image cursor then) or the index is outside. */
 INK_API int32_t MOUSE_load_image_cursor(int32_t index, const char *file_name, uint8_t *work);
 
 /* Draws the selected image cursor into a 640 x 480 screen buffer, its first frame's corner at the pointer

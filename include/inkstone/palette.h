@@ -42,7 +42,7 @@ INK_API void PAL_make_system_color(uint8_t *palette);
 INK_API void PAL_fade_init(const uint8_t *target, INK_PROCEDURE callback);
 
 /* Fades the displayed palette to the target in 64 steps, each of which calls the callback at least once and
-   lasts until tick counter 15 has counted delay ticks (of 5 milliseconds, see SetupTimerProc), then sets the
+   lasts until tick counter 15 has counted delay ticks (of 55 milliseconds, see SetupTimerProc), then sets the
    target. The counter moves only while messages are dispatched: a callback that dispatches none must count by
    itself. */
 INK_API void PAL_fade_effect(int32_t delay);

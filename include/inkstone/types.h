@@ -1,4 +1,15 @@
-/* The types that cross the boundary of the library, and the marks of its exported functions. */
+/* The types that cross the boundary of the library, and the marks of its exported functions.
+
+   What holds for every function of the library:
+
+   - A null file name behaves as the name of a file that cannot be opened. A null pointer to a result or a
+     record is passed over: the function does nothing, or gives its failure result. Screen buffers, memory
+     buffers, pictures and texts must be there.
+
+   - No function throws. Memory that runs out has the result that the function states for it, or for a
+     failure. What a procedure of the game's own throws passes through the function that called it.
+
+   - Names of files use backslash or slash, and are found whatever the case of their letters. */
 #ifndef INKSTONE_TYPES_H
 #define INKSTONE_TYPES_H
 

@@ -2,7 +2,6 @@
 
 #include <cstdarg>
 #include <cstdio>
-#include <string>
 
 #include "host/file_name.h"
 #include "inkstone/runtime.h"
@@ -10,28 +9,23 @@
 namespace ink {
 namespace {
 
-void append_line(const char *message, const char *file_name) {
-    // Text mode, so that the platform's own line end is written.
+// Appends a line, written by write, in text mode, so that the platform's own line end follows it.
+template <class Write>
+void append_line(const char *file_name, Write write) {
     const host::File file = host::open_file(file_name, "a+");
     if (!file) return;
-    std::fputs(message, file.get());
+    write(file.get());
     std::fputc('\n', file.get());
 }
 
 void append_formatted(const char *file_name, const char *format, std::va_list arguments) {
-    std::va_list again;
-    va_copy(again, arguments);
-    const int length = std::vsnprintf(nullptr, 0, format, arguments);
-    std::string line(length > 0 ? static_cast<std::size_t>(length) : 0, '\0');
-    std::vsnprintf(line.data(), line.size() + 1, format, again);
-    va_end(again);
-    append_line(line.c_str(), file_name);
+    append_line(file_name, [&](std::FILE *file) { std::vfprintf(file, format, arguments); });
 }
 
 }  // namespace
 
 void log_error(const char *message) {
-    append_line(message, kErrorLog);
+    log_error_to_file(message, kErrorLog);
 }
 
 void log_error_format(const char *format, ...) {
@@ -49,11 +43,11 @@ void log_format_to_file(const char *file_name, const char *format, ...) {
 }
 
 void log_open_error(const char *name) {
-    log_error_format("File %s open error", name);
+    log_error_format("File %s open error", text_of(name));
 }
 
 }  // namespace ink
 
 void log_error_to_file(const char *message, const char *file_name) {
-    ink::append_line(message, file_name);
+    ink::append_line(file_name, [message](std::FILE *file) { std::fputs(ink::text_of(message), file); });
 }

@@ -8,7 +8,13 @@ inline constexpr const char *kErrorLog = "ERROR.MSG";
 // Appends one line to ERROR.MSG.
 void log_error(const char *message);
 
-// Appends one line made by a printf format to ERROR.MSG. Names of any length are taken whole.
+// A name given to the library, for a line that names it: a null one is no text.
+inline const char *text_of(const char *name) {
+    return name != nullptr ? name : "";
+}
+
+// Appends one line made by a printf format to ERROR.MSG. Names of any length are taken whole, and no memory
+// is asked for: exhausted memory is reported through here too.
 [[gnu::format(printf, 1, 2)]] void log_error_format(const char *format, ...);
 
 // The same into another log file.

@@ -16,13 +16,39 @@ struct Node {
 
 std::array<Node *, 8> lists;
 
-// The entry that PollingExecute stands at, in each of its calls that are under way; removing that entry moves
-// it on to the one behind.
-struct Execution {
-    Node *current;
-    Execution *outer;
+// Where a call of PollingExecute stands, for each of those under way. Removing the entry that one stands at moves
+// it on to the entry behind.
+class Execution {
+  public:
+    explicit Execution(Node *first) : current_(first), outer_(innermost_) { innermost_ = this; }
+    // Also when a procedure throws.
+    ~Execution() { innermost_ = outer_; }
+    Execution(const Execution &) = delete;
+    Execution &operator=(const Execution &) = delete;
+
+    void run() {
+        while (current_ != nullptr) {
+            moved_on_ = false;
+            if (current_->procedure != nullptr) current_->procedure();
+            if (!moved_on_) current_ = current_->next;
+        }
+    }
+
+    static void forget(const Node *node) {
+        for (Execution *execution = innermost_; execution != nullptr; execution = execution->outer_) {
+            if (execution->current_ != node) continue;
+            execution->current_ = node->next;
+            execution->moved_on_ = true;
+        }
+    }
+
+  private:
+    static inline Execution *innermost_ = nullptr;
+
+    Node *current_;
+    bool moved_on_ = false;
+    Execution *outer_;
 };
-Execution *executing = nullptr;
 
 // Null for a number that no list can have.
 Node **find_list(std::int32_t number) {
@@ -40,8 +66,7 @@ Node *find(Node **list, INK_PROCEDURE procedure) {
 }
 
 void free_node(Node *node) {
-    for (Execution *execution = executing; execution != nullptr; execution = execution->outer)
-        if (execution->current == node) execution->current = node->next;
+    Execution::forget(node);
     delete node;
 }
 
@@ -104,12 +129,6 @@ int32_t PollingClear(int32_t list) {
 int32_t PollingExecute(int32_t list) {
     Node **first = find_list(list);
     if (first == nullptr) return -2;
-    Execution execution{*first, executing};
-    executing = &execution;
-    while (Node *node = execution.current) {
-        if (node->procedure != nullptr) node->procedure();
-        if (execution.current == node) execution.current = node->next;
-    }
-    executing = execution.outer;
+    Execution(*first).run();
     return 0;
 }

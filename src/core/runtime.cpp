@@ -11,6 +11,12 @@ namespace {
 std::array<INK_PROCEDURE, 64> quit_procedures;
 std::int32_t quit_count = 0;
 
+// Runs the oldest ones of that number, the newest of them first, and counts down as it goes.
+void run_quit_procedures(std::int32_t &left) {
+    while (left > 0)
+        if (const INK_PROCEDURE procedure = quit_procedures[static_cast<std::size_t>(--left)]) procedure();
+}
+
 }  // namespace
 
 int32_t PushQuitProc(INK_PROCEDURE proc) {
@@ -20,24 +26,29 @@ int32_t PushQuitProc(INK_PROCEDURE proc) {
 }
 
 void ExecQuitProc(void) {
-    for (std::int32_t i = quit_count; i-- > 0;)
-        if (const INK_PROCEDURE procedure = quit_procedures[static_cast<std::size_t>(i)]) procedure();
+    std::int32_t left = quit_count;
+    run_quit_procedures(left);
 }
 
 void fnErrorExit(HWND window, const char *message) {
     using namespace ink::host;
     Messages &messages = machine().messages;
     messages.message_box(window, message, "SystemError", kMessageBoxExclamation | kMessageBoxTaskModal);
-    // A quit procedure, or a window procedure told of its window's end, that fails fatally too must not start
-    // the same round again.
-    static bool ending = false;
-    if (std::exchange(ending, true)) std::exit(1);
-    messages.post_quit(0);
-    for (Message waiting; messages.get(waiting);) {
-        messages.translate(waiting);
-        messages.dispatch(waiting);
+    // A procedure that fails fatally too, while the last messages are delivered or the quit procedures run, goes
+    // on with what is left to do: nothing is done twice, and everything that can be released is.
+    static bool delivering = false, exiting = false;
+    static std::int32_t left = -1;  // quit procedures still to be run, once they are begun with
+    if (!std::exchange(delivering, true)) {
+        messages.post_quit(0);
+        for (Message waiting; messages.get(waiting);) {
+            messages.translate(waiting);
+            messages.dispatch(waiting);
+        }
     }
-    ExecQuitProc();
+    if (left < 0) left = quit_count;
+    run_quit_procedures(left);
+    // An exit handler that fails cannot begin the exit anew.
+    if (std::exchange(exiting, true)) std::_Exit(1);
     std::exit(1);
 }
 

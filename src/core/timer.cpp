@@ -3,6 +3,7 @@
 #include <array>
 #include <utility>
 
+#include "core/counters.h"
 #include "core/hooks.h"
 #include "host/host.h"
 #include "inkstone/runtime.h"
@@ -10,7 +11,6 @@
 namespace {
 
 constexpr std::uint32_t kTickMilliseconds = 5;
-constexpr std::int32_t kWaitCounter = 14;
 
 std::array<std::uint32_t, 16> ticks_passed;
 HWND timer_window = nullptr;
@@ -42,11 +42,16 @@ bool is_counter(std::int32_t counter) {
 
 namespace ink {
 
+INK_PROCEDURE idle_procedure() {
+    return idle_function != nullptr ? idle_function : fnCheckMessage;
+}
+
 void idle() {
-    if (idle_function != nullptr)
-        idle_function();
-    else
-        fnCheckMessage();
+    idle_procedure()();
+}
+
+void Wait::rest(INK_PROCEDURE pump) {
+    if (std::exchange(began_, true) && pump == fnCheckMessage) host::machine().messages.rest();
 }
 
 void tab_pressed() {
@@ -81,8 +86,8 @@ void SetTimerTick(int32_t counter, uint32_t value) {
 }
 
 void tick_wait(uint32_t ticks) {
-    SetTimerTick(kWaitCounter, 0);
-    while (GetTimerTick(kWaitCounter) < ticks) ink::idle();
+    SetTimerTick(ink::kWaitCounter, 0);
+    for (ink::Wait wait; GetTimerTick(ink::kWaitCounter) < ticks; ink::idle()) wait.rest();
 }
 
 void clear_time_delay(void) {
@@ -96,7 +101,8 @@ uint32_t get_time_delay(void) {
 // The comparisons are of the clock's values as they stand, so a wait across the clock's wrap at 2^32 ends at
 // once.
 void wait_time_delay(uint32_t milliseconds) {
-    while (delay_mark < delay_start + milliseconds) {
+    for (ink::Wait wait; delay_mark < delay_start + milliseconds;) {
+        wait.rest();
         delay_mark = ink::host::machine().timers.milliseconds();
         ink::idle();
     }

@@ -1,6 +1,7 @@
 // Files, directories and whole paths.
 #include <cstdio>
 #include <cstring>
+#include <new>
 #include <string>
 
 #include "host/file_name.h"
@@ -46,14 +47,18 @@ int32_t check_file_exist(const char *name) {
     return host::open_file(name, "rb") ? 0 : -2;
 }
 
-int32_t check_directory_exist(const char *name) {
+int32_t check_directory_exist(const char *name) try {
+    if (name == nullptr) return -2;
     const std::string probe = std::string(name) + "\\\xFF\xFF\xFF\xFF\xFF\xFF\xFF";
     if (!host::open_file(probe.c_str(), "wb")) return -2;
     host::remove_file(probe.c_str());
     return 0;
+} catch (const std::bad_alloc &) {
+    return -2;
 }
 
-int32_t make_directory(const char *path) {
+int32_t make_directory(const char *path) try {
+    if (path == nullptr) return -2;
     bool made = false;
     for (std::size_t end = 0; *path != '\0'; ++end) {
         if (path[end] != '\0' && !is_separator(path[end])) continue;
@@ -61,9 +66,12 @@ int32_t make_directory(const char *path) {
         if (path[end] == '\0') break;
     }
     return made ? 0 : -2;
+} catch (const std::bad_alloc &) {
+    return -2;
 }
 
 int32_t remove_directory(char *path) {
+    if (path == nullptr) return -2;
     bool removed = false;
     for (std::size_t end = std::strlen(path); end > 0; --end) {
         if (path[end] != '\0' && !is_separator(path[end])) continue;
@@ -73,7 +81,9 @@ int32_t remove_directory(char *path) {
     return removed ? 0 : -2;
 }
 
-void oper_whole_path(char *path, char *whole) {
+void oper_whole_path(char *path, char *whole) try {
+    if (path == nullptr || whole == nullptr) return;
+    *whole = '\0';
     const bool has_drive = is_letter(path[0]) && path[1] == ':';
     std::string full;
     if (is_separator(path[0])) {
@@ -95,4 +105,6 @@ void oper_whole_path(char *path, char *whole) {
         full = short_current_directory() + '\\' + capitals(path);
     }
     std::strcpy(whole, full.c_str());
+} catch (const std::bad_alloc &) {
+    // What could not be put together stays empty.
 }

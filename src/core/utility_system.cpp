@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstring>
 #include <ctime>
+#include <new>
 #include <optional>
 #include <string>
 
@@ -27,6 +28,7 @@ ink::host::System &system_of_machine() {
 }  // namespace
 
 void get_time(char *text) {
+    if (text == nullptr) return;
     const std::tm now = system_of_machine().local_time();
     // Not strftime, whose names of days and months follow the game's locale.
     const auto digits = [](int value, unsigned limit) { return static_cast<unsigned>(value) % limit; };
@@ -40,11 +42,13 @@ void run_random_init(void) {
     for (int i = 0; i < draws; ++i) ink::random_number();
 }
 
-int32_t check_big5(void) {
+int32_t check_big5(void) try {
     std::optional<std::string> setting = system_of_machine().setting("CHINESBIG5(88)");
     if (!setting) return -2;
     for (char &c : *setting) c = static_cast<char>(char_lower(static_cast<std::uint8_t>(c)));
     return *setting == "yes" ? 0 : -2;
+} catch (const std::bad_alloc &) {
+    return -2;
 }
 
 int32_t get_cdrom_drive(void) {

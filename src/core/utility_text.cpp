@@ -10,8 +10,10 @@ namespace {
 
 constexpr std::size_t kLongestFileName = 13;
 
-// Moves the position on and gives where it stood.
+// Moves the position on and gives the bytes from where it stood; without a position, bytes that are zero.
 const std::uint8_t *advance(std::int32_t *position, const std::uint8_t *buffer, std::uint32_t count) {
+    static constexpr std::uint8_t kNothing[4] = {};
+    if (position == nullptr) return kNothing;
     const std::uint8_t *here = buffer + *position;
     *position = static_cast<std::int32_t>(static_cast<std::uint32_t>(*position) + count);
     return here;
@@ -53,11 +55,12 @@ char *get_only_filename(char *result, const char *name) {
         std::memcpy(only, name, kept);
         only[kept] = '\0';
     }
-    std::strcpy(result, only);
+    if (result != nullptr) std::strcpy(result, only);
     return only;
 }
 
 void change_ext(char *result, const char *name, const char *extension) {
+    if (result == nullptr) return;
     const std::size_t kept = std::strcspn(name, ".");
     std::memmove(result, name, kept);
     result[kept] = '.';
@@ -65,10 +68,12 @@ void change_ext(char *result, const char *name, const char *extension) {
 }
 
 void skip_space(const char *text, int32_t *position) {
+    if (position == nullptr) return;
     while (ends_token(text[*position]) || text[*position] == '\t') ++*position;
 }
 
 void get_str(char *result, const char *text, int32_t *position, uint8_t stop, int32_t max) {
+    if (result == nullptr || position == nullptr) return;
     for (; max > 0 && text[*position] != '\0'; --max, ++*position) {
         if (stop != 0 && ends_token(text[*position])) break;
         *result++ = text[*position];

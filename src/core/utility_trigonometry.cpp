@@ -5,9 +5,9 @@
 
 namespace {
 
-// The products with 65536 truncated toward zero. Entries that are one off (sine of 47 and 330 degrees, cosine
-// of 60 and 308, and others) are as games have always been given them: paths computed with them repeat
-// exactly.
+// The products with 65536 truncated toward zero, but for nineteen that are one off (sine of 47 and 330 degrees,
+// cosine of 60 and 308, and others). Games add these steps up along their paths, so that a single one put right
+// would move where a path ends.
 constexpr std::int32_t kSine[360] = {
     0,      1143,   2287,   3429,   4571,   5711,   6850,   7986,   9120,   10252,  11380,  12504,  13625,
     14742,  15854,  16961,  18064,  19160,  20251,  21336,  22414,  23486,  24550,  25606,  26655,  27696,

@@ -12,10 +12,10 @@
 #include <string_view>
 #include <vector>
 
-#include "core/input_file.h"
 #include "core/log.h"
 #include "core/reader.h"
 #include "host/file_name.h"
+#include "host/input_file.h"
 #include "host/letter_case.h"
 
 namespace ink::data {
@@ -27,7 +27,11 @@ constexpr std::size_t kEntrySize = 24, kNameSize = 16, kOffsetAt = 16, kSizeAt =
 constexpr char kSignature[] = "Murn Bind file\x1A\x10";
 constexpr std::uint32_t kStamp = 750411;
 
-constexpr std::int64_t kLargestArchive = std::numeric_limits<std::int32_t>::max();
+constexpr std::uint64_t kLargestArchive = std::numeric_limits<std::int32_t>::max();
+
+// Entries may share contents; an archive makes at most so many times its own size of files.
+constexpr std::uint64_t kMostSharing = 64;
+
 constexpr int kLongestLine = 127;
 constexpr char kComment = ';', kEndOfList = 0x1A;
 
@@ -35,26 +39,32 @@ constexpr char kComment = ';', kEndOfList = 0x1A;
 constexpr std::size_t kPiece = 64000;
 using Piece = std::unique_ptr<std::uint8_t[]>;
 
+void log_no_memory() {
+    log_error("memory alloc error");
+}
+void log_not_opened(const char *name) {
+    log_error_format("file %s open error", text_of(name));
+}
+void log_not_written(const char *name) {
+    log_error_format("file %s write error", name);
+}
+
 Piece new_piece() {
     Piece piece(new (std::nothrow) std::uint8_t[kPiece]);
-    if (!piece) log_error("memory alloc error");
+    if (!piece) log_no_memory();
     return piece;
 }
 
 // Copies what a file has of a stretch; false when it cannot be written.
-bool copy(InputFile &from, std::uint64_t offset, std::uint64_t length, std::FILE *to, const Piece &piece) {
+bool copy(host::InputFile &from, std::uint64_t offset, std::uint64_t length, std::FILE *to,
+          const Piece &piece) {
     for (std::size_t part; length > 0; offset += part, length -= part) {
-        part = from.read(offset,
-                         {piece.get(), static_cast<std::size_t>(std::min<std::uint64_t>(length, kPiece))});
+        const auto most = static_cast<std::size_t>(std::min<std::uint64_t>(length, kPiece));
+        part = from.read(offset, {piece.get(), most});
         if (part == 0) return true;
         if (std::fwrite(piece.get(), 1, part, to) != part) return false;
     }
     return true;
-}
-
-// False when what is still to be written cannot be.
-bool close(host::File file) {
-    return std::fclose(file.release()) == 0;
 }
 
 struct ListedFile {
@@ -66,7 +76,7 @@ struct ListedFile {
 bool read_list(const char *list_name, const char *archive_name, std::vector<ListedFile> &files) try {
     const host::File list = host::open_file(list_name, "rb");
     if (!list) {
-        log_error_format("LIST file %s open error", list_name);
+        log_error_format("LIST file %s open error", text_of(list_name));
         return false;
     }
     std::array<char, kLongestLine + 1> line;
@@ -80,8 +90,9 @@ bool read_list(const char *list_name, const char *archive_name, std::vector<List
             log_error_format("BIND element file %s name too long", name);
             return false;
         }
-        const InputFile file(name);
-        if (!file.is_open()) {
+        // The archive does not hold itself: it is empty when its contents are copied.
+        const host::InputFile file(name);
+        if (!file.is_open() || host::same_file(name, archive_name)) {
             log_error_format("BIND element file %s open error", name);
             return false;
         }
@@ -96,7 +107,7 @@ bool read_list(const char *list_name, const char *archive_name, std::vector<List
     for (ListedFile &file : files) file.offset += contents;
     return true;
 } catch (const std::bad_alloc &) {
-    log_error("memory alloc error");
+    log_no_memory();
     return false;
 }
 
@@ -115,30 +126,22 @@ void write_directory(const std::vector<ListedFile> &files, std::FILE *archive) {
     }
 }
 
-struct Entry {
-    std::string_view name;
-    std::uint32_t offset = 0, size = 0;
-};
-
 // The entries of an archive's directory, one after the other, as far as the file has them.
 class Directory {
   public:
-    explicit Directory(InputFile &archive) : archive_(archive) {
+    explicit Directory(host::InputFile &archive) : archive_(archive) {
         std::array<std::uint8_t, kHeaderSize> header{};
         archive.read(0, header);
         count_ = Reader(&header[kCountAt], 4).i32();
     }
 
-    bool next(Entry &entry) {
-        if (count_ <= 0 || (unread_.empty() && !fetch())) return false;
-        const std::uint8_t *const bytes = unread_.data();
-        const auto *const name = reinterpret_cast<const char *>(bytes);
-        entry.name = {name, static_cast<std::size_t>(std::find(name, name + kNameSize, '\0') - name)};
-        entry.offset = get_u32(bytes + kOffsetAt);
-        entry.size = get_u32(bytes + kSizeAt);
+    // The bytes of the next entry; null when there is none.
+    const std::uint8_t *next() {
+        if (count_ <= 0 || (unread_.empty() && !fetch())) return nullptr;
+        const std::uint8_t *const entry = unread_.data();
         unread_ = unread_.subspan(kEntrySize);
         --count_;
-        return true;
+        return entry;
     }
 
   private:
@@ -149,43 +152,78 @@ class Directory {
         return !unread_.empty();
     }
 
-    InputFile &archive_;
+    host::InputFile &archive_;
     std::int32_t count_;
     std::uint64_t offset_ = kHeaderSize;
-    std::array<std::uint8_t, 128 * kEntrySize> block_;
+    std::array<std::uint8_t, 1024 * kEntrySize> block_;
     std::span<const std::uint8_t> unread_;
 };
 
-// Whether a name may lead out of the current directory: from a drive or the root, or upwards. Systems ignore
-// dots and spaces at the end of a name, so one of nothing else is as good as "..".
-bool leads_outside(std::string_view name) {
-    constexpr std::string_view kSeparators = "/\\";
-    if (name.find(':') != name.npos || kSeparators.find(name.substr(0, 1)) != name.npos) return true;
-    while (!name.empty()) {
-        const std::string_view part = name.substr(0, name.find_first_of(kSeparators));
-        if (part.size() > 1 && part.find_first_not_of(". ") == part.npos) return true;
-        name.remove_prefix(std::min(part.size() + 1, name.size()));
+// A name that is looked for, of which entries are compared with eight letters at once, in capitals.
+class WantedName {
+  public:
+    explicit WantedName(std::string_view name) : fits_(name.size() <= kNameSize) {
+        if (!fits_) return;
+        // Only what stands up to the zero at a name's end belongs to it.
+        const std::size_t compared = std::min(name.size() + 1, kNameSize);
+        std::array<char, kNameSize> letters{}, all{};
+        std::copy(name.begin(), name.end(), letters.begin());
+        std::fill_n(all.begin(), compared, '\xFF');
+        for (std::size_t i = 0; i < kWords; ++i) {
+            mask_[i] = load(&all[8 * i]);
+            name_[i] = capitals(load(&letters[8 * i])) & mask_[i];
+        }
     }
-    return false;
-}
 
-// Writes one file of the archive; false, and a log line, when it cannot be created or written. left is what
-// may still be written: no more than the archive has, whatever its entries claim of one another's contents.
-bool extract(InputFile &archive, const char *archive_name, const Entry &entry, std::uint64_t &left,
-             const Piece &piece) {
-    const std::string name(entry.name);
-    const std::uint64_t length = archive.present(entry.offset, entry.size);
-    host::File file;
-    if (!leads_outside(name) && !host::same_file(name.c_str(), archive_name) && length <= left)
-        file = host::open_file(name.c_str(), "wb");
+    bool is_name_of(const std::uint8_t *entry) const {
+        std::uint64_t difference = 0;
+        for (std::size_t i = 0; i < kWords; ++i)
+            difference |= (capitals(load(entry + 8 * i)) & mask_[i]) ^ name_[i];
+        return fits_ && difference == 0;
+    }
+
+  private:
+    static constexpr std::size_t kWords = kNameSize / 8;
+
+    static std::uint64_t load(const void *bytes) {
+        std::uint64_t word;
+        std::memcpy(&word, bytes, sizeof word);
+        return word;
+    }
+    // The letters a to z turned into capitals: those from a on get their highest bit set, those behind z too.
+    static std::uint64_t capitals(std::uint64_t word) {
+        constexpr std::uint64_t kEach = 0x0101010101010101, kHigh = 0x80 * kEach;
+        const std::uint64_t low = word & ~kHigh;
+        const std::uint64_t small =
+            ((low + (0x80 - 'a') * kEach) ^ (low + (0x7F - 'z') * kEach)) & ~word & kHigh;
+        return word - (small >> 2);
+    }
+
+    bool fits_;
+    std::array<std::uint64_t, kWords> name_{}, mask_{};
+};
+
+// Writes one file of the archive; false, and a log line, when it cannot be created or written. left is how
+// much may still be written.
+bool extract(host::InputFile &archive, const char *archive_name, const std::uint8_t *entry,
+             std::uint64_t &left, const Piece &piece) {
+    std::array<char, kNameSize + 1> name{};
+    std::copy_n(entry, kNameSize, name.begin());
+    if (host::leads_outside(name.data()) || host::same_file(name.data(), archive_name)) {
+        log_not_opened(name.data());
+        return true;  // the others are extracted all the same
+    }
+    const std::uint64_t offset = get_u32(entry + kOffsetAt);
+    const std::uint64_t length = archive.present(offset, get_u32(entry + kSizeAt));
+    host::File file = length <= left ? host::open_file(name.data(), "wb") : nullptr;
     if (!file) {
-        log_error_format("file %s open error", name.c_str());
+        log_not_opened(name.data());
         return false;
     }
     left -= length;
-    const bool copied = copy(archive, entry.offset, length, file.get(), piece);
-    if (close(std::move(file)) && copied) return true;
-    log_error_format("file %s write error", name.c_str());
+    const bool copied = copy(archive, offset, length, file.get(), piece);
+    if (host::close_file(std::move(file)) && copied) return true;
+    log_not_written(name.data());
     return false;
 }
 
@@ -200,7 +238,7 @@ int32_t BIND_bind_file(const char *archive_name, const char *list_name) {
     if (!read_list(list_name, archive_name, files)) return -1;
     host::File archive = host::open_file(archive_name, "wb");
     if (!archive) {
-        log_error_format("file %s open error", archive_name);
+        log_not_opened(archive_name);
         return -1;
     }
     write_directory(files, archive.get());
@@ -208,38 +246,45 @@ int32_t BIND_bind_file(const char *archive_name, const char *list_name) {
     if (!piece) return -1;
     bool copied = true;
     for (const ListedFile &file : files) {
-        InputFile contents(file.name.c_str());
-        if (!contents.is_open()) {
-            log_error_format("file %s open error", file.name.c_str());
+        host::InputFile contents(file.name.c_str());
+        // One that has another size now is not the file of which the directory tells.
+        if (!contents.is_open() || contents.size() != file.size) {
+            log_not_opened(file.name.c_str());
             return -1;
         }
-        copied = copied && copy(contents, 0, contents.size(), archive.get(), piece);
+        copied = copied && copy(contents, 0, file.size, archive.get(), piece);
     }
-    if (close(std::move(archive)) && copied) return 0;
-    log_error_format("file %s write error", archive_name);
+    if (host::close_file(std::move(archive)) && copied) return 0;
+    log_not_written(archive_name);
     return -1;
 }
 
 int32_t BIND_open(const char *archive_name, char *name, int32_t *offset, int32_t *size) {
-    InputFile archive(archive_name);
+    if (offset == nullptr || size == nullptr) return -2;
+    host::InputFile archive(archive_name);
     if (!archive.is_open()) {
         log_open_error(archive_name);
         return -2;
     }
     Directory directory(archive);
-    for (Entry entry; directory.next(entry);) {
-        std::transform(name, name + std::strlen(name), name, host::capital);
-        if (!host::equal_ignoring_case(entry.name, name)) continue;
-        *offset = static_cast<int32_t>(entry.offset);
-        *size = static_cast<int32_t>(entry.size);
-        return 0;
+    const std::uint8_t *entry = name != nullptr ? directory.next() : nullptr;
+    if (entry != nullptr) {
+        const std::string_view text(name);
+        std::transform(text.begin(), text.end(), name, host::capital);
+        const WantedName wanted(text);
+        while (entry != nullptr && !wanted.is_name_of(entry)) entry = directory.next();
     }
-    log_error_format("File %s not in BIND file %s ", name, archive_name);
-    return -2;
+    if (entry == nullptr) {
+        log_error_format("File %s not in BIND file %s ", text_of(name), archive_name);
+        return -2;
+    }
+    *offset = static_cast<std::int32_t>(get_u32(entry + kOffsetAt));
+    *size = static_cast<std::int32_t>(get_u32(entry + kSizeAt));
+    return 0;
 }
 
 int32_t BIND_read(const char *archive_name, int32_t offset, int32_t size, uint8_t *destination) {
-    InputFile archive(archive_name);
+    host::InputFile archive(archive_name);
     if (!archive.is_open()) {
         log_open_error(archive_name);
         return -2;
@@ -250,16 +295,16 @@ int32_t BIND_read(const char *archive_name, int32_t offset, int32_t size, uint8_
 }
 
 int32_t BIND_chop_file(const char *archive_name, const char *) {
-    InputFile archive(archive_name);
+    host::InputFile archive(archive_name);
     if (!archive.is_open()) {
-        log_error_format("file %s open error", archive_name);
+        log_not_opened(archive_name);
         return 0;
     }
     const Piece piece = new_piece();
     if (!piece) return 0;
     Directory directory(archive);
-    std::uint64_t left = archive.size();
-    for (Entry entry; directory.next(entry) && extract(archive, archive_name, entry, left, piece);) {
-    }
+    std::uint64_t left = kMostSharing * archive.size();
+    while (const std::uint8_t *const entry = directory.next())
+        if (!extract(archive, archive_name, entry, left, piece)) break;
     return 0;
 }

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <bit>
 #include <cstdio>
+#include <memory>
 #include <new>
 
 #include "core/log.h"
@@ -16,17 +17,19 @@ bool is_count(std::int32_t count) {
     return count >= 1 && count <= 32;
 }
 
+// The record comes first: when there is no memory for it, a file that stands there is not emptied.
 BIT_FILE_STRUCT *open_bit_file(const char *name, const char *mode) {
-    host::File stream = host::open_file(name, mode);
-    if (!stream) return nullptr;
-    auto *file = new (std::nothrow) BIT_FILE_STRUCT{nullptr, kFirstBit, 0, 0};
-    if (file != nullptr) file->stream = stream.release();
-    return file;
+    std::unique_ptr<BIT_FILE_STRUCT> file(new (std::nothrow) BIT_FILE_STRUCT{nullptr, kFirstBit, 0, 0});
+    if (!file) return nullptr;
+    file->stream = host::open_file(name, mode).release();
+    return file->stream != nullptr ? file.release() : nullptr;
 }
 
-void close_bit_file(BIT_FILE_STRUCT *file) {
-    std::fclose(file->stream);
+// False when what is still to be written cannot be.
+bool close_bit_file(BIT_FILE_STRUCT *file) {
+    const bool closed = std::fclose(file->stream) == 0;
     delete file;
+    return closed;
 }
 
 void count_byte(BIT_FILE_STRUCT &file) {
@@ -102,9 +105,9 @@ BIT_FILE_STRUCT *BITIO_open_output_bit_file(const char *file_name) {
 
 void BITIO_close_output_bit_file(BIT_FILE_STRUCT *file) {
     if (file == nullptr) return;
-    if (file->bit_mask != kFirstBit && std::fputc(file->bit_buffer, file->stream) == EOF)
-        log_error("BITIO_close_output_bit_file error");
-    close_bit_file(file);
+    // Most disks tell that they are full only when the stream's own buffer is written, which closing does.
+    const bool put = file->bit_mask == kFirstBit || std::fputc(file->bit_buffer, file->stream) != EOF;
+    if (!close_bit_file(file) || !put) log_error("BITIO_close_output_bit_file error");
 }
 
 void BITIO_output_bit(BIT_FILE_STRUCT *file, int32_t bit) {

@@ -8,18 +8,15 @@
 
 namespace ink::data {
 
-// The one window and its index; both are too large for every caller's stack.
-struct LzssState {
-    Window window;
-    MatchIndex index{window};
-};
-inline constinit LzssState lzss;
+// The one window with its index, which are too large for every caller's stack.
+inline constinit MatchIndex lzss;
 
 // Compresses what source gives. source.next() is the next byte, or below 0 at the end; sink.literal(byte) and
 // sink.match(match) write the tokens.
 template <typename Source, typename Sink>
 void compress(Source &source, Sink &sink) {
-    auto &[window, index] = lzss;
+    MatchIndex &index = lzss;
+    Window &window = index.window;
     unsigned ahead = 0;
     for (int byte; ahead < kLongestMatch && (byte = source.next()) >= 0; ++ahead)
         window.put(kFirstPosition + ahead, static_cast<std::uint8_t>(byte));

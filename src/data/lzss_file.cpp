@@ -114,7 +114,7 @@ void expand(std::FILE *from, std::FILE *to) {
     std::array<std::uint8_t, 16384> in;
     std::array<std::uint8_t, 8 * kWindowSize> out;
     BitFetcher bits(from, in);
-    LzssOutput output(out);
+    LzssOutput output(out, lzss.window);
     std::size_t kept = 0;  // bytes at the beginning of the output that are in the file already
     Token token = Token::kDone;
     while (token == Token::kDone) {
@@ -136,11 +136,14 @@ void expand(std::FILE *from, std::FILE *to) {
 using namespace ink;
 using namespace ink::data;
 
+// A file is not packed into itself: it would be empty before it is read.
 int32_t LZSS_compress_file(const char *input_name, const char *output_name) {
     const host::File input = host::open_file(input_name, "rb");
-    BIT_FILE_STRUCT *const output = input ? BITIO_open_output_bit_file(output_name) : nullptr;
+    const bool can_write = input && !host::same_file(input_name, output_name);
+    BIT_FILE_STRUCT *const output = can_write ? BITIO_open_output_bit_file(output_name) : nullptr;
     if (output == nullptr) {
-        log_error_format("ERROR : file %s open error(LZSS_compress_file)", input ? output_name : input_name);
+        log_error_format("ERROR : file %s open error(LZSS_compress_file)",
+                         text_of(input ? output_name : input_name));
         return -1;
     }
     FileSource bytes(input.get());
@@ -152,10 +155,12 @@ int32_t LZSS_compress_file(const char *input_name, const char *output_name) {
 }
 
 int32_t LZSS_expand_file(const char *input_name, const char *output_name) {
-    const host::File output = host::open_file(output_name, "wb");
+    const bool can_write = !host::same_file(input_name, output_name);
+    const host::File output = can_write ? host::open_file(output_name, "wb") : nullptr;
     const host::File input = output ? host::open_file(input_name, "rb") : nullptr;
     if (!input) {
-        log_error_format("ERROR : file %s open error(LZSS_expand_file)", output ? input_name : output_name);
+        log_error_format("ERROR : file %s open error(LZSS_expand_file)",
+                         text_of(output ? input_name : output_name));
         return -1;
     }
     expand(input.get(), output.get());

@@ -1,5 +1,6 @@
 // LZSS between two blocks of memory: groups of a flag byte and up to eight tokens.
 #include <bit>
+#include <functional>
 #include <span>
 
 #include "data/lzss_coder.h"
@@ -61,13 +62,16 @@ class GroupWriter {
 
 class GroupReader {
   public:
-    explicit GroupReader(std::span<const std::uint8_t> bytes) : at_(bytes.data()), end_(at_ + bytes.size()) {}
+    // Code that stands where the output goes is read byte by byte, just before it is written over.
+    GroupReader(std::span<const std::uint8_t> bytes, bool is_apart)
+        : at_(bytes.data()), end_(at_ + bytes.size()), is_apart_(is_apart) {}
 
     // Expands one group; false when it is the last that the input or the output has room for.
     bool expand(LzssOutput &output) {
         if (left() == 0 || output.room() == 0) return false;
         unsigned flags = *at_++;
-        if (left() >= 2 * kGroup + kRest && output.room() >= kGroup * kLongestMatch + LzssOutput::kSlack) {
+        if (is_apart_ && left() >= 2 * kGroup + kRest &&
+            output.room() >= kGroup * kLongestMatch + LzssOutput::kSlack) {
             // From match to match, with the literals between two at once.
             unsigned done = 0;
             for (unsigned matches = ~flags & kAllFlags; matches != 0; matches &= matches - 1) {
@@ -104,7 +108,13 @@ class GroupReader {
     }
 
     const std::uint8_t *at_, *end_;
+    bool is_apart_;
 };
+
+bool are_apart(const std::uint8_t *one, std::size_t size, const std::uint8_t *other, std::size_t other_size) {
+    const std::less_equal<> before;
+    return before(one + size, other) || before(other + other_size, one);
+}
 
 }  // namespace
 }  // namespace ink::data
@@ -113,6 +123,7 @@ using namespace ink::data;
 
 int32_t LZSS_compress_data(const uint8_t *source, uint8_t *destination, const uint32_t *source_length,
                            uint32_t *compressed_length) {
+    if (source_length == nullptr || compressed_length == nullptr) return 0;
     MemorySource bytes({source, *source_length});
     GroupWriter groups(destination);
     compress(bytes, groups);
@@ -122,8 +133,10 @@ int32_t LZSS_compress_data(const uint8_t *source, uint8_t *destination, const ui
 
 int32_t LZSS_expand_data(const uint8_t *source, uint8_t *destination, const uint32_t *compressed_length,
                          uint32_t *expanded_length) {
-    GroupReader groups({source, *compressed_length});
-    LzssOutput output({destination, *expanded_length});
+    if (compressed_length == nullptr || expanded_length == nullptr) return 0;
+    GroupReader groups({source, *compressed_length},
+                       are_apart(source, *compressed_length, destination, *expanded_length));
+    LzssOutput output({destination, *expanded_length}, lzss.window);
     while (groups.expand(output)) {
     }
     output.close();

@@ -4,7 +4,7 @@
 #include <cstring>
 #include <span>
 
-#include "data/lzss_coder.h"
+#include "data/match_index.h"
 
 namespace ink::data {
 
@@ -14,8 +14,9 @@ class LzssOutput {
     // How far behind the match itself copy_with_slack() may write.
     static constexpr std::size_t kSlack = 2 * kWord;
 
-    explicit LzssOutput(std::span<std::uint8_t> block)
-        : begin_(block.data()), at_(begin_), end_(begin_ + block.size()) {}
+    // What earlier calls left in the window can be named by matches, too.
+    LzssOutput(std::span<std::uint8_t> block, Window &window)
+        : window_(window), begin_(block.data()), at_(begin_), end_(begin_ + block.size()) {}
 
     std::size_t room() const { return static_cast<std::size_t>(end_ - at_); }
     std::span<const std::uint8_t> written() const { return {begin_, at_}; }
@@ -60,9 +61,9 @@ class LzssOutput {
     }
 
     // Leaves the last bytes in the window.
-    void close() const {
+    void close() {
         const std::size_t size = written().size(), kept = std::min<std::size_t>(size, kWindowSize);
-        lzss.window.put(wrap(begin_position_ + static_cast<unsigned>(size - kept)), written().last(kept));
+        window_.put(wrap(begin_position_ + static_cast<unsigned>(size - kept)), written().last(kept));
     }
 
   private:
@@ -85,10 +86,11 @@ class LzssOutput {
             // A position that was not written yet holds what an earlier call left in the window.
             *at_ = distance <= size
                        ? *(at_ - distance)
-                       : *lzss.window.at(wrap(begin_position_ + static_cast<unsigned>(size - distance)));
+                       : *window_.at(wrap(begin_position_ + static_cast<unsigned>(size - distance)));
         }
     }
 
+    Window &window_;
     std::uint8_t *begin_, *at_, *end_;
     unsigned begin_position_ = kFirstPosition;  // not wrapped
 };

@@ -58,14 +58,14 @@ MatchIndex::Neighbours MatchIndex::insert(unsigned position) {
         insert_alone(position, tree);
         return {};
     }
-    const WindowString string(window_.at(position));
+    const WindowString string(window.at(position));
     bool is_after = false;
     unsigned depth = 0;
     for (unsigned next = node; next != 0; ++depth) {
         node = next;
         const unsigned smaller = entries_[node].child[0], larger = entries_[node].child[1];
         bool equal = false;
-        is_after = string.is_after(window_.at(node), equal);
+        is_after = string.is_after(window.at(node), equal);
         if (equal) {
             replace(node, position);
             return {node, node};
@@ -86,9 +86,9 @@ MatchIndex::Neighbours MatchIndex::insert(unsigned position) {
 Match MatchIndex::longest_match(unsigned position, Neighbours neighbours) const {
     const auto [before, after] = neighbours;
     if (before == after) return {before != 0 ? kLongestMatch : 0, before};
-    const WindowString string(window_.at(position));
-    const unsigned with_before = before != 0 ? string.equal_bytes(window_.at(before)) : 0;
-    const unsigned with_after = after != 0 ? string.equal_bytes(window_.at(after)) : 0;
+    const WindowString string(window.at(position));
+    const unsigned with_before = before != 0 ? string.equal_bytes(window.at(before)) : 0;
+    const unsigned with_after = after != 0 ? string.equal_bytes(window.at(after)) : 0;
     const bool after_wins =
         with_after != with_before ? with_after > with_before : ages_[after] > ages_[before];
     return after_wins ? Match{with_after, after} : Match{with_before, before};

@@ -6,16 +6,17 @@
 // new one. Out of the middle of the tree a string is taken by putting the one before it in order into its
 // place.
 //
-// Such a tree may be as deep as it has strings, and all that matters of its shape is known without it:
-//   - The longest match is always with the string next before or next after the new one in order, for both
-//   lie
-//     on the way down and no other is closer.
-//   - Of these two the deeper is the one whose place is the younger: a new leaf has the youngest place of
-//   all,
-//     and places change hands but never move up or down past each other.
-//   - A string has a smaller child exactly when the string before it in order has a younger place, and a
-//   larger
-//     child exactly when the string after it has.
+// Such a tree may be as deep as it has strings, and all that matters of its shape is known without it.
+//
+// The longest match is always with the string next before or next after the new one in order, for both lie on
+// the way down and no other is closer.
+//
+// Of these two the deeper is the one whose place is the younger: a new leaf has the youngest place of all,
+// and places change hands but never move up or down past each other.
+//
+// A string has a smaller child exactly when the string before it in order has a younger place, and a larger
+// child exactly when the string after it has.
+//
 // So this index keeps the strings in order as a list, remembers the age of each one's place, and is free to
 // find the place of a new string in a way that is fast for any data: through its first two bytes, and then in
 // a search tree of those that share them, which is balanced when it gets too deep.
@@ -42,7 +43,7 @@ class MatchIndex {
         unsigned before = 0, after = 0;
     };
 
-    explicit constexpr MatchIndex(const Window &window) : window_(window) {}
+    Window window;
 
     // Inserts the string at a position, which must not be in the index.
     Neighbours insert(unsigned position);
@@ -85,7 +86,7 @@ class MatchIndex {
     static constexpr unsigned kDeepest = 64;  // random strings hardly ever make a tree of half this depth
 
     unsigned tree_of(unsigned position) const {
-        return static_cast<unsigned>(window_.at(position)[0] << 8 | window_.at(position)[1]);
+        return static_cast<unsigned>(window.at(position)[0] << 8 | window.at(position)[1]);
     }
     // The link that names an entry, in its parent or as the root of its tree.
     Link &link_to(unsigned position);
@@ -99,7 +100,6 @@ class MatchIndex {
     Link balanced(Link &next, unsigned count, Link parent);
     void remove_from_tree(unsigned position);
 
-    const Window &window_;
     std::array<Entry, kWindowSize> entries_{};
     std::array<Age, kWindowSize> ages_{};  // of the places in the plain tree; 0 for what is not in the index
     std::array<Link, kTrees> roots_{};

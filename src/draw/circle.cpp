@@ -66,7 +66,7 @@ Directions directions(double cosine, double sine, bool clockwise) {
 
 // One of the two axes of the walk.
 template <typename Number>
-struct Axis {
+struct WalkAxis {
     Number slope = 0;  // what a step along it changes of the error; grows by 2 with each
     std::int64_t share = 0,
                  sum = 0;  // the offset moves each time that the sum of the shares reaches the radius
@@ -83,7 +83,7 @@ template <typename Number>
 class Walk {
   public:
     Walk(const Surface &surface, std::int32_t colour, std::int64_t x, std::int64_t y, std::int64_t radius,
-         const Axis<Number> &first, const Axis<Number> &second)
+         const WalkAxis<Number> &first, const WalkAxis<Number> &second)
         : surface_(surface),
           colour_(low_byte(colour)),
           x_(x),
@@ -126,7 +126,7 @@ class Walk {
         if (surface_.contains(x, y)) *surface_.at(x, y) = colour_;
     }
 
-    void move(Axis<Number> &along, Axis<Number> &across) {
+    void move(WalkAxis<Number> &along, WalkAxis<Number> &across) {
         along.sum += along.share;
         if (along.sum < radius_) return;
         along.sum -= radius_;
@@ -139,7 +139,7 @@ class Walk {
     }
 
     // Where the walk crosses the centre line of the axis, the other one turns back.
-    void advance(Axis<Number> &along, Axis<Number> &across) {
+    void advance(WalkAxis<Number> &along, WalkAxis<Number> &across) {
         along.slope += 2;
         if (along.slope >= 0 && along.slope < 2) {
             across.turn_back();
@@ -151,7 +151,7 @@ class Walk {
     // Pairs of a step along the minor axis, where the error is not negative, and one along the major axis. As
     // the minor slope is the steeper, the error is negative after a minor step. The steps stop short of the
     // end of the octant, where the slopes become equal or the major axis is crossed.
-    std::int64_t stretch(Axis<Number> &major, Axis<Number> &minor, Number &error, std::int64_t left) {
+    std::int64_t stretch(WalkAxis<Number> &major, WalkAxis<Number> &minor, Number &error, std::int64_t left) {
         Number major_slope = std::abs(major.slope), minor_slope = std::abs(minor.slope);
         const Number major_change = major.slope < 0 ? -2 : 2, minor_change = minor.slope < 0 ? -2 : 2;
         std::int64_t pairs = left / 2;
@@ -189,7 +189,7 @@ class Walk {
     std::int64_t x_, y_;
     std::int64_t radius_;
     Number error_ = 0;
-    Axis<Number> first_, second_;
+    WalkAxis<Number> first_, second_;
 };
 
 bool whole(double number) {

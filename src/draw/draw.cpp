@@ -16,18 +16,25 @@ void put_pixel(const Surface &target, std::int64_t x, std::int64_t y, std::int32
     if (target.contains(x, y)) *target.at(x, y) = low_byte(colour);
 }
 
-void box(const Surface &target, const Box &corners, std::int32_t colour) {
-    outline(clamp_box(corners, target.width, target.height),
-            [&](const Box &edge) { kernels.fill(area(target, edge), low_byte(colour)); });
-}
-
-// Copies a w x h rectangle out of a buffer, unless it is not wholly inside.
-bool holds(std::int64_t x, std::int64_t y, std::int64_t w, std::int64_t h, const Sprite &source) {
+bool holds(const Sprite &source, std::int64_t x, std::int64_t y, std::int64_t w, std::int64_t h) {
     return x >= 0 && y >= 0 && w > 0 && h > 0 && x + w <= source.width && y + h <= source.height;
 }
-void get(std::int64_t x, std::int64_t y, std::int64_t w, std::int64_t h, std::uint8_t *pixels,
-         const Sprite &source) {
-    kernels.copy({pixels, w, source.at(x, y), source.step, w, h});
+
+std::int32_t get_pixel(const Sprite &source, std::int64_t x, std::int64_t y) {
+    return holds(source, x, y, 1, 1) ? *source.at(x, y) : 0;
+}
+
+// Copies a w x h rectangle out of a buffer, unless it is not wholly inside: false then.
+bool get(const Sprite &source, std::int64_t x, std::int64_t y, std::int64_t w, std::int64_t h,
+         std::uint8_t *pixels) {
+    if (!holds(source, x, y, w, h)) return false;
+    put({pixels, w, h}, -x, -y, source);
+    return true;
+}
+
+void box(const Surface &target, const Box &corners, std::int32_t colour) {
+    for_each_edge(clamp_box(corners, target.width, target.height),
+                  [&](const Box &edge) { kernels.fill(area(target, edge), low_byte(colour)); });
 }
 
 }  // namespace
@@ -37,7 +44,7 @@ void BUF_put_pixel(int32_t x, int32_t y, int32_t colour, uint8_t *buf) {
 }
 
 int32_t BUF_get_pixel(int32_t x, int32_t y, const uint8_t *buf) {
-    return MEM_get_pixel(x, y, kScreenWidth, kScreenHeight, buf);
+    return get_pixel(whole_screen(buf), x, y);
 }
 
 void BUF_bar(int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t colour, uint8_t *buf) {
@@ -87,17 +94,14 @@ void BUF_pest_bitmap(int32_t x, int32_t y, int32_t w, int32_t h, const uint8_t *
 }
 
 void BUF_get_image(int32_t x, int32_t y, int32_t w, int32_t h, uint8_t *picture, const uint8_t *buf) {
-    const Sprite source = bitmap(buf, kScreenWidth, kScreenHeight);
     put_image_header(picture, 0, 0);
-    if (!holds(x, y, w, h, source)) return;
-    put_image_header(picture, static_cast<std::uint32_t>(w), static_cast<std::uint32_t>(h));
-    get(x, y, w, h, picture + kImageHeader, source);
+    if (get(whole_screen(buf), x, y, w, h, picture + kImageHeader))
+        put_image_header(picture, static_cast<std::uint32_t>(w), static_cast<std::uint32_t>(h));
 }
 
 void BUF_get_bitmap(int32_t x, int32_t y, int32_t w, int32_t h, uint8_t *pixels, const uint8_t *buf) {
-    const Sprite source = bitmap(buf, kScreenWidth, kScreenHeight);
     put_image_header(pixels, 0, 0);
-    if (holds(x, y, w, h, source)) get(x, y, w, h, pixels, source);
+    get(whole_screen(buf), x, y, w, h, pixels);
 }
 
 void BUF_change_color(int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t from, int32_t to,
@@ -111,12 +115,11 @@ void BUF_change_color(int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t fr
 }
 
 void MEM_put_pixel(int32_t x, int32_t y, int32_t colour, int32_t bw, int32_t bh, uint8_t *mem) {
-    if (mem != nullptr) put_pixel(memory(mem, bw, bh), x, y, colour);
+    put_pixel(memory(mem, bw, bh), x, y, colour);
 }
 
 int32_t MEM_get_pixel(int32_t x, int32_t y, int32_t bw, int32_t bh, const uint8_t *mem) {
-    const Sprite source = bitmap(mem, bw, bh);
-    return mem != nullptr && holds(x, y, 1, 1, source) ? *source.at(x, y) : 0;
+    return get_pixel(whole_memory(mem, bw, bh), x, y);
 }
 
 void MEM_box(int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t colour, int32_t bw, int32_t bh,
@@ -144,15 +147,13 @@ void MEM_pest_bitmap(int32_t x, int32_t y, int32_t w, int32_t h, const uint8_t *
 
 void MEM_get_image(int32_t x, int32_t y, int32_t w, int32_t h, uint8_t *picture, const uint8_t *mem,
                    int32_t bw, int32_t bh) {
-    const Sprite source = bitmap(mem, bw, bh);
     const bool possible = w >= 0 && h >= 0 && w <= kLargestImage && h <= kLargestImage;
     put_image_header(picture, possible ? static_cast<std::uint32_t>(w) : 0,
                      possible ? static_cast<std::uint32_t>(h) : 0);
-    if (possible && holds(x, y, w, h, source)) get(x, y, w, h, picture + kImageHeader, source);
+    if (possible) get(whole_memory(mem, bw, bh), x, y, w, h, picture + kImageHeader);
 }
 
 void MEM_draw_point_cross(int32_t x, int32_t y, int32_t colour, int32_t bw, int32_t bh, uint8_t *mem) {
-    if (mem == nullptr) return;
     const Surface target = memory(mem, bw, bh);
     for (std::int64_t away = -2; away <= 2; ++away) {
         put_pixel(target, x, y + away, colour);
@@ -162,7 +163,7 @@ void MEM_draw_point_cross(int32_t x, int32_t y, int32_t colour, int32_t bw, int3
 
 void MEM_operate_image_size(int32_t *x1, int32_t *y1, int32_t *x2, int32_t *y2, int32_t bw, int32_t bh,
                             const uint8_t *mem) {
-    const Sprite source = bitmap(mem, bw, bh);
+    const Sprite source = whole_memory(mem, bw, bh);
     const std::int32_t right = std::min(*x2, bw), bottom = std::min(*y2, bh);
     std::int32_t min_x = right, min_y = bottom, max_x = *x1, max_y = *y1;
     const std::int32_t left = std::max(*x1, 0),

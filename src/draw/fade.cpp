@@ -1,6 +1,8 @@
 #include <array>
 #include <cstdint>
 
+#include "core/counters.h"
+#include "core/hooks.h"
 #include "draw/palette.h"
 #include "inkstone/palette.h"
 #include "inkstone/runtime.h"
@@ -13,7 +15,6 @@ namespace {
 using Palette = std::array<std::uint8_t, kPaletteSize>;
 
 constexpr std::int32_t kLastStep = 63;
-constexpr std::int32_t kTimer = 15;
 
 // Where the fades lead and what pumps messages meanwhile. The target stays the caller's.
 const std::uint8_t *target = nullptr;
@@ -23,8 +24,12 @@ INK_PROCEDURE callback = nullptr;
 Palette stepped_start{};
 std::int32_t stepped_count = 0;
 
+INK_PROCEDURE pump_procedure() {
+    return callback != nullptr ? callback : fnCheckMessage;
+}
+
 void pump() {
-    (callback != nullptr ? callback : fnCheckMessage)();
+    pump_procedure()();
 }
 
 Palette displayed() {
@@ -61,10 +66,11 @@ void PAL_fade_effect(int32_t delay) {
     if (target == nullptr) return;
     const Palette start = displayed();
     for (std::int32_t step = 0; step <= kLastStep; ++step) {
-        SetTimerTick(kTimer, 0);
+        SetTimerTick(ink::kFadeCounter, 0);
         pump();
         show_blend(start, step);
-        while (GetTimerTick(kTimer) < static_cast<std::uint32_t>(delay)) pump();
+        for (ink::Wait wait; GetTimerTick(ink::kFadeCounter) < static_cast<std::uint32_t>(delay); pump())
+            wait.rest(pump_procedure());
     }
     show_target();
 }

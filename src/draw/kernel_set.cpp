@@ -5,8 +5,8 @@
 // A kernel is an operation on vectors of pixels, walked over the rows. The compilers' generic vectors are
 // used rather than loops left to the vectoriser because of the ends of rows: here the last vector of a row is
 // moved back to end with the row, overlapping the one before, where a vectorised loop would finish pixel by
-// pixel. On sprites 16 to 64 pixels wide that is most of the time. Nothing is assumed about overlapping
-// buffers.
+// pixel. On sprites 16 to 64 pixels wide that is most of the time. The source and the target do not overlap,
+// so that nothing depends on the length of the vectors.
 #include <utility>
 
 #include "draw/kernels.h"
@@ -45,18 +45,18 @@ template <int N>
     __builtin_memcpy(to, &pixels, N);
 }
 
-// How the source lies under the target: each reads the pixels that belong to the target columns x to x + N
-// - 1.
+// How the source lies under the target: each reads the pixels that belong to the target columns x to x + N -
+// 1 of a row of so many columns.
 struct Forward {
     template <int N>
-    [[gnu::always_inline]] static Pixels<N> read(const Byte *from, Step x) {
+    [[gnu::always_inline]] static Pixels<N> read(const Byte *from, Step x, Step) {
         return load<N>(from + x);
     }
 };
 struct Mirrored {
     template <int N>
-    [[gnu::always_inline]] static Pixels<N> read(const Byte *from, Step x) {
-        return reverse<N>(load<N>(from - x - (N - 1)), std::make_integer_sequence<int, N>());
+    [[gnu::always_inline]] static Pixels<N> read(const Byte *from, Step x, Step columns) {
+        return reverse<N>(load<N>(from + columns - x - N), std::make_integer_sequence<int, N>());
     }
     template <int N, int... Lane>
     [[gnu::always_inline]] static Pixels<N> reverse(Pixels<N> pixels, std::integer_sequence<int, Lane...>) {
@@ -86,8 +86,10 @@ template <int N, class Source, class Operation>
     for (Step row = 0; row < blit.rows; ++row, to += blit.to_step, from += blit.from_step) {
         const Pixels<N> under_last = load<N>(to + last);
         for (Step x = 0; x < last; x += N)
-            store<N>(to + x, operation(Source::template read<N>(from, x), load<N>(to + x), x + row));
-        store<N>(to + last, operation(Source::template read<N>(from, last), under_last, last + row));
+            store<N>(to + x,
+                     operation(Source::template read<N>(from, x, blit.columns), load<N>(to + x), x + row));
+        store<N>(to + last,
+                 operation(Source::template read<N>(from, last, blit.columns), under_last, last + row));
     }
 }
 
@@ -120,7 +122,7 @@ void copy(const Blit &part) {
     Blit blit = joined(part);
     if (blit.columns < kLongRow) return walk(blit, [](auto source, auto, Step) { return source; });
     for (; blit.rows > 0; --blit.rows, blit.to += blit.to_step, blit.from += blit.from_step)
-        __builtin_memmove(blit.to, blit.from, static_cast<std::size_t>(blit.columns));
+        __builtin_memcpy(blit.to, blit.from, static_cast<std::size_t>(blit.columns));
 }
 
 void copy_nonzero(const Blit &blit) {
@@ -166,14 +168,14 @@ template <class Vector>
 
 void fill_mesh(const Blit &blit, unsigned phase, Byte colour) {
     walk(in_place(blit), [=](auto, auto under, Step place) {
-        const auto on = mesh<decltype(under)>(place + phase);
+        const auto on = mesh<decltype(under)>(place + Step(phase));
         return on != 0 ? decltype(under){} + colour : under;
     });
 }
 
 void copy_nonzero_mesh(const Blit &blit, unsigned phase, Byte mask) {
     walk(blit, [=](auto source, auto under, Step place) {
-        const auto on = mesh<decltype(source)>(place + phase) & source;
+        const auto on = mesh<decltype(source)>(place + Step(phase)) & source;
         return on != 0 ? source & mask : under;
     });
 }
@@ -217,7 +219,7 @@ class Table {
     static __m512i widen(Vector index) {
         long long bits = 0;
         __builtin_memcpy(&bits, &index, sizeof index);
-        return _mm512_castsi128_si512(_mm_cvtsi64_si128(bits));
+        return _mm512_castsi128_si512(_mm_set_epi64x(0, bits));
     }
     Pixels<64> quarters_[4];
 };
@@ -298,7 +300,7 @@ template <class Operation>
     for (int i = 0; i < picks.blocks_used; ++i) {
         const Picks::Block &block = picks.blocks[i];
         const Byte *base = blit.from + block.base;
-        const Step reach = block.reach;
+        const auto reach = static_cast<Step>(block.reach);
         if (reach > kFar || end - base < ((reach + 15) & ~Step{15})) {
             pick_each(blit, picks, block.at, Picks::kBlock, operation);
             continue;

@@ -1,6 +1,7 @@
 // The choice of the instruction set.
 #include "draw/kernels.h"
 
+#include <cstdio>
 #include <cstdlib>
 #include <string_view>
 
@@ -8,23 +9,42 @@ namespace ink::draw {
 
 namespace {
 
-const Kernels &best_kernels() {
-#if defined(INKSTONE_X86_LEVELS)
-    const char *asked = std::getenv("INKSTONE_CPU");
-    const std::string_view most = asked != nullptr ? asked : "v4";
-    __builtin_cpu_init();
-    const bool v3 = most != "baseline" && __builtin_cpu_supports("avx2");
-    const bool v4 = v3 && most != "v3" && __builtin_cpu_supports("avx512f") &&
-                    __builtin_cpu_supports("avx512bw") && __builtin_cpu_supports("avx512vl") &&
-                    __builtin_cpu_supports("avx512vbmi");
-    if (v4) return kernels_v4;
-    if (v3) return kernels_v3;
+struct Set {
+    std::string_view name;
+    const Kernels &kernels;
+    bool (*runs_here)();
+};
+
+// From the widest vectors to those that every processor has.
+constexpr Set kSets[] = {
+#if defined(INKSTONE_WIDE_KERNELS)
+    {"avx512vbmi", kernels_avx512vbmi,
+     [] {
+         return __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512bw") &&
+                __builtin_cpu_supports("avx512vl") && __builtin_cpu_supports("avx512vbmi");
+     }},
+    {"avx2", kernels_avx2, [] { return __builtin_cpu_supports("avx2") != 0; }},
 #endif
-    return kernels_baseline;
+    {"baseline", kernels_baseline, [] { return true; }},
+};
+
+const Kernels &choose_kernels() {
+#if defined(INKSTONE_WIDE_KERNELS)
+    __builtin_cpu_init();
+#endif
+    const char *asked = std::getenv("INKSTONE_CPU");
+    const Set *best = nullptr;
+    for (const Set &set : kSets) {
+        if (!set.runs_here()) continue;
+        if (asked == nullptr || *asked == '\0' || set.name == asked) return set.kernels;
+        if (best == nullptr) best = &set;
+    }
+    std::fprintf(stderr, "INKSTONE_CPU: there are no %s kernels for this processor\n", asked);
+    return best->kernels;
 }
 
 }  // namespace
 
-const Kernels kernels = best_kernels();
+const Kernels kernels = choose_kernels();
 
 }  // namespace ink::draw

@@ -41,7 +41,7 @@ struct Picks {
 struct Kernels {
     void (*copy)(const Blit &);
     void (*copy_nonzero)(const Blit &);
-    // The source is read from right to left, beginning at `from`.
+    // The source's rows are read from right to left.
     void (*copy_nonzero_mirrored)(const Blit &);
     void (*fill)(const Blit &, std::uint8_t colour);
     void (*fill_mesh)(const Blit &, unsigned phase, std::uint8_t colour);
@@ -63,10 +63,12 @@ struct Kernels {
 };
 
 // The kernels of the best instruction set this processor has, chosen when the library is loaded. The
-// environment variable INKSTONE_CPU can ask for less: baseline, v3 or v4, after the levels of x86-64.
+// environment variable INKSTONE_CPU can ask for less by name: baseline, avx2 or avx512vbmi.
 extern const Kernels kernels;
 
-// The sets there are; which of them are built is the build system's choice.
-extern const Kernels kernels_baseline, kernels_v3, kernels_v4;
+// The sets there are. The baseline's vectors are of 16 bytes, which processors of any kind have or the
+// compiler makes do without; the wide sets are for x86 and built where the build system finds that they can
+// be.
+extern const Kernels kernels_baseline, kernels_avx2, kernels_avx512vbmi;
 
 }  // namespace ink::draw

@@ -3,10 +3,10 @@
 #include <cstdint>
 #include <cstdio>
 
-#include "core/input_file.h"
 #include "core/log.h"
 #include "core/reader.h"
 #include "draw/palette.h"
+#include "host/input_file.h"
 #include "inkstone/palette.h"
 
 namespace {
@@ -20,7 +20,7 @@ using namespace ink;
 using namespace ink::draw;
 
 void PAL_read_palette(const char *file_name, uint8_t *palette) {
-    InputFile file(file_name);
+    host::InputFile file(file_name);
     if (!file.is_open()) {
         log_error_format("FILE %s open error", file_name);
         return;

@@ -1,6 +1,8 @@
+// Scaling: which source pixel each destination column shows is worked out once, then each source row is
+// picked once for all the rows that show it.
 #include "draw/scale.h"
 
-#include "draw/kernels.h"
+#include "draw/blit.h"
 #include "inkstone/scale.h"
 
 namespace ink::draw {
@@ -61,14 +63,22 @@ void draw_scaled(const Surface &target, std::int64_t x, std::int64_t y, const Sc
                  const Scale &rows, const Sprite &sprite, Transparency transparency) {
     const Clip clip = clip_image(x, y, columns.length, rows.length, target.width, target.height);
     if (clip.empty() || clip.columns > Picks::kColumns) return;
+    Blit blit = make_blit(target, clip.x, clip.y, clip.columns, 0);
+    const std::uint8_t *end = sprite.at(sprite.width, sprite.height - 1);
+    if (overlapping(sprite.pixels, end, blit.to, target.at(clip.x + clip.columns, clip.y + clip.rows - 1)))
+        [[unlikely]] {
+        Blit whole = make_blit({}, 0, 0, sprite.width, sprite.height, sprite.pixels, sprite.step);
+        const std::unique_ptr<std::uint8_t[]> copy = detach(whole);
+        if (copy != nullptr)
+            draw_scaled(target, x, y, columns, rows, {copy.get(), sprite.width, sprite.height}, transparency);
+        return;
+    }
 
     Picks picks;
     const std::int64_t left = plan(picks, columns, clip.source_x, static_cast<int>(clip.columns));
-    const std::uint8_t *end = sprite.at(sprite.width, sprite.height - 1);
     const auto pick = transparency == Transparency::none ? kernels.pick : kernels.pick_nonzero;
 
     // A source row is scaled once and drawn in all the rows that show it.
-    Blit blit{target.at(clip.x, clip.y), target.width, nullptr, 0, clip.columns, 0};
     Walk walk(rows, clip.source_y);
     for (std::int64_t row = 0; row < clip.rows; row += blit.rows) {
         const std::int64_t source = walk.source();

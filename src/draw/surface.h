@@ -20,13 +20,15 @@ inline std::uint8_t low_byte(std::int32_t value) {
     return static_cast<std::uint8_t>(value);
 }
 
-// Whether a caller can mean a buffer of this size. One of 2^31 pixels and more cannot be had from a game's
-// own arithmetic; such sizes come from broken data, and nothing is drawn from or into them.
+// Whether a caller can mean a picture of this size. One of 2^31 pixels and more cannot be had from a game's
+// own arithmetic; such sizes come from broken data, and nothing is drawn from or made of them.
 inline bool plausible(std::int64_t width, std::int64_t height) {
-    return width > 0 && height > 0 && width * height <= std::numeric_limits<std::int32_t>::max();
+    constexpr std::int64_t kMost = std::numeric_limits<std::int32_t>::max();
+    return width >= 0 && height >= 0 && width <= kMost && height <= kMost && width * height <= kMost;
 }
 
-// Pixels to draw on, row after row without gaps. A size below 1 holds no pixel.
+// Pixels to draw on, row after row without gaps. A size below 1 holds no pixel. The size only bounds what is
+// drawn, so it may be any: games say "as many rows as it takes" with a large number.
 struct Surface {
     std::uint8_t *pixels = nullptr;
     std::int64_t width = 0, height = 0;
@@ -42,7 +44,7 @@ inline Surface screen(std::uint8_t *buffer) {
 }
 // A null memory buffer holds no pixel.
 inline Surface memory(std::uint8_t *buffer, std::int32_t width, std::int32_t height) {
-    if (buffer == nullptr || !plausible(width, height)) return {};
+    if (buffer == nullptr || width < 1 || height < 1) return {};
     return {buffer, width, height};
 }
 
@@ -54,6 +56,15 @@ struct Sprite {
 
     const std::uint8_t *at(std::int64_t x, std::int64_t y) const { return pixels + y * step + x; }
 };
+
+// The screen or a memory buffer as a picture to copy out of.
+inline Sprite whole_screen(const std::uint8_t *buffer) {
+    return {buffer, kScreenWidth, kScreenHeight};
+}
+inline Sprite whole_memory(const std::uint8_t *buffer, std::int32_t width, std::int32_t height) {
+    if (buffer == nullptr || width < 1 || height < 1) return {};
+    return {buffer, width, height};
+}
 
 inline Sprite upside_down(const Sprite &sprite) {
     if (sprite.height < 1) return {};

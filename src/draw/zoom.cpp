@@ -1,3 +1,4 @@
+// The zoom: a window of one screen, magnified to fill another.
 #include <algorithm>
 
 #include "draw/scale.h"
@@ -10,7 +11,7 @@ namespace {
 struct Span {
     std::int64_t first, end;
 };
-Span columns{0, kScreenWidth}, rows{0, kScreenHeight};
+Span window_columns{0, kScreenWidth}, window_rows{0, kScreenHeight};
 
 Span around(std::int64_t centre, std::int64_t half, std::int64_t size) {
     half = std::max<std::int64_t>(half, 0);
@@ -30,15 +31,16 @@ Scale magnified(const Span &span, std::int64_t size) {
 using namespace ink::draw;
 
 void MEM_zoom_control(int32_t hw, int32_t hh, int32_t cx, int32_t cy) {
-    columns = around(cx, hw, kScreenWidth);
-    rows = around(cy, hh, kScreenHeight);
+    window_columns = around(cx, hw, kScreenWidth);
+    window_rows = around(cy, hh, kScreenHeight);
 }
 
 void MEM_scale_bitmap(uint8_t *dst, const uint8_t *src) {
     // A window of no columns or rows shows its first one, so the sprite is what lies right of and below the
     // corner.
-    const Sprite window{src + rows.first * kScreenWidth + columns.first, kScreenWidth - columns.first,
-                        kScreenHeight - rows.first, kScreenWidth};
-    draw_scaled(screen(dst), 0, 0, magnified(columns, kScreenWidth), magnified(rows, kScreenHeight), window,
-                Transparency::none);
+    const std::int64_t left = window_columns.first, top = window_rows.first;
+    const Sprite window{src + top * kScreenWidth + left, kScreenWidth - left, kScreenHeight - top,
+                        kScreenWidth};
+    draw_scaled(screen(dst), 0, 0, magnified(window_columns, kScreenWidth),
+                magnified(window_rows, kScreenHeight), window, Transparency::none);
 }

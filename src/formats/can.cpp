@@ -2,17 +2,15 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <memory>
 #include <new>
 #include <optional>
 #include <vector>
 
-#include "core/input_file.h"
 #include "core/log.h"
 #include "core/reader.h"
-#include "draw/surface.h"
 #include "formats/compressed_image.h"
+#include "host/input_file.h"
 
 namespace ink::formats {
 namespace {
@@ -76,7 +74,7 @@ class CanFile {
   private:
     static constexpr std::size_t kHeaderSize = 24, kFrameCount = 12, kOffsets = 20, kRecordSize = 8;
 
-    InputFile file_;
+    host::InputFile file_;
     std::int32_t frame_count_ = 0;
     std::int32_t anchor_x_ = 0, anchor_y_ = 0;
     std::vector<std::uint8_t> offsets_;
@@ -88,14 +86,16 @@ struct FreeAnimation {
 using Animation = std::unique_ptr<ANI_DATA_STRUCT, FreeAnimation>;
 
 ANI_DATA_STRUCT *new_record() {
-    return static_cast<ANI_DATA_STRUCT *>(std::calloc(1, sizeof(ANI_DATA_STRUCT)));
+    return new (std::nothrow) ANI_DATA_STRUCT{};
 }
 
-// How much one file may ask for. Complete frames expand to at most 32 times their code, so a whole animation
-// stays below this; a few bytes that state huge images, or a thousand frames that share one block, do not.
+// How much memory the animation of one file may take. Frames with blocks of their own expand to at most 32
+// times their code; frames that share one, or have a size and no code, take what they like of a file of any
+// length, so there is room for hundreds of whole screens of them. A few bytes that state thousands of huge
+// images are refused.
 class Allowance {
   public:
-    explicit Allowance(std::uint64_t file_size) : left_(std::max(kFloor, 64 * file_size)) {}
+    explicit Allowance(std::uint64_t file_size) : left_(std::max(kLeast, 64 * file_size)) {}
 
     bool take(std::uint64_t bytes) {
         if (bytes > left_) return false;
@@ -104,21 +104,20 @@ class Allowance {
     }
 
   private:
-    static constexpr std::uint64_t kFloor = std::uint64_t{64} << 20;
+    static constexpr std::uint64_t kLeast = std::uint64_t{256} << 20;
     std::uint64_t left_;
 };
 
 // The record of the frame, with its image expanded; null when there is no memory for it.
 Animation expand_frame(const CanFrame &frame, Allowance &allowance) {
-    constexpr std::size_t kFrameCost = 1024;  // its records, and the log line of a frame that is none
     const std::size_t size = expanded_size(frame.block.data());
-    if (!allowance.take(kFrameCost + frame.block.size() + size)) return nullptr;
+    if (!allowance.take(sizeof(ANI_DATA_STRUCT) + size)) return nullptr;
     Animation record(new_record());
     if (!record) return nullptr;
     record->x = frame.x;
     record->y = frame.y;
     // Cleared, so that pixels the block has no code for are blank and not what the memory held before.
-    record->image = static_cast<std::uint8_t *>(std::calloc(size, 1));
+    record->image = new (std::nothrow) std::uint8_t[size]{};
     if (record->image == nullptr) return nullptr;
     if (!expand_image(frame.block.data(), frame.code_present(), record->image))
         copy_image_size(frame.block.data(), record->image);
@@ -146,13 +145,14 @@ using namespace ink;
 using namespace ink::formats;
 
 int32_t CAN_read_file(const char *file_name, ANI_DATA_STRUCT **head, uint8_t *) {
+    if (head == nullptr) return -1;
     *head = nullptr;
     Animation animation(new_record());
     CanFile file(file_name);
     if (!animation) {
         log_error("Memory alloc error:CAN_read_file");
     } else if (!file.is_open()) {
-        log_error_format("CAN file %s open error:CAN_read_file", file_name);
+        log_error_format("CAN file %s open error:CAN_read_file", text_of(file_name));
     } else if (!file.read_offsets()) {
         log_error("ERROR : memory alloc error:CAN_read_file");
     } else if (!append_frames(file, animation.get())) {
@@ -166,9 +166,10 @@ int32_t CAN_read_file(const char *file_name, ANI_DATA_STRUCT **head, uint8_t *) 
 
 int32_t CAN_read_frame(const char *file_name, int32_t index, int32_t *x, int32_t *y, uint8_t *image,
                        uint8_t *) {
+    if (x == nullptr || y == nullptr) return -1;
     CanFile file(file_name);
     if (!file.is_open()) {
-        log_error_format("CAN file %s open error:CAN_read_frame", file_name);
+        log_error_format("CAN file %s open error:CAN_read_frame", text_of(file_name));
         return -1;
     }
     if (index < 0 || index >= file.frame_count()) return -1;
@@ -177,8 +178,7 @@ int32_t CAN_read_frame(const char *file_name, int32_t index, int32_t *x, int32_t
         log_error("ERROR : memory alloc error(CAN_read_frame)");
         return -1;
     }
-    // How large an image a broken frame has room for is not known: it comes out as one that draws nothing.
-    if (!expand_image(frame->block.data(), frame->code_present(), image)) draw::put_image_header(image, 0, 0);
+    expand_image(frame->block.data(), frame->code_present(), image);
     *x = frame->x;
     *y = frame->y;
     return file.frame_count();
@@ -187,8 +187,8 @@ int32_t CAN_read_frame(const char *file_name, int32_t index, int32_t *x, int32_t
 void ANI_free_ani(ANI_DATA_STRUCT *head) {
     while (head != nullptr) {
         ANI_DATA_STRUCT *const next = head->next;
-        std::free(head->image);
-        std::free(head);
+        delete[] head->image;
+        delete head;
         head = next;
     }
 }

@@ -14,7 +14,7 @@ namespace ink::formats {
 namespace {
 
 // Where the fields of the header stand.
-constexpr std::size_t kType = 4, kSize = 8, kDataLength = 12;
+constexpr std::size_t kTypeAt = 4, kWidthAt = 8, kHeightAt = 10, kDataLengthAt = 12;
 constexpr std::uint32_t kCoded = 0, kHeaderOnly = 1;
 
 constexpr char kMagic[] = {'C', 'i', 'm', 'g'};
@@ -28,11 +28,11 @@ bool has_magic(const std::uint8_t *block) {
 }  // namespace
 
 std::size_t expanded_size(const std::uint8_t *block) {
-    return draw::kImageHeader + std::size_t{get_u16(block + kSize)} * get_u16(block + kSize + 2);
+    return draw::kImageHeader + std::size_t{get_u16(block + kWidthAt)} * get_u16(block + kHeightAt);
 }
 
 void copy_image_size(const std::uint8_t *block, std::uint8_t *image) {
-    std::memcpy(image, block + kSize, draw::kImageHeader);
+    std::memcpy(image, block + kWidthAt, draw::kImageHeader);
 }
 
 bool expand_image(const std::uint8_t *block, std::size_t code_present, std::uint8_t *image) {
@@ -41,9 +41,9 @@ bool expand_image(const std::uint8_t *block, std::size_t code_present, std::uint
         return false;
     }
     copy_image_size(block, image);
-    if (get_u32(block + kType) != kCoded) return true;
+    if (get_u32(block + kTypeAt) != kCoded) return true;
 
-    const std::size_t length = std::min<std::size_t>(get_u32(block + kDataLength), code_present);
+    const std::size_t length = std::min<std::size_t>(get_u32(block + kDataLengthAt), code_present);
     RunDecoder(std::span(block + kCompressedHeader, length))
         .decode(image + draw::kImageHeader, expanded_size(block) - draw::kImageHeader);
     return true;
@@ -56,8 +56,8 @@ using namespace ink::formats;
 
 int32_t fnCompressImage(const uint8_t *image, uint8_t *block, uint32_t type) {
     std::memcpy(block, kMagic, sizeof kMagic);
-    put_u32(block + kType, type);
-    std::memcpy(block + kSize, image, draw::kImageHeader);
+    put_u32(block + kTypeAt, type);
+    std::memcpy(block + kWidthAt, image, draw::kImageHeader);
 
     std::uint8_t *code = block + kCompressedHeader;
     if (type != kHeaderOnly) {
@@ -66,7 +66,7 @@ int32_t fnCompressImage(const uint8_t *image, uint8_t *block, uint32_t type) {
             code += encode_row(std::span(sprite.at(0, y), static_cast<std::size_t>(sprite.width)), code);
     }
     const auto total = static_cast<std::uint32_t>(code - block);
-    put_u32(block + kDataLength, total - static_cast<std::uint32_t>(kCompressedHeader));
+    put_u32(block + kDataLengthAt, total - static_cast<std::uint32_t>(kCompressedHeader));
     return static_cast<std::int32_t>(total);
 }
 
@@ -76,7 +76,7 @@ void fnUncompressImage(const uint8_t *block, uint8_t *image) {
 
 int32_t fnGetCompressImageSize(const uint8_t *block) {
     if (block == nullptr) return 0;
-    return static_cast<std::int32_t>(kCompressedHeader + get_u32(block + kDataLength));
+    return static_cast<std::int32_t>(kCompressedHeader + get_u32(block + kDataLengthAt));
 }
 
 int32_t fnGetCompressImageFrameSize(const uint8_t *block) {

@@ -5,14 +5,14 @@
 #include <new>
 #include <vector>
 
-#include "core/input_file.h"
 #include "core/log.h"
 #include "formats/flic_chunks.h"
+#include "host/input_file.h"
 
 namespace ink::formats {
 namespace {
 
-constexpr std::uint64_t kFileHeader = 128, kFrameHeader = 16, kChunkHeader = 6;
+constexpr std::int64_t kFileHeader = 128, kFrameHeader = 16, kChunkHeader = 6;
 constexpr std::uint16_t kPrefixType = 0xF100;
 
 struct FrameHeader {
@@ -25,7 +25,7 @@ struct FrameHeader {
 class FlicPlayer {
   public:
     bool open(const char *name, bool small, std::uint8_t *destination) {
-        InputFile file(name);
+        host::InputFile file(name);
         if (!file.is_open()) return false;
         close();
         file_ = std::move(file);
@@ -41,7 +41,7 @@ class FlicPlayer {
         screen_.film_height = reader.i16();
         // Some writers leave the depth out; 8 bits is the only one there is.
         const std::int64_t depth = reader.i16();
-        picture_size_ = screen_.film_width * screen_.film_height * (depth == 0 ? 8 : depth) / 8;
+        room_ = screen_.film_width * screen_.film_height * (depth == 0 ? 8 : depth) / 8 + 512;
         return true;
     }
 
@@ -52,7 +52,9 @@ class FlicPlayer {
         FrameHeader frame = read_frame_header();
         while (frame.type == kPrefixType && frame.size >= kFrameHeader) frame = read_frame_header();
         const bool is_frame = (frame.type & 0xFF) == 0xFA || frame.type >> 8 == 0xF1;
-        if (!is_frame || frame.type == kPrefixType || !believable(frame)) {
+        // One smaller than its header would be found again and again.
+        const bool fits = frame.size >= kFrameHeader && std::int64_t{frame.size} + kFrameHeader <= room_;
+        if (!is_frame || !fits) {
             close();
             return false;
         }
@@ -99,18 +101,9 @@ class FlicPlayer {
         return header;
     }
 
-    // Nearly every frame fits into little more than the plain picture. One that compresses badly, or brings a
-    // palette to a small picture, may need several times as much; that it does is believed only when the file
-    // really has it.
-    bool believable(const FrameHeader &frame) const {
-        const std::int64_t size = frame.size;
-        if (size + 16 <= picture_size_ + 512) return true;
-        return size <= 4 * picture_size_ + 0x10000 && file_.present(frame.position, frame.size) == frame.size;
-    }
-
-    InputFile file_;
+    host::InputFile file_;
     std::int16_t frame_count_ = 0;
-    std::int64_t picture_size_ = 0;
+    std::int64_t room_ = 0;           // a frame has room in as many bytes, 16 more than its own
     std::uint64_t next_ = 0;          // where the next frame starts
     std::vector<std::uint8_t> data_;  // the chunks of the frame last read
     std::int16_t chunks_ = 0;

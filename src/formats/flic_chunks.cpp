@@ -18,15 +18,14 @@ enum ChunkType : std::uint16_t {
     kPostageStamp = 18,
 };
 
-// A row of the film, painted from left to right. Columns and rows are 16-bit numbers, as they are in the
-// file.
+// A row of the destination, painted from left to right. Columns and rows are 16-bit numbers, as they are in
+// the file.
 class Row {
   public:
     Row(const FlicScreen &screen, std::int16_t y) {
-        const draw::Surface &surface = screen.destination;
-        if (y < 0 || y >= std::min(screen.film_height, surface.height)) return;
-        pixels_ = surface.at(0, y);
-        width_ = std::min(screen.film_width, surface.width);
+        if (y < 0 || y >= screen.destination.height) return;
+        pixels_ = screen.destination.at(0, y);
+        width_ = screen.destination.width;
     }
 
     void move(int columns) { x_ = static_cast<std::int16_t>(x_ + columns); }

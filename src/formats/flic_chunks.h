@@ -9,9 +9,9 @@
 
 namespace ink::formats {
 
-// What the chunks of a film change. The film's rectangle lies in the top-left corner of the destination and
-// is cut at its edges; deltas that run beyond it, as those of some writers do by a pixel, leave the rest
-// alone.
+// What the chunks of a film change. The film lies in the top-left corner of the destination. Whole pictures
+// have its width and height; deltas paint where they say, whatever size the film states. What lies outside
+// the destination is cut off.
 struct FlicScreen {
     draw::Surface destination;
     std::int64_t film_width = 0, film_height = 0;

@@ -8,16 +8,17 @@
 #include <new>
 #include <span>
 
-#include "core/input_file.h"
 #include "core/log.h"
 #include "core/reader.h"
 #include "draw/surface.h"
 #include "formats/run_length.h"
+#include "host/input_file.h"
 
 namespace ink::formats {
 namespace {
 
 using Palette = std::array<std::uint8_t, 768>;
+using Memory = std::unique_ptr<std::uint8_t[]>;
 
 // The header: where its fields stand, and what those hold that tell this kind of picture.
 constexpr std::size_t kHeaderSize = 128;
@@ -39,7 +40,7 @@ struct PcxSize {
 };
 
 // Checks the header of an open file; false, and a log line, when it is refused.
-bool read_header(InputFile &file, PcxSize &size) {
+bool read_header(host::InputFile &file, PcxSize &size) {
     std::array<std::uint8_t, kHeaderSize> header{};
     file.read(0, header);
     if (header[kManufacturerAt] != kManufacturer) {
@@ -64,19 +65,12 @@ bool read_header(InputFile &file, PcxSize &size) {
     return true;
 }
 
-void decode(std::span<const std::uint8_t> code, const PcxSize &size, std::uint8_t *pixels) {
+// Decodes rows that are padded: runs may go on from a row into its padding and from there into the next row.
+// row has room for one of them.
+void decode_padded(RunDecoder decoder, const PcxSize &size, std::uint8_t *row, std::uint8_t *pixels) {
     const auto width = static_cast<std::size_t>(size.width);
-    RunDecoder decoder(code);
-    if (size.row_length == width) {
-        decoder.decode(pixels, static_cast<std::size_t>(size.pixels()));
-        return;
-    }
-    // Runs may go on from a row into its padding and from there into the next row.
-    std::array<std::uint8_t, std::numeric_limits<std::uint16_t>::max()> padding;
-    for (std::int32_t y = 0; y < size.height; ++y, pixels += width) {
-        decoder.decode(pixels, width);
-        decoder.decode(padding.data(), size.row_length - width);
-    }
+    for (std::int32_t y = 0; y < size.height; ++y, pixels += width)
+        std::copy_n(row, std::min(decoder.decode(row, size.row_length), width), pixels);
 }
 
 }  // namespace
@@ -86,7 +80,8 @@ using namespace ink;
 using namespace ink::formats;
 
 int32_t PCX_get_image_size(const char *file_name, int32_t *width, int32_t *height) {
-    InputFile file(file_name);
+    if (width == nullptr || height == nullptr) return -2;
+    host::InputFile file(file_name);
     if (!file.is_open()) {
         log_open_error(file_name);
         return -1;
@@ -99,7 +94,7 @@ int32_t PCX_get_image_size(const char *file_name, int32_t *width, int32_t *heigh
 }
 
 int32_t PCX_read_file(const char *file_name, uint8_t *destination) {
-    InputFile file(file_name);
+    host::InputFile file(file_name);
     if (!file.is_open()) {
         log_open_error(file_name);
         return -2;
@@ -109,12 +104,14 @@ int32_t PCX_read_file(const char *file_name, uint8_t *destination) {
 
     constexpr std::uint64_t kLeast = kHeaderSize + kTrailerSize;
     const auto code_size = static_cast<std::size_t>(std::max(file.size(), kLeast) - kLeast);
-    const std::unique_ptr<std::uint8_t[]> memory(new (std::nothrow) std::uint8_t[code_size]);
-    if (!memory) {
+    const bool is_padded = size.row_length > static_cast<std::size_t>(size.width);
+    const Memory code(new (std::nothrow) std::uint8_t[code_size]);
+    const Memory row(new (std::nothrow) std::uint8_t[is_padded ? size.row_length : 0]);
+    if (!code || !row) {
         log_error("Memory not enough");
         return -2;
     }
-    const std::span code(memory.get(), file.read(kHeaderSize, {memory.get(), code_size}));
+    RunDecoder decoder({code.get(), file.read(kHeaderSize, {code.get(), code_size})});
     std::array<std::uint8_t, kTrailerSize> trailer;
     if (file.read(kHeaderSize + code_size, trailer) != trailer.size() || trailer[0] != kPaletteMarker) {
         log_error("Palete check error");
@@ -122,14 +119,19 @@ int32_t PCX_read_file(const char *file_name, uint8_t *destination) {
     }
     std::transform(trailer.begin() + 1, trailer.end(), kept_palette.begin(),
                    [](std::uint8_t component) { return static_cast<std::uint8_t>(component >> 2); });
-    decode(code, size, destination);
+    if (is_padded)
+        decode_padded(decoder, size, row.get(), destination);
+    else
+        decoder.decode(destination, static_cast<std::size_t>(size.pixels()));
     return 0;
 }
 
 int32_t PCX_save_file(const char *file_name, int32_t x, int32_t y, int32_t width, int32_t height,
                       const uint8_t *source, int32_t row_length, int32_t) {
     const auto columns = static_cast<std::size_t>(std::max(width, 0));
-    const std::unique_ptr<std::uint8_t[]> code(new (std::nothrow) std::uint8_t[2 * columns]);
+    // Rows are written many at once: that is what a file takes the longest for.
+    constexpr std::size_t kBlock = 0x10000;
+    const Memory code(new (std::nothrow) std::uint8_t[kBlock + 2 * columns]);
     if (!code) return -1;
     const host::File file = host::open_file(file_name, "w+b");
     if (!file) return -1;
@@ -150,9 +152,13 @@ int32_t PCX_save_file(const char *file_name, int32_t x, int32_t y, int32_t width
     put_u16(&header[kBytesPerLineAt], static_cast<std::uint32_t>(width));
     std::fwrite(header.data(), 1, header.size(), file.get());
 
+    std::size_t coded = 0;
     for (std::int64_t row = 0; row < height; ++row) {
         const std::uint8_t *pixels = source + (y + row) * row_length + x;
-        std::fwrite(code.get(), 1, encode_row({pixels, columns}, code.get()), file.get());
+        coded += encode_row({pixels, columns}, code.get() + coded);
+        if (coded < kBlock && row + 1 < height) continue;
+        std::fwrite(code.get(), 1, coded, file.get());
+        coded = 0;
     }
 
     std::array<std::uint8_t, kTrailerSize> trailer{kPaletteMarker};

@@ -8,21 +8,23 @@
 
 namespace ink::formats {
 
-// Codes one row and returns the number of code bytes. Two bytes a pixel is the most there can be.
+// Codes one row and returns the number of code bytes. Two bytes a pixel is the most there can be, and is what
+// code must have room for.
 std::size_t encode_row(std::span<const std::uint8_t> pixels, std::uint8_t *code);
 
 // Expands code piece by piece: a run that reaches beyond one piece goes on in the next.
 class RunDecoder {
   public:
-    explicit RunDecoder(std::span<const std::uint8_t> code);
+    // No byte of the code is read that no pixel asks for, so more may be stated than is there.
+    explicit RunDecoder(std::span<const std::uint8_t> code)
+        : next_(code.data()), end_(code.data() + code.size()) {}
 
     // Writes the next count pixels, or as many as the code still has, and returns how many.
     std::size_t decode(std::uint8_t *pixels, std::size_t count);
 
   private:
     const std::uint8_t *next_, *end_;
-    const std::uint8_t *certain_;  // the code behind here gives at least kWindow pixels
-    std::size_t run_ = 0;          // what is left of the run begun
+    std::size_t run_ = 0;  // what is left of the run begun
     std::uint8_t value_ = 0;
 };
 

@@ -1,9 +1,6 @@
 // The machine as games, tools and tests see it: the exported functions of host.h but the choice of the
 // machine.
-#include <ctime>
-
 #include "host/host.h"
-#include "host/observer.h"
 
 namespace host = ink::host;
 
@@ -73,11 +70,7 @@ int32_t HOST_exit_code(void) {
 }
 
 HICON HOST_load_cursor(int32_t shape) {
-    return reinterpret_cast<HICON>(static_cast<std::uintptr_t>(static_cast<std::uint32_t>(shape)));
-}
-
-void HOST_observe(HOST_OBSERVER observer) {
-    host::observer = observer;
+    return host::machine().pointer.load_cursor(shape);
 }
 
 uint64_t HOST_clock(void) {
@@ -87,16 +80,13 @@ void HOST_advance_clock(uint64_t microseconds) {
     host::machine().bench.advance_clock(microseconds);
 }
 
+void HOST_set_timer_resolution(uint32_t milliseconds) {
+    host::machine().bench.set_timer_resolution(milliseconds);
+}
+
 void HOST_set_local_time(int32_t year, int32_t month, int32_t day, int32_t hour, int32_t minute,
                          int32_t second) {
-    std::tm time{};
-    time.tm_year = year - 1900;
-    time.tm_mon = month - 1;
-    time.tm_mday = day;
-    time.tm_hour = hour;
-    time.tm_min = minute;
-    time.tm_sec = second;
-    host::machine().bench.set_local_time(time);
+    host::machine().bench.set_local_time({year, month, day, hour, minute, second});
 }
 
 void HOST_set_setting(const char *name, const char *value) {
@@ -114,23 +104,27 @@ void HOST_pointer_button(int32_t button, int32_t down) {
 }
 
 int32_t HOST_window_size(HWND window, int32_t *width, int32_t *height) {
-    return host::machine().bench.window_size(window, *width, *height) ? 0 : -2;
+    std::int32_t columns = 0, rows = 0;
+    if (!host::machine().bench.window_size(window, columns, rows)) return -2;
+    if (width != nullptr) *width = columns;
+    if (height != nullptr) *height = rows;
+    return 0;
 }
 int32_t HOST_read_indices(HWND window, uint8_t *indices) {
-    return host::machine().bench.read_indices(window, indices) ? 0 : -2;
+    return indices != nullptr && host::machine().bench.read_indices(window, indices) ? 0 : -2;
 }
 int32_t HOST_read_picture(HWND window, uint8_t *rgb) {
-    return host::machine().bench.read_picture(window, rgb) ? 0 : -2;
+    return rgb != nullptr && host::machine().bench.read_picture(window, rgb) ? 0 : -2;
 }
 void HOST_read_palette(uint8_t *palette) {
-    host::machine().bench.read_palette(palette);
+    if (palette != nullptr) host::machine().bench.read_palette(palette);
 }
 
 void HOST_capture_sound(int32_t on) {
     host::machine().bench.capture_sound(on != 0);
 }
 int32_t HOST_read_sound(int16_t *stereo, int32_t frames) {
-    if (frames <= 0) return 0;
+    if (frames <= 0 || stereo == nullptr) return 0;
     return static_cast<std::int32_t>(
         host::machine().bench.read_sound(stereo, static_cast<std::size_t>(frames)));
 }

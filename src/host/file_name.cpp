@@ -1,7 +1,14 @@
 #include "host/file_name.h"
 
+#include <sys/stat.h>
+#if !defined(_WIN32)
+#include <dirent.h>
+#endif
+
 #include <algorithm>
+#include <exception>
 #include <filesystem>
+#include <new>
 #include <string_view>
 #include <system_error>
 
@@ -11,79 +18,151 @@ namespace ink::host {
 namespace fs = std::filesystem;
 namespace {
 
+#if defined(_WIN32)
+
+// The system itself takes both separators and any letter case.
+std::string system_name(const char *name) {
+    return name;
+}
+
+// Whether the name is a device's in any directory and with any extension: CON, NUL.TXT, C:\\DATA\\COM1.
+bool is_device(std::string_view name) {
+    name.remove_prefix(name.find_last_of("/\\:") + 1);
+    name = name.substr(0, name.find_first_of(".:"));
+    name = name.substr(0, name.find_last_not_of(' ') + 1);
+    for (const std::string_view device : {"CON", "PRN", "AUX", "NUL", "CONIN$", "CONOUT$"})
+        if (equal_ignoring_case(name, device)) return true;
+    return name.size() == 4 && name[3] >= '1' && name[3] <= '9' &&
+           (equal_ignoring_case(name.substr(0, 3), "COM") || equal_ignoring_case(name.substr(0, 3), "LPT"));
+}
+
+#else
+
 bool exists(const std::string &path) {
-    std::error_code error;
-    return fs::exists(fs::symlink_status(path, error));
+    struct stat status;
+    return lstat(path.c_str(), &status) == 0;
 }
 
 // The entry of the directory whose name equals wanted but for letter case; of several, the first in byte
 // order, so that the answer does not depend on the order in which the system lists them. Empty when there is
 // none.
 std::string find_entry(const std::string &directory, std::string_view wanted) {
+    // Not through std::filesystem, whose iterator ends the process when memory runs out.
+    const auto close = [](DIR *open) { closedir(open); };
+    const std::unique_ptr<DIR, decltype(close)> entries(opendir(directory.empty() ? "." : directory.c_str()));
     std::string found;
-    std::error_code error;
-    fs::directory_iterator entries(directory.empty() ? fs::path(".") : fs::path(directory), error);
-    for (; !error && entries != fs::directory_iterator(); entries.increment(error)) {
-        std::string name = entries->path().filename().string();
-        if (equal_ignoring_case(name, wanted) && (found.empty() || name < found)) found = std::move(name);
+    while (const dirent *entry = entries ? readdir(entries.get()) : nullptr) {
+        const std::string_view name = entry->d_name;
+        if (equal_ignoring_case(name, wanted) && (found.empty() || name < found)) found = name;
     }
     return found;
 }
 
-}  // namespace
-
-std::string system_name(const char *name) {
-    std::string path(name);
-#if defined(_WIN32)
-    return path;
-#else
-    std::replace(path.begin(), path.end(), '\\', '/');
-    if (path.empty() || exists(path)) return path;
-
-    std::string resolved;
-    std::size_t start = 0;
-    while (start < path.size()) {
-        std::size_t end = path.find('/', start);
-        if (end == std::string::npos) end = path.size();
-        const std::string_view component(path.data() + start, end - start);
+// The path with each component as the system has it; those that exist in no letter case stay as written.
+std::string find_path(const std::string &path) {
+    std::string found;
+    for (std::size_t start = 0; start < path.size();) {
+        const std::size_t end = std::min(path.find('/', start), path.size());
+        const std::string component = path.substr(start, end - start);
         const bool plain = component.empty() || component == "." || component == "..";
-        if (!plain && !exists(resolved + std::string(component))) {
-            const std::string found = find_entry(resolved, component);
-            if (found.empty()) return resolved + path.substr(start);
-            resolved += found;
+        if (!plain && !exists(found + component)) {
+            const std::string entry = find_entry(found, component);
+            if (entry.empty()) return found + path.substr(start);
+            found += entry;
         } else {
-            resolved += component;
+            found += component;
         }
-        if (end < path.size()) resolved += '/';
+        if (end < path.size()) found += '/';
         start = end + 1;
     }
-    return resolved;
+    return found;
+}
+
+// The name under which the system knows the file or directory. Without memory to look for it, it is taken as
+// it stands, so that the line which reports the want of memory still finds the log.
+std::string system_name(const char *name) {
+    std::string path(name);
+    std::replace(path.begin(), path.end(), '\\', '/');
+    if (path.empty() || exists(path)) return path;
+    try {
+        return find_path(path);
+    } catch (const std::bad_alloc &) {
+        return path;
+    }
+}
+
+bool is_device(const char *) {
+    return false;
+}
+
 #endif
+
+bool is_directory(const std::string &path) {
+    struct stat status;
+    return stat(path.c_str(), &status) == 0 && (status.st_mode & S_IFMT) == S_IFDIR;
 }
 
-File open_file(const char *name, const char *mode) {
-    if (name == nullptr) return nullptr;
-    const std::string path = system_name(name);
-    std::error_code error;
-    if (fs::is_directory(path, error)) return nullptr;
-    return File(std::fopen(path.c_str(), mode));
+// What operation says of the system's name of the file, and false when there is no name or no memory for it.
+template <class Operation>
+bool ask(const char *name, Operation operation) noexcept try {
+    return name != nullptr && operation(system_name(name));
+} catch (const std::exception &) {
+    return false;
 }
 
-bool remove_file(const char *name) {
-    const std::string path = system_name(name);
-    std::error_code error;
-    return !fs::is_directory(path, error) && fs::remove(path, error);
+}  // namespace
+
+File open_file(const char *name, const char *mode) noexcept {
+    File file;
+    ask(name, [&](const std::string &path) {
+        if (!is_device(name) && !is_directory(path)) file.reset(std::fopen(path.c_str(), mode));
+        return true;
+    });
+    return file;
 }
 
-bool make_directory(const char *name) {
-    std::error_code error;
-    return fs::create_directory(system_name(name), error);
+bool close_file(File file) noexcept {
+    const bool lost = std::ferror(file.get()) != 0;
+    return std::fclose(file.release()) == 0 && !lost;
 }
 
-bool remove_directory(const char *name) {
-    const std::string path = system_name(name);
-    std::error_code error;
-    return fs::is_directory(fs::symlink_status(path, error)) && fs::remove(path, error);
+bool remove_file(const char *name) noexcept {
+    return ask(name,
+               [](const std::string &path) { return !is_directory(path) && std::remove(path.c_str()) == 0; });
+}
+
+bool same_file(const char *one, const char *other) noexcept {
+    return ask(one, [other](const std::string &path) {
+        return ask(other, [&path](const std::string &other_path) {
+            std::error_code error;
+            return fs::equivalent(path, other_path, error);
+        });
+    });
+}
+
+bool leads_outside(std::string_view name) {
+    constexpr std::string_view kSeparators = "/\\";
+    if (name.find(':') != name.npos || kSeparators.find(name.substr(0, 1)) != name.npos) return true;
+    while (!name.empty()) {
+        const std::string_view part = name.substr(0, name.find_first_of(kSeparators));
+        if (part.size() > 1 && part.find_first_not_of(". ") == part.npos) return true;
+        name.remove_prefix(std::min(part.size() + 1, name.size()));
+    }
+    return false;
+}
+
+bool make_directory(const char *name) noexcept {
+    return ask(name, [](const std::string &path) {
+        std::error_code error;
+        return fs::create_directory(path, error);
+    });
+}
+
+bool remove_directory(const char *name) noexcept {
+    return ask(name, [](const std::string &path) {
+        std::error_code error;
+        return fs::is_directory(fs::symlink_status(path, error)) && fs::remove(path, error);
+    });
 }
 
 std::string current_directory([[maybe_unused]] char drive) {
@@ -92,11 +171,6 @@ std::string current_directory([[maybe_unused]] char drive) {
     if (drive != '\0') return fs::absolute(std::string{drive, ':'}, error).string();
 #endif
     return fs::current_path(error).string();
-}
-
-bool same_file(const char *one, const char *other) {
-    std::error_code error;
-    return fs::equivalent(system_name(one), system_name(other), error);
 }
 
 }  // namespace ink::host

@@ -1,48 +1,64 @@
 // The hosts built into the library, and the choice among them.
-#include <array>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <iterator>
+#include <new>
 
-#include "host/headless/headless.h"
 #include "host/host.h"
-#if defined(INKSTONE_HAS_SDL)
-#include "host/sdl/sdl_host.h"
-#endif
+#include "host/watched_machine.h"
 
 namespace ink::host {
+
+// One line for each host built into the library, the preferred one first.
+#define INK_HOST(name) extern const Host name##_host;
+#include "host/hosts.inc"
+#undef INK_HOST
+
 namespace {
 
-constexpr Host kHosts[] = {
-#if defined(INKSTONE_HAS_SDL)
-    {"sdl", "a window on the desktop, through SDL2", open_sdl},
-#endif
-    {"headless", "a simulated machine in memory with a clock of its own", open_headless},
+constexpr const Host *kHosts[] = {
+#define INK_HOST(name) &name##_host,
+#include "host/hosts.inc"
+#undef INK_HOST
 };
 
-Machine *running = nullptr;
+HOST_OBSERVER observer = nullptr;
+Machine *opened = nullptr;   // the machine itself
+Machine *watched = nullptr;  // the one that stands in front of it, once there was an observer
+Machine *current = nullptr;  // the one of these that the library calls
 
-Machine *start(const char *name) {
-    for (const Host &host : kHosts)
-        if (std::strcmp(host.name, name) == 0) return running = host.open();
-    return nullptr;
+// While nobody watches nothing stands between the library and the machine.
+void place_watch() {
+    if (observer != nullptr && watched == nullptr) watched = &watch(*opened, observer);
+    current = observer != nullptr ? watched : opened;
+}
+
+bool start(const Host &host) try {
+    opened = host.open();
+    if (opened != nullptr) place_watch();
+    return opened != nullptr;
+} catch (const std::bad_alloc &) {
+    return false;
+}
+
+bool start(const char *name) {
+    for (const Host *host : kHosts)
+        if (std::strcmp(host->name, name) == 0) return start(*host);
+    return false;
 }
 
 }  // namespace
 
-std::span<const Host> hosts() {
-    return kHosts;
-}
-
 Machine &machine() {
-    if (running != nullptr) return *running;
+    if (current != nullptr) return *current;
     // A machine that was asked for and cannot be had gives way to the next one that can: the last always can.
     const char *wanted = std::getenv("INKSTONE_HOST");
-    if (wanted != nullptr && start(wanted) != nullptr) return *running;
-    for (const Host &host : kHosts) {
-        running = host.open();
-        if (running != nullptr) break;
-    }
-    return *running;
+    if (wanted != nullptr && start(wanted)) return *current;
+    for (const Host *host : kHosts)
+        if (start(*host)) return *current;
+    std::fputs("SystemError: there is no memory for a machine\n", stderr);
+    std::exit(1);
 }
 
 }  // namespace ink::host
@@ -51,8 +67,8 @@ namespace host = ink::host;
 
 int32_t HOST_choose(const char *name) {
     if (name == nullptr) return -2;
-    if (host::running != nullptr) return std::strcmp(host::running->name, name) == 0 ? 0 : -2;
-    return host::start(name) != nullptr ? 0 : -2;
+    if (host::opened != nullptr) return std::strcmp(host::opened->name, name) == 0 ? 0 : -2;
+    return host::start(name) ? 0 : -2;
 }
 
 const char *HOST_name(void) {
@@ -60,10 +76,16 @@ const char *HOST_name(void) {
 }
 
 int32_t HOST_list(int32_t index, const char **name, const char **description) {
-    const auto hosts = host::hosts();
-    if (index < 0 || static_cast<std::size_t>(index) >= hosts.size()) return -2;
-    const host::Host &record = hosts[static_cast<std::size_t>(index)];
+    if (index < 0 || static_cast<std::size_t>(index) >= std::size(host::kHosts)) return -2;
+    const host::Host &record = *host::kHosts[index];
     if (name != nullptr) *name = record.name;
     if (description != nullptr) *description = record.description;
     return 0;
+}
+
+void HOST_observe(HOST_OBSERVER observer) try {
+    host::observer = observer;
+    if (host::opened != nullptr) host::place_watch();
+} catch (const std::bad_alloc &) {
+    // Nobody is told anything.
 }

@@ -1,5 +1,5 @@
-// Arithmetic texts in the classic form with stacks: tokens, their postfix order by operator precedence, the
-// value.
+// Arithmetic texts: tokens are taken from left to right; operations wait on a stack until what comes binds
+// less tightly, values on another until their operation is carried out.
 #include "inkstone/expression.h"
 
 #include <array>
@@ -7,160 +7,148 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
-#include <optional>
-#include <string_view>
 
 namespace ink {
 namespace {
 
-struct Token {
-    enum class Kind { operation, number } kind;
-    std::int32_t value;  // of an operation its character
-};
+// A text has room for so many tokens. The end mark needs a place too: of a longer text the first token is
+// lost, and all beyond the last place.
+constexpr std::size_t kMostTokens = 512;
 
-// A full stack loses what is pushed: that decides what is left of a text with too many tokens.
-class TokenStack {
+constexpr const char *kInvalidCharacter = "Error: invalid char found \n";
+constexpr const char *kInvalidTurn = "Error: invalid operate char turn\n";
+constexpr const char *kUnbalanced = "Error: unbalanced parentheses\n";
+constexpr const char *kDivisionByZero = "Error: zero devide error\n";
+
+// How tightly an operation binds; 0 for what waits until it is closed.
+int rank(char operation) {
+    switch (operation) {
+        case '*':
+        case '/': return 2;
+        case '+':
+        case '-': return 1;
+        default: return 0;
+    }
+}
+
+class Calculator {
   public:
-    void push(Token token) {
-        if (count_ < tokens_.size()) tokens_[count_++] = token;
+    void number(std::uint32_t value) { values_[value_count_++] = value; }
+    void operation(char coming) {
+        if (coming == '(') {
+            operations_[operation_count_++] = coming;
+            return;
+        }
+        // What binds as tightly goes from left to right; a parenthesis closes with everything in it.
+        const int coming_rank = rank(coming);
+        while (operation_count_ > 0 && top_rank() > 0 && top_rank() >= coming_rank) apply();
+        if (coming != ')')
+            operations_[operation_count_++] = coming;
+        else if (operation_count_ > 0)
+            --operation_count_;
+        else
+            unbalanced_ = true;
     }
-    std::optional<Token> pop() {
-        if (count_ == 0) return std::nullopt;
-        return tokens_[--count_];
+    // The end of the text. Returns what is wrong with it, or null.
+    const char *finish() {
+        while (operation_count_ > 0 && top_rank() > 0) apply();
+        if (unbalanced_ || operation_count_ > 0) return kUnbalanced;
+        return divided_by_zero_ ? kDivisionByZero : nullptr;
     }
-    const Token *begin() const { return tokens_.data(); }
-    const Token *end() const { return tokens_.data() + count_; }
+    std::int32_t value() const {
+        return value_count_ > 0 ? static_cast<std::int32_t>(values_[value_count_ - 1]) : 0;
+    }
 
   private:
-    std::array<Token, 512> tokens_;
-    std::size_t count_ = 0;
-};
+    int top_rank() const { return rank(operations_[operation_count_ - 1]); }
 
-Token operation(char c) {
-    return {Token::Kind::operation, c};
-}
-Token number(std::uint32_t value) {
-    return {Token::Kind::number, static_cast<std::int32_t>(value)};
-}
+    std::uint32_t pop(std::uint32_t missing) { return value_count_ > 0 ? values_[--value_count_] : missing; }
 
-constexpr std::string_view kOperations = "+-*/()#";
-
-// By the operation on top of the stack (row) and the one that comes (column), in the order above: '<' stacks
-// what comes, '>' puts the top out first, '=' drops both, '$' cannot be.
-constexpr char kPrecedence[7][8] = {
-    ">><<<>>",  // +
-    ">><<<>>",  // -
-    ">>>><>>",  // *
-    ">>>><>>",  // /
-    "<<<<<=$",  // (
-    ">>>>$>>",  // )
-    "<<<<<$=",  // # stands at both ends
-};
-
-char precedence(Token top, Token coming) {
-    return kPrecedence[kOperations.find(static_cast<char>(top.value))]
-                      [kOperations.find(static_cast<char>(coming.value))];
-}
-
-bool is_arithmetic(char c) {
-    return c == '+' || c == '-' || c == '*' || c == '/';
-}
-
-bool tokenise(const char *text, TokenStack &tokens) {
-    std::uint32_t value = 0;
-    bool in_number = false;
-    char previous = ' ';
-    const auto reject = [text](const char *message) {
-        std::printf("%s       %s\n", message, text);
-        return false;
-    };
-    for (const char *c = text; *c != '\0'; ++c) {
-        if (*c >= '0' && *c <= '9') {
-            in_number = true;
-            value = value * 10 + static_cast<std::uint32_t>(*c - '0');
-            if (c[1] == '\0') tokens.push(number(value));
-        } else if (is_arithmetic(*c) || *c == '(' || *c == ')') {
-            if (in_number) {
-                tokens.push(number(value));
-                value = 0;
-                in_number = false;
-            } else if (is_arithmetic(previous) && is_arithmetic(*c)) {
-                return reject("Error: invalid operate char turn\n");
-            }
-            tokens.push(operation(*c));
-            previous = *c;
-        } else {
-            return reject("Error: invalid char found \n");
-        }
-    }
-    return true;
-}
-
-bool to_postfix(TokenStack &tokens, TokenStack &postfix) {
-    // The end mark goes in first and so comes out last; a stack full of tokens has no place for the first of
-    // them.
-    TokenStack input;
-    input.push(operation('#'));
-    while (const auto token = tokens.pop()) input.push(*token);
-
-    TokenStack operations;
-    operations.push(operation('#'));
-    std::optional<Token> token = input.pop();
-    while (token) {
-        if (token->kind == Token::Kind::number) {
-            postfix.push(*token);
-            token = input.pop();
-            continue;
-        }
-        const Token top = *operations.pop();
-        switch (precedence(top, *token)) {
-            case '<':
-                operations.push(top);
-                operations.push(*token);
-                token = input.pop();
-                break;
-            case '>': postfix.push(top); break;
-            case '=': token = input.pop(); break;
-            default: std::fputs("Error: unbalanced parentheses\n", stdout); return false;
-        }
-    }
-    return true;
-}
-
-std::int32_t evaluate(const TokenStack &postfix) {
-    TokenStack values;
-    for (const Token token : postfix) {
-        if (token.kind == Token::Kind::number) {
-            values.push(token);
-            continue;
-        }
-        const bool sum = token.value == '+' || token.value == '-';
-        const auto popped_right = values.pop(), popped_left = values.pop();
-        const std::int32_t right = popped_right ? popped_right->value : 0;
-        const std::int32_t left = popped_left ? popped_left->value : (sum ? 0 : 1);
-        const auto a = static_cast<std::uint32_t>(left), b = static_cast<std::uint32_t>(right);
-        switch (token.value) {
-            case '+': values.push(number(a + b)); break;
-            case '-': values.push(number(a - b)); break;
-            case '*': values.push(number(a * b)); break;
-            default:
-                if (right == 0) {
-                    std::fputs("Error: zero devide error\n", stdout);
-                    return 0;
-                }
+    void apply() {
+        const char operation = operations_[--operation_count_];
+        const std::uint32_t b = pop(0), a = pop(rank(operation) == 2 ? 1 : 0);
+        switch (operation) {
+            case '+': number(a + b); break;
+            case '-': number(a - b); break;
+            case '*': number(a * b); break;
+            case '/':
+                divided_by_zero_ |= b == 0;
                 // In 64 bits, where the smallest number has a negative.
-                values.push(number(static_cast<std::uint32_t>(std::int64_t{left} / right)));
+                number(b == 0 ? 0
+                              : static_cast<std::uint32_t>(std::int64_t{static_cast<std::int32_t>(a)} /
+                                                           static_cast<std::int32_t>(b)));
+                break;
+            default: break;
         }
     }
-    const auto result = values.pop();
-    return result ? result->value : 0;
+
+    std::array<std::uint32_t, kMostTokens> values_;
+    std::array<char, kMostTokens> operations_;
+    std::size_t value_count_ = 0, operation_count_ = 0;
+    bool unbalanced_ = false, divided_by_zero_ = false;
+};
+
+bool is_digit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+// Hands the tokens of a text over in their order. Returns what is wrong with it, or null.
+template <class Number, class Operation>
+const char *tokenise(const char *text, Number number, Operation operation) {
+    bool after_number = false;
+    char previous = ' ';  // the operation before
+    for (const char *c = text; *c != '\0';) {
+        if (is_digit(*c)) {
+            std::uint32_t value = 0;
+            do value = value * 10 + static_cast<std::uint32_t>(*c++ - '0');
+            while (is_digit(*c));
+            after_number = true;
+            number(value);
+        } else if (rank(*c) > 0 || *c == '(' || *c == ')') {
+            if (!after_number && rank(previous) > 0 && rank(*c) > 0) return kInvalidTurn;
+            after_number = false;
+            previous = *c;
+            operation(*c++);
+        } else {
+            return kInvalidCharacter;
+        }
+    }
+    return nullptr;
 }
 
 }  // namespace
 }  // namespace ink
 
 int32_t string_2_number(const char *text) {
-    ink::TokenStack tokens, postfix;
-    if (!ink::tokenise(text, tokens) || !ink::to_postfix(tokens, postfix)) return 0;
-    return ink::evaluate(postfix);
+    using namespace ink;
+    if (text == nullptr) return 0;
+    std::size_t first = 0;  // token that is not lost
+    if (std::strlen(text) >= kMostTokens) {
+        std::size_t count = 0;
+        const auto one = [&count](auto) { ++count; };
+        tokenise(text, one, one);
+        first = count >= kMostTokens ? 1 : 0;
+    }
+    Calculator calculator;
+    std::size_t at = 0;
+    const auto kept = [&] {
+        const bool keep = at >= first && at < kMostTokens;
+        ++at;
+        return keep;
+    };
+    const char *error = tokenise(
+        text,
+        [&](std::uint32_t value) {
+            if (kept()) calculator.number(value);
+        },
+        [&](char operation) {
+            if (kept()) calculator.operation(operation);
+        });
+    if (error != nullptr) {
+        std::printf("%s       %s\n", error, text);
+        return 0;
+    }
+    error = calculator.finish();
+    if (error != nullptr) std::fputs(error, stdout);
+    return error == nullptr ? calculator.value() : 0;
 }

@@ -1,12 +1,13 @@
 // The interpreter.
 #include <array>
 #include <cstdint>
-#include <utility>
+#include <functional>
+#include <optional>
 
 #include "core/log.h"
 #include "core/random.h"
+#include "core/step_pump.h"
 #include "inkstone/mac.h"
-#include "inkstone/runtime.h"
 #include "script/instruction_set.h"
 #include "script/operands.h"
 #include "script/state.h"
@@ -20,49 +21,30 @@ constexpr int kRunDepth = 32;  // of runs started from callbacks of other runs
 constexpr const char *kUndefinedProcedure = "PROC address not define !!!";
 constexpr const char *kStackOverflow = "MAC stack overflow";
 
-bool holds(std::int32_t left, std::uint8_t comparison, std::int32_t right) {
-    switch (comparison) {
-        case '<': return left < right;
-        case '=': return left == right;
-        case '>': return left > right;
-        case kNotLess: return left >= right;
-        case kNotGreater: return left <= right;
-        case kNotEqual: return left != right;
-        default: return false;
-    }
+std::uint32_t quotient(std::uint32_t a, std::uint32_t b) {
+    if (b == 0) return a;
+    // In 64 bits, where the smallest number has a negative.
+    return static_cast<std::uint32_t>(std::int64_t{static_cast<std::int32_t>(a)} /
+                                      static_cast<std::int32_t>(b));
 }
 
-// Wraps around in 32 bits.
-void calculate(std::uint8_t opcode, std::int32_t index, std::int32_t value) {
-    Record &record = state.record;
-    if (!record.has_variable(index)) return;
-    const std::int32_t old = record.variable(index);
-    const auto a = static_cast<std::uint32_t>(old), b = static_cast<std::uint32_t>(value);
-    std::uint32_t result = a;
-    switch (opcode) {
-        case kSet: result = b; break;
-        case kAdd: result = a + b; break;
-        case kSubtract: result = a - b; break;
-        case kMultiply: result = a * b; break;
-        case kDivide:
-            // In 64 bits, where the smallest number has a negative.
-            if (value != 0) result = static_cast<std::uint32_t>(std::int64_t{old} / value);
-            break;
-        default:
-            if (value != 0) result = static_cast<std::uint32_t>(random_number() % value);
-    }
-    record.set_variable(index, static_cast<std::int32_t>(result));
+// Draws no number when there is nothing to choose from.
+std::uint32_t random_below(std::uint32_t old, std::uint32_t limit) {
+    if (limit == 0) return old;
+    return static_cast<std::uint32_t>(random_number() % static_cast<std::int32_t>(limit));
 }
 
 // One run of a procedure. The code cannot change under it: the run ends as soon as a callback or a pumped
 // procedure has released or replaced it, before anything of it is touched again.
 class Run {
   public:
-    Run() : code_(state.code.get()), size_(state.code_size), generation_(state.generation) {}
-
     std::int32_t from(std::int32_t start) {
         state.cursor = static_cast<std::uint32_t>(start);
-        if (jump(start)) execute();
+        state.overrun = false;
+        if (state.cursor <= size_)
+            execute(state.cursor);
+        else
+            end_outside(state.cursor);
         if (intact()) state.record.set_position(state.cursor);
         return result_;
     }
@@ -70,134 +52,188 @@ class Run {
   private:
     bool intact() const { return state.generation == generation_; }
 
-    void end(std::int32_t result) { result_ = result; }
     void end_outside(std::uint32_t address) {
         log_format_to_file(state.log_file.c_str(), "MAC address %d outside code", static_cast<int>(address));
-        end(kOutsideCode);
+        result_ = kOutsideCode;
     }
 
-    // Takes the operands that were read, unless one of them lies outside the code.
-    bool take(const Operands &operands) {
-        if (operands.cursor > size_) {
-            end_outside(size_);
-            return false;
-        }
-        state.cursor = operands.cursor;
-        return true;
+    // The variables may be others after a pump or a callback.
+    std::uint8_t *variables() {
+        state.steps.fit(state.record.variable_count());
+        return state.record.variables();
     }
 
-    // False when the run is over.
-    bool jump(std::int32_t target) {
-        if (static_cast<std::uint32_t>(target) > size_) {
-            end_outside(static_cast<std::uint32_t>(target));
-            return false;
-        }
-        position_ = static_cast<std::uint32_t>(target);
-        return true;
-    }
-    bool call(std::int32_t procedure) {
+    // Makes a call: the offset to go on at, or none when the run is over.
+    std::optional<std::uint32_t> call(std::int32_t procedure, std::uint32_t next) {
         if (procedure < 0 || procedure >= kCallableProcedures) {
             state.log("MAC call proc no out of range");
-            return true;
+            return next;
         }
         if (depth_ >= kCallDepth) {
             state.log(kStackOverflow);
-            return true;
+            return next;
         }
         const std::int32_t start = procedure < state.procedure_count ? state.entry(procedure) : -1;
         if (start < 0) {
             state.log(kUndefinedProcedure);
-            end(kOutsideCode);
-            return false;
+            result_ = kOutsideCode;
+            return std::nullopt;
         }
-        callers_[depth_++] = position_;
-        return jump(start);
+        callers_[depth_++] = next;
+        return static_cast<std::uint32_t>(start);
     }
-    // A command of the game's.
+
+    // Hands a command to the game; false when the run is over.
     bool command(std::uint8_t opcode) {
         state.overrun = false;
-        const std::int32_t result = state.callback(opcode);
-        if (result != 0)
-            end(result);
-        else if (intact() && state.overrun)
-            end_outside(size_);
-        else
-            return true;
-        return false;
+        result_ = state.callback(opcode);
+        if (result_ != 0 || !intact()) return false;
+        if (state.overrun) end_outside(size_);
+        return !state.overrun;
     }
 
-    void execute() {
+    // Everything that somebody can look at: the pumps made so far, the operand cursor and the position.
+    void show(std::uint32_t position, std::uint32_t cursor, std::uint32_t idle) {
+        pump_.settle(idle);
+        state.cursor = cursor;
+        state.record.set_position(position);
+    }
+
+    void execute(std::uint32_t start) {
+        std::uint32_t position = start, cursor = start;
+        std::uint32_t idle = 0;  // steps that need not pump
+        std::uint8_t *values = nullptr;
+        const auto variable = [&](std::int32_t index) {
+            return values + std::size_t{4} * static_cast<std::uint32_t>(index);
+        };
+        const auto value = [&](const Step &step) {
+            return step.value_in_variable ? get_u32(variable(step.value))
+                                          : static_cast<std::uint32_t>(step.value);
+        };
+        // The variable that a step changes or compares; null when there is none.
+        const auto place = [&](const Step &step) -> std::uint8_t * {
+            if (step.place == Step::Place::kGiven) [[likely]]
+                return variable(step.index);
+            if (step.place == Step::Place::kNone) return nullptr;
+            const auto index = static_cast<std::int32_t>(get_u32(variable(step.index)));
+            return state.record.has_variable(index) ? variable(index) : nullptr;
+        };
+        const auto change = [&](const Step &step, auto operation) {
+            if (std::uint8_t *const to = place(step)) put_u32(to, operation(get_u32(to), value(step)));
+        };
+        Step *next = steps_.place_of(start);  // the place of the step at position
+        const auto jump = [&](const Step &step) {
+            position = step.target;
+            next = step.target_step;
+        };
+        const auto compare = [&](const Step &step, auto holds) {
+            const std::uint8_t *const left = place(step);
+            const auto a = static_cast<std::int32_t>(left != nullptr ? get_u32(left) : 0);
+            if (!holds(a, static_cast<std::int32_t>(value(step)))) jump(step);
+        };
         for (;;) {
-            fnCheckMessage();
-            if (!intact()) return;
-            const std::uint8_t opcode = code_[position_];
-            Operands operands{code_, position_ + 2};
-            const std::uint32_t next = operands.cursor + code_[position_ + 1];
-            if (next > size_) return end_outside(size_);
-            position_ = next;
-            state.cursor = operands.cursor;
-            state.record.set_position(next);
-            switch (opcode) {
-                case kNote:
-                    operands.number();
-                    if (!take(operands)) return;
-                    break;
-                case kReturn:
-                case kEnd:
-                    if (depth_ == 0) return;
-                    position_ = callers_[--depth_];
-                    break;
-                case kIf: {
-                    const std::int32_t target = operands.word();
-                    const std::int32_t index = operands.number();
-                    const std::uint8_t comparison = operands.byte();
-                    const std::int32_t right = operands.number();
-                    if (!take(operands)) return;
-                    if (!holds(state.record.variable(index), comparison, right) && !jump(target)) return;
+            const Step &step = *next;
+            if (step.at != position || idle == 0) [[unlikely]] {
+                if (position > size_) {
+                    end_outside(position);
                     break;
                 }
-                case kGoto: {
-                    const std::int32_t target = operands.word();
-                    if (!take(operands) || !jump(target)) return;
+                if (idle == 0) {
+                    show(position, cursor, 0);
+                    idle = pump_.pump();
+                    if (!intact()) return;
+                    values = variables();
+                    cursor = state.cursor;
+                } else {
+                    --idle;
+                }
+                if (step.at != position && !read_step(position)) {
+                    end_outside(size_);
                     break;
                 }
-                case kCall: {
-                    const std::int32_t procedure = operands.number();
-                    if (!take(operands) || !call(procedure)) return;
+            } else {
+                --idle;
+            }
+            position = step.next;
+            next = step.next_step;
+            cursor = step.cursor;
+            switch (step.kind) {
+                case Step::Kind::kNothing: break;
+                case Step::Kind::kSet: change(step, [](auto, auto b) { return b; }); break;
+                case Step::Kind::kAdd: change(step, std::plus{}); break;
+                case Step::Kind::kSubtract: change(step, std::minus{}); break;
+                case Step::Kind::kMultiply: change(step, std::multiplies{}); break;
+                case Step::Kind::kDivide: change(step, quotient); break;
+                case Step::Kind::kRandom: change(step, random_below); break;
+                case Step::Kind::kIfLess: compare(step, std::less{}); break;
+                case Step::Kind::kIfEqual: compare(step, std::equal_to{}); break;
+                case Step::Kind::kIfGreater: compare(step, std::greater{}); break;
+                case Step::Kind::kIfNotLess: compare(step, std::greater_equal{}); break;
+                case Step::Kind::kIfNotGreater: compare(step, std::less_equal{}); break;
+                case Step::Kind::kIfNotEqual: compare(step, std::not_equal_to{}); break;
+                case Step::Kind::kGoto: jump(step); break;
+                case Step::Kind::kCall: {
+                    const auto to = call(static_cast<std::int32_t>(value(step)), position);
+                    if (!to) return show(position, cursor, idle);
+                    position = *to;
+                    next = steps_.place_of(position);
                     break;
                 }
-                case kChain: {
-                    const char *name = operands.string();
-                    if (!take(operands)) return;
-                    if (name != nullptr) state.record.set_name(name);
-                    return end(kChained);
-                }
-                case kSet:
-                case kAdd:
-                case kSubtract:
-                case kMultiply:
-                case kDivide:
-                case kRandom: {
-                    const std::int32_t index = operands.number();
-                    const std::int32_t value = operands.number();
-                    if (!take(operands)) return;
-                    calculate(opcode, index, value);
+                case Step::Kind::kReturn:
+                    if (depth_ == 0) return show(position, cursor, idle);
+                    position = callers_[--depth_];
+                    next = steps_.place_of(position);
                     break;
+                case Step::Kind::kCommand:
+                    show(position, cursor, idle);
+                    idle = 0;
+                    if (!command(step.opcode)) return;
+                    cursor = state.cursor;
+                    break;
+                case Step::Kind::kChain: {
+                    show(position, cursor, idle);
+                    Operands operands{code_, step.at + 2};
+                    if (const char *const name = operands.string()) state.record.set_name(name);
+                    result_ = kChained;
+                    return;
                 }
-                case kStop: return end(kStopped);
-                default:
-                    if (opcode >= kFirstGameOpcode && !command(opcode)) return;
+                case Step::Kind::kStop: result_ = kStopped; return show(position, cursor, idle);
+                case Step::Kind::kOutside: end_outside(size_); return show(position, cursor, idle);
             }
         }
+        show(position, cursor, idle);
     }
 
-    const std::uint8_t *const code_;
-    const std::uint32_t size_;
-    const std::uint64_t generation_;
-    std::uint32_t position_ = 0;  // of the next instruction: within the code or at its end
+    const std::uint8_t *const code_ = state.code.get();
+    const std::uint32_t size_ = state.code_size;
+    const std::uint64_t generation_ = state.generation;
+    Steps &steps_ = state.steps;
+    StepPump pump_;
     std::size_t depth_ = 0;
     std::array<std::uint32_t, kCallDepth> callers_;
     std::int32_t result_ = kFinished;
+};
+
+// The runs in progress, one within the other. A callback that runs a procedure of its own goes on reading its
+// operands afterwards, also when that run ended by an exception of the game's.
+class Nesting {
+  public:
+    Nesting() { ++running_; }
+    ~Nesting() {
+        if (--running_ == 0 || state.generation != generation_) return;
+        state.cursor = cursor_;
+        state.overrun = overrun_;
+    }
+    Nesting(const Nesting &) = delete;
+    Nesting &operator=(const Nesting &) = delete;
+
+    static bool full() { return running_ == kRunDepth; }
+
+  private:
+    static inline int running_ = 0;
+    const std::uint32_t cursor_ = state.cursor;
+    const bool overrun_ = state.overrun;
+    const std::uint64_t generation_ = state.generation;
 };
 
 }  // namespace
@@ -212,21 +248,10 @@ int32_t MAC_driver(int32_t proc) {
         state.log(kUndefinedProcedure);
         return kFinished;
     }
-    // A callback that runs a procedure of its own goes on reading its operands afterwards.
-    static int running = 0;
-    if (running == kRunDepth) {
+    if (Nesting::full()) {
         state.log(kStackOverflow);
         return kFinished;
     }
-    const std::uint32_t cursor = state.cursor;
-    const bool overrun = state.overrun;
-    const std::uint64_t generation = state.generation;
-    ++running;
-    const std::int32_t result = Run().from(start);
-    --running;
-    if (running > 0 && state.generation == generation) {
-        state.cursor = cursor;
-        state.overrun = overrun;
-    }
-    return result;
+    const Nesting nesting;
+    return Run().from(start);
 }

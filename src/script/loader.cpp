@@ -1,12 +1,13 @@
 // Setting the script system up, loading scripts, and the saved state's way out and in.
 #include <algorithm>
 #include <array>
-#include <cstdio>
 #include <cstring>
+#include <limits>
+#include <new>
 #include <string>
 
 #include "core/reader.h"
-#include "host/file_name.h"
+#include "host/input_file.h"
 #include "inkstone/mac.h"
 #include "script/instruction_set.h"
 #include "script/state.h"
@@ -30,6 +31,17 @@ bool is_given(const char *text) {
     return text != nullptr && *text != '\0';
 }
 
+// Empty and null ones keep what was set before. False when memory is exhausted.
+bool set_directories(const char *script_dir, const char *log_dir) {
+    try {
+        if (is_given(script_dir)) state.directory = script_dir;
+        if (is_given(log_dir)) state.log_file = std::string(log_dir) + '\\' + kErrorLog;
+        return true;
+    } catch (const std::bad_alloc &) {
+        return false;
+    }
+}
+
 std::int32_t fail() {
     state.release_head();
     state.release_code();
@@ -41,50 +53,43 @@ std::int32_t fail(const char *message) {
     return fail();
 }
 
-host::File open_script(const char *name) {
-    return host::open_file((state.directory + '\\' + name).c_str(), "rb");
-}
-
-std::uint64_t size_of(std::FILE *file) {
-    if (std::fseek(file, 0, SEEK_END) != 0) return 0;
-    const long size = std::ftell(file);
-    std::rewind(file);
-    return size > 0 ? static_cast<std::uint64_t>(size) : 0;
-}
-
-std::size_t read_what_is_there(std::FILE *file, std::uint8_t *to, std::size_t size) {
-    return std::fread(to, 1, size, file);
+host::InputFile open_script(const char *name) {
+    try {
+        return host::InputFile((state.directory + '\\' + name).c_str());
+    } catch (const std::bad_alloc &) {
+        return {};
+    }
 }
 
 // Reads head and code; false when there is no memory for them or their stated sizes cannot be.
-bool read_script(std::FILE *file) {
+bool read_script(host::InputFile &file) {
     state.release_head();
     state.release_code();
 
     std::array<std::uint8_t, kFileHeader> header{};
-    const std::uint64_t file_size = size_of(file);
-    read_what_is_there(file, header.data(), header.size());
+    file.read(0, header);
     const auto count = static_cast<std::int32_t>(get_u32(header.data() + kProcedureCountAt));
     const auto code_size = static_cast<std::int32_t>(get_u32(header.data() + kCodeSizeAt));
     if (count < 0 || code_size < 0) return false;
     const std::uint64_t head_size = kFileHeader + std::uint64_t{4} * static_cast<std::uint32_t>(count);
     const auto size = static_cast<std::uint32_t>(code_size);
-    if (head_size + size > std::max(file_size, kLargestShortScript)) return false;
+    if (head_size + size > std::max(file.size(), kLargestShortScript)) return false;
+    if (head_size > std::numeric_limits<std::int32_t>::max())
+        return false;  // it is given out as such a number
 
     state.head = zeroed(head_size);
     state.code = zeroed(size + kMargin);
-    if (!state.head || !state.code) return false;
-    std::rewind(file);
+    if (!state.head || !state.code || !state.steps.create(size)) return false;
     state.procedure_count = count;
     state.code_size = size;
-    read_what_is_there(file, state.head.get(), head_size);
-    read_what_is_there(file, state.code.get(), size);
+    file.read(0, {state.head.get(), static_cast<std::size_t>(head_size)});
+    file.read(head_size, {state.code.get(), size});
     std::memset(state.code.get() + size, kMarginByte, kMargin);
     return true;
 }
 
 // What load and reload share once the file is open; name is null when the record keeps its own.
-std::int32_t finish_loading(std::FILE *file, const char *name, const char *out_of_memory) {
+std::int32_t finish_loading(host::InputFile &file, const char *name, const char *out_of_memory) {
     state.loaded = false;
     if (!read_script(file)) return fail(out_of_memory);
     if (!state.record) return fail(kRecordMissing);
@@ -106,10 +111,9 @@ using ink::script::state;
 int32_t MAC_init(const char *script_dir, const char *log_dir, uint32_t variable_count,
                  MAC_CALLBACK callback) {
     using namespace ink::script;
-    if (is_given(script_dir)) state.directory = script_dir;
-    if (is_given(log_dir)) state.log_file = std::string(log_dir) + '\\' + ink::kErrorLog;
+    const bool directories = set_directories(script_dir, log_dir);
     state.release_record();
-    if (!state.record.create(variable_count)) {
+    if (!directories || !state.record.create(variable_count)) {
         state.log(kOutOfMemory);
         state.initialised = state.loaded = state.named = false;
         return -1;
@@ -124,13 +128,14 @@ int32_t MAC_init(const char *script_dir, const char *log_dir, uint32_t variable_
 int32_t MAC_load(const char *file_name) {
     using namespace ink::script;
     if (!state.initialised) return fail(kNotInitialised);
-    const char *name = file_name != nullptr ? file_name : "";
-    const ink::host::File file = std::strlen(name) < Record::kNameSize ? open_script(name) : nullptr;
-    if (!file) {
+    const char *name = ink::text_of(file_name);
+    ink::host::InputFile file =
+        std::strlen(name) < Record::kNameSize ? open_script(name) : ink::host::InputFile();
+    if (!file.is_open()) {
         ink::log_format_to_file(state.log_file.c_str(), "ERROR : error open file %s(MAC_load)", name);
         return fail();
     }
-    return finish_loading(file.get(), name, "ERROR : memory alloc error(MAC_load)");
+    return finish_loading(file, name, "ERROR : memory alloc error(MAC_load)");
 }
 
 int32_t MAC_reload(void) {
@@ -139,12 +144,12 @@ int32_t MAC_reload(void) {
     if (!state.named) return fail("ERROR : mac filename lost !");
     if (!state.record) return fail(kRecordMissing);
     const char *name = state.record.name();
-    const ink::host::File file = open_script(name);
-    if (!file) {
+    ink::host::InputFile file = open_script(name);
+    if (!file.is_open()) {
         ink::log_format_to_file(state.log_file.c_str(), "ERROR : error open file %s", name);
         return fail();
     }
-    return finish_loading(file.get(), nullptr, kOutOfMemory);
+    return finish_loading(file, nullptr, kOutOfMemory);
 }
 
 void MAC_free(void) {
@@ -164,7 +169,7 @@ int32_t MAC_head_size(void) {
 }
 
 int32_t MAC_export_info(void *destination) {
-    if (!state.record) return 0;
+    if (!state.record || destination == nullptr) return 0;
     std::memcpy(destination, state.record.bytes(), state.record.size());
     return MAC_info_size();
 }
@@ -185,7 +190,7 @@ int32_t MAC_inport_info(const void *source) {
 
 char *MAC_export_filename(char *destination) {
     static char name[Record::kNameSize];
-    if (!state.record) return nullptr;
+    if (!state.record || destination == nullptr) return nullptr;
     std::memcpy(name, state.record.name(), sizeof name);
     std::strcpy(destination, name);
     return name;

@@ -3,18 +3,15 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <memory>
+#include <new>
 
 namespace ink::script {
 
-struct FreeMemory {
-    void operator()(std::uint8_t *memory) const { std::free(memory); }
-};
-using Memory = std::unique_ptr<std::uint8_t[], FreeMemory>;
+using Memory = std::unique_ptr<std::uint8_t[]>;
 
 inline Memory zeroed(std::size_t size) {
-    return Memory(static_cast<std::uint8_t *>(std::calloc(size, 1)));
+    return Memory(new (std::nothrow) std::uint8_t[size]());
 }
 
 }  // namespace ink::script

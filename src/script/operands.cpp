@@ -10,7 +10,8 @@ namespace {
 
 template <class Value>
 Value fetch(Value (Operands::*read)()) {
-    if (!state.code) return Value{};
+    // A run that began outside the code has left its cursor there.
+    if (!state.code || state.cursor > state.code_size) return Value{};
     Operands operands{state.code.get(), state.cursor};
     const Value value = (operands.*read)();
     state.overrun |= operands.cursor > state.code_size;
@@ -23,11 +24,10 @@ Value fetch(Value (Operands::*read)()) {
 
 char *Operands::string() {
     static char text[kLongestString + 2];
-    const std::uint8_t length = code[cursor];
-    if (length > kLongestString) return nullptr;
+    const std::uint32_t start = cursor;
+    if (!skip_string()) return nullptr;
     std::memset(text, 0, sizeof text);
-    std::memcpy(text, code + cursor + 1, length);
-    cursor += 1U + length;
+    std::memcpy(text, code + start + 1, code[start]);
     return text;
 }
 
@@ -37,7 +37,7 @@ using ink::script::Operands;
 using ink::script::state;
 
 int32_t MAC_get_number(void) {
-    return ink::script::fetch(&Operands::number);
+    return ink::script::fetch(&Operands::value);
 }
 
 char *MAC_get_string(void) {

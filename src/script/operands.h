@@ -11,6 +11,12 @@
 
 namespace ink::script {
 
+// A number as it is written: itself, or as the index of the variable that holds it.
+struct NumberOperand {
+    bool is_variable;
+    std::int32_t word;
+};
+
 struct Operands {
     const std::uint8_t *code;
     std::uint32_t cursor;
@@ -21,16 +27,25 @@ struct Operands {
         return static_cast<std::int32_t>(get_u32(code + cursor - 4));
     }
     // 0, and the cursor stays, when no number stands there.
-    std::int32_t number() {
+    NumberOperand number() {
         const std::uint8_t type = code[cursor];
-        if (type != kConstant && type != kVariable) return 0;
+        if (type != kConstant && type != kVariable) return {false, 0};
         ++cursor;
-        const std::int32_t value = word();
-        if (type == kConstant) return value;
-        return static_cast<std::uint32_t>(value) < kReadableVariables ? state.record.variable(value) : 0;
+        return {type == kVariable, word()};
     }
-    // A zero-terminated copy, which the next call overwrites. Null, and the cursor stays, when no string
-    // stands there.
+    std::int32_t value() {
+        const NumberOperand operand = number();
+        if (!operand.is_variable) return operand.word;
+        const bool readable = static_cast<std::uint32_t>(operand.word) < kReadableVariables;
+        return readable ? state.record.variable(operand.word) : 0;
+    }
+    // False, and the cursor stays, when no string stands there.
+    bool skip_string() {
+        if (code[cursor] > kLongestString) return false;
+        cursor += 1U + code[cursor];
+        return true;
+    }
+    // A zero-terminated copy, which the next call overwrites, or null.
     char *string();
 };
 

@@ -35,6 +35,8 @@ class Record {
     void set_code_size(std::uint32_t size) { put_u32(bytes_.get() + kCodeSizeAt, size); }
     void set_position(std::uint32_t position) { put_u32(bytes_.get() + kPositionAt, position); }
 
+    // The variables, for a run that has checked its indices.
+    std::uint8_t *variables() { return bytes_.get() + kHeader; }
     std::uint32_t variable_count() const { return variable_count_; }
     bool has_variable(std::int32_t index) const {
         return static_cast<std::uint32_t>(index) < variable_count_;

@@ -20,6 +20,7 @@ void State::release_head() {
 
 void State::release_code() {
     code.reset();
+    steps.release();
     code_size = 0;
     cursor = 0;
     ++generation;

@@ -10,6 +10,7 @@
 #include "inkstone/mac.h"
 #include "script/memory.h"
 #include "script/record.h"
+#include "script/steps.h"
 
 namespace ink::script {
 
@@ -21,6 +22,7 @@ struct State {
     std::int32_t procedure_count = 0;
     Memory code;  // kMargin bytes longer than the code
     std::uint32_t code_size = 0;
+    Steps steps;  // of the code
     // Changes whenever a run in progress has lost the code or the record it works on.
     std::uint64_t generation = 0;
 
@@ -28,7 +30,7 @@ struct State {
     MAC_CALLBACK callback = nullptr;
     bool initialised = false, loaded = false, named = false;
 
-    std::uint32_t cursor = 0;  // of the next operand, never beyond the code's end while a callback runs
+    std::uint32_t cursor = 0;  // of the next operand; beyond the code's end only after a run that began there
     bool overrun = false;      // an operand outside the code was asked for
 
     void log(const char *message) const;

@@ -6,6 +6,7 @@
 
 #include "draw/surface.h"
 #include "text/draw_glyph.h"
+#include "text/pen.h"
 
 namespace {
 
@@ -20,6 +21,8 @@ constexpr std::array<std::uint8_t, 256 * kGlyphRows + 1> kFont{
 #include "text/ascii_font.inc"
 };
 
+constexpr TextArea kArea{0, 0, draw::kScreenWidth, draw::kScreenHeight};
+
 TextStyle style;
 ColourSlots slots;
 
@@ -31,28 +34,22 @@ Glyph glyph_of(char character) {
 }  // namespace
 
 void print_ascii16(int32_t x, int32_t y, const char *text, int32_t mode, uint8_t *buffer) {
-    if (x > draw::kScreenWidth - 16 || x < 0 || y > draw::kScreenHeight - 16 || y < 0) return;
+    if (x > kArea.right - 16 || x < kArea.left || y > kArea.bottom - 16 || y < kArea.top) return;
     if (!text || !buffer) return;
     const draw::Surface screen = draw::screen(buffer);
     const Background background(mode);
-    bool line_was_zoomed = false;
+    Pen pen(x, y);
     const std::size_t length = std::strlen(text);
     for (std::size_t i = 0; i < length;) {
         if (text[i] == '~') {
             if (text[i + 1] != 0) apply_control(style, text[i + 1], text[i + 2]);
             i += 3;
         } else {
-            draw_text_glyph(screen, x, y, glyph_of(text[i]), style, slots, background);
-            line_was_zoomed |= style.zoom;
-            x += style.zoom ? 16 : 8;
+            draw_text_glyph(screen, pen.x(), pen.y(), glyph_of(text[i]), style, slots, background);
+            pen.advance(kCellWidth, style.zoom);
             i += 1;
         }
-        if (x > draw::kScreenWidth - 8) {
-            x = 0;
-            y += line_was_zoomed ? 32 : 16;
-            line_was_zoomed = false;
-        }
-        if (y > draw::kScreenHeight) y = 0;
+        pen.wrap(kArea, kCellWidth, kCellHeight);
     }
 }
 

@@ -7,6 +7,7 @@
 #include "host/file_name.h"
 #include "text/draw_glyph.h"
 #include "text/fonts.h"
+#include "text/pen.h"
 
 namespace {
 
@@ -18,20 +19,15 @@ struct Size {
     Font single, wide;
     std::int32_t single_advance, wide_advance;  // a line is as high as a wide character
     std::int32_t line_end;                      // fewer columns than this left in the window end a line
-    std::size_t pattern_size;
     const char *not_loaded;
 };
-constexpr Size kSize16{kAscii16, kChinese16, 8, 16, 8, 16, "CHINE not init"};
-constexpr Size kSize24{kAscii24, kChinese24, kAscii24Advance, 24, 24, 24, "Chine not enable"};
-
-struct Window {
-    std::int32_t left = 0, top = 0, right = draw::kScreenWidth, bottom = draw::kScreenHeight;
-};
+constexpr Size kSize16{kAscii16, kChinese16, 8, 16, 8, "CHINE not init"};
+constexpr Size kSize24{kAscii24, kChinese24, kAscii24Advance, 24, 24, "Chine not enable"};
 
 bool loaded = false;
 Fonts fonts;
 TextStyle style;
-Window window;
+TextArea window{0, 0, draw::kScreenWidth, draw::kScreenHeight};
 ColourSlots slots16, slots24;
 
 bool is_slot(std::int32_t slot) {
@@ -70,7 +66,7 @@ std::size_t control(const char *text) {
     }
 }
 
-void print(const Size &size, const ColourSlots &slots, std::int64_t x, std::int64_t y, const char *text,
+void print(const Size &size, const ColourSlots &slots, std::int32_t x, std::int32_t y, const char *text,
            std::int32_t mode, std::uint8_t *buffer) {
     if (!is_loaded(size.not_loaded)) return;
     const std::int64_t right = window.right, bottom = window.bottom;
@@ -80,11 +76,10 @@ void print(const Size &size, const ColourSlots &slots, std::int64_t x, std::int6
 
     const draw::Surface screen = draw::screen(buffer);
     const Background background(mode);
-    bool line_was_zoomed = false;
+    Pen pen(x, y);
     const auto put = [&](const Glyph &glyph, std::int32_t advance) {
-        draw_text_glyph(screen, x, y, glyph, style, slots, background);
-        x += style.zoom ? 2 * advance : advance;
-        line_was_zoomed |= style.zoom;
+        draw_text_glyph(screen, pen.x(), pen.y(), glyph, style, slots, background);
+        pen.advance(advance, style.zoom);
     };
     const std::size_t length = std::strlen(text);
     for (std::size_t i = 0; i < length;) {
@@ -100,15 +95,7 @@ void print(const Size &size, const ColourSlots &slots, std::int64_t x, std::int6
             put(fonts.glyph(size.single, byte), size.single_advance);
             i += 1;
         }
-        if (x > right - size.line_end) {
-            x = window.left;
-            y += line_was_zoomed ? 2 * size.wide_advance : size.wide_advance;
-            line_was_zoomed = false;
-        }
-        if (y > bottom) {
-            log_error("TEXT out of range");
-            y = window.top;
-        }
+        if (pen.wrap(window, size.line_end, size.wide_advance)) log_error("TEXT out of range");
     }
 }
 

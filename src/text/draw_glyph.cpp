@@ -5,7 +5,6 @@
 #include "text/draw_glyph.h"
 
 #include <algorithm>
-#include <bit>
 #include <cstring>
 #include <type_traits>
 
@@ -43,24 +42,21 @@ T filled(std::uint8_t colour) {
 
 // For each byte of bits, leftmost pixel in bit 7, the eight pixels that are 0xFF where the bit is set.
 constexpr auto kMasks = [] {
-    std::array<Word, 256> masks{};
-    for (std::size_t bits = 0; bits < masks.size(); ++bits) {
-        std::array<std::uint8_t, kNarrow> bytes{};
-        for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = (bits >> (7 - i)) & 1 ? 0xFF : 0;
-        masks[bits] = std::bit_cast<Word>(bytes);
-    }
+    std::array<std::array<std::uint8_t, kNarrow>, 256> masks{};
+    for (std::size_t bits = 0; bits < masks.size(); ++bits)
+        for (std::size_t i = 0; i < kNarrow; ++i) masks[bits][i] = (bits >> (7 - i)) & 1 ? 0xFF : 0;
     return masks;
 }();
 
 // The mask of the pixels of row from column at on.
 template <typename T>
 T mask(Bits row, std::size_t at) {
-    const Word first = kMasks[row << at >> 56];
+    const auto masks = [row](std::size_t column) { return load<Word>(kMasks[row << column >> 56].data()); };
     if constexpr (sizeof(T) == kNarrow) {
-        return first;
+        return masks(at);
     } else {
         using Pair [[gnu::vector_size(16)]] = Word;
-        return reinterpret_cast<T>(Pair{first, kMasks[row << at << 8 >> 56]});
+        return reinterpret_cast<T>(Pair{masks(at), masks(at + kNarrow)});
     }
 }
 template <typename T>
@@ -316,7 +312,6 @@ void ColourPattern::copy(const std::uint8_t *pattern, std::size_t size, std::siz
         std::copy_n(pattern + row * pitch, size, entries_.data() + kMargin + row * size);
     const auto *const first = at(0);
     flat_ = std::all_of(first, first + size * size, [first](std::uint8_t entry) { return entry == *first; });
-    if (flat_) fill(*first);
 }
 
 void draw_text_glyph(const draw::Surface &screen, std::int64_t x, std::int64_t y, const Glyph &glyph,

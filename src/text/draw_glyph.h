@@ -40,11 +40,11 @@ struct Background {
 };
 
 // Draws the glyph with its top-left corner at (x, y). Pixels outside the screen are dropped. The result is as
-// if the glyph were drawn pixel by pixel, row by row, each write over the earlier ones:
-// - ink in the slot's colours, followed by its shadow in colour 0 one step to the right and below; in double
-// size
-//   ink covers 2 x 2 pixels and its shadow the five pixels around their lower right corner;
-// - no ink in the background colour, unless it is transparent.
+// if the glyph were drawn pixel by pixel, row by row, each write over the earlier ones. Ink is written in the
+// slot's colours, followed by its shadow in colour 0 one step to the right and below; in double size ink
+// covers 2 x 2 pixels and its shadow the five pixels around their lower right corner. What has no ink is
+// written in the background colour, unless it is transparent.
+//
 // With an outline the glyph is first drawn in this way in slot 3, with its background and shadow, one pixel
 // to the left (unless x is 0 or less), to the right, above (unless y is 0 or less) and below.
 void draw_text_glyph(const draw::Surface &screen, std::int64_t x, std::int64_t y, const Glyph &glyph,

@@ -4,9 +4,9 @@
 #include <limits>
 #include <new>
 
-#include "core/input_file.h"
 #include "core/log.h"
 #include "core/reader.h"
+#include "host/input_file.h"
 #include "inkstone/lzss.h"
 
 namespace ink::text {
@@ -25,7 +25,7 @@ bool Fonts::load_files() {
             log_error("memory alloc error in CHINE_init");
             return false;
         }
-        InputFile file(layout.file_name);
+        host::InputFile file(layout.file_name);
         if (!file.is_open()) {
             log_error_format("File %s open error", layout.file_name);
             return false;
@@ -37,8 +37,13 @@ bool Fonts::load_files() {
 }
 
 bool Fonts::load_pack() {
-    LZSS_expand_file(kCompressedPackFile, kPackFile);
-    InputFile file(kPackFile);
+    // Expanding empties the pack before it looks for what to expand, and an older pack serves when there is
+    // nothing.
+    if (host::InputFile(kCompressedPackFile).is_open())
+        LZSS_expand_file(kCompressedPackFile, kPackFile);
+    else
+        log_error_format("ERROR : file %s open error(LZSS_expand_file)", kCompressedPackFile);
+    host::InputFile file(kPackFile);
     if (!file.is_open()) {
         log_error_format("ERROR : open file %s error", kPackFile);
         return false;

@@ -1,7 +1,7 @@
 // The machine's operations as they come, recorded by an observer that can also make one fail.
 #pragma once
 
-#include <algorithm>
+#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -18,6 +18,8 @@ inline void record_calls(const std::string &fail = {}) {
     failing = fail;
     HOST_observe([](const char *call) -> std::int32_t {
         calls.emplace_back(call);
+        // A fatal exit takes the record with it, so whose box it shows is told here.
+        if (calls.back().starts_with("message_box")) std::fprintf(stderr, "%s\n", call);
         return !failing.empty() && calls.back().starts_with(failing) ? 1 : 0;
     });
 }

@@ -128,6 +128,8 @@ class TextDice {
     int below(int count) { return int(random_() % unsigned(count)); }
     std::string text(bool big5) {
         std::string result;
+        // Double size on the first line only.
+        if (below(20) == 0) result = "~Z1W~Z0" + std::string(std::size_t(below(130)), 'r');
         for (int left = 1 + below(12); left > 0; --left) {
             const int kind = below(10);
             if (kind < 4) {

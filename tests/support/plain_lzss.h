@@ -90,32 +90,39 @@ class PlainLzss {
 
     // Expands as much as the code and the expected length allow.
     Bytes expand_memory_form(const Bytes &code, std::size_t expected) {
-        Bytes result;
-        begin_expansion(expected);
-        std::size_t at = 0;
+        Bytes result(expected);
+        result.resize(expand_memory_form(code.data(), code.data() + code.size(), result.data(), expected));
+        return result;
+    }
+    // The same where the two may overlap; returns how many bytes came of it.
+    std::size_t expand_memory_form(const std::uint8_t *code, const std::uint8_t *end, std::uint8_t *to,
+                                   std::size_t expected) {
+        std::size_t size = 0;
+        here_ = 1;
         unsigned flags = 0;
-        for (int token = 0; result.size() < expected; ++token) {
+        for (int token = 0; size < expected; ++token) {
             if (token % 8 == 0) {
-                if (at == code.size()) break;
-                flags = code[at++];
+                if (code == end) break;
+                flags = *code++;
             }
             const bool literal = (flags >> token % 8 & 1) != 0;
-            if (at + (literal ? 1 : 2) > code.size()) break;
+            if (end - code < (literal ? 1 : 2)) break;
             if (literal) {
-                expand_byte(code[at++], result);
-            } else {
-                const unsigned high = code[at++], low = code[at++];
-                expand_match((high & 15) << 8 | low, (high >> 4) + 2, result);
+                to[size++] = keep(*code++);
+                continue;
             }
+            const unsigned high = *code++, low = *code++;
+            for (unsigned i = 0; i < (high >> 4) + 2 && size < expected; ++i)
+                to[size++] = keep(window[(((high & 15) << 8 | low) + i) % 4096]);
         }
-        return result;
+        return size;
     }
 
     // Expands to the end code or the end of the code. failed is set to the call that would have hit the
     // latter.
     Bytes expand_file_form(const Bytes &code, std::string &failed) {
         Bytes result;
-        begin_expansion(SIZE_MAX);
+        here_ = 1;
         std::size_t at = 0;
         failed.clear();
         const auto get = [&](unsigned count) {
@@ -131,10 +138,9 @@ class PlainLzss {
             if (!failed.empty() || (!literal && code_or_position == 0)) return result;
             const unsigned length = literal ? 0 : get(4) + 2;
             if (!failed.empty()) return result;
-            if (literal)
-                expand_byte(static_cast<std::uint8_t>(code_or_position), result);
-            else
-                expand_match(code_or_position, length, result);
+            if (literal) result.push_back(keep(static_cast<std::uint8_t>(code_or_position)));
+            for (unsigned i = 0; i < length; ++i)
+                result.push_back(keep(window[(code_or_position + i) % 4096]));
         }
     }
 
@@ -212,23 +218,15 @@ class PlainLzss {
         return parent.larger == node ? parent.larger : parent.smaller;
     }
 
-    void begin_expansion(std::size_t limit) {
-        here_ = 1;
-        limit_ = limit;
-    }
-    void expand_byte(std::uint8_t byte, Bytes &result) {
-        result.push_back(byte);
+    // An expanded byte, put into the window.
+    std::uint8_t keep(std::uint8_t byte) {
         window[here_] = byte;
         here_ = (here_ + 1) % 4096;
-    }
-    void expand_match(unsigned position, unsigned length, Bytes &result) {
-        for (unsigned i = 0; i < length && result.size() < limit_; ++i)
-            expand_byte(window[(position + i) % 4096], result);
+        return byte;
     }
 
     std::array<Node, 4097> tree_{};
     unsigned here_ = 1;
-    std::size_t limit_ = 0;
 };
 
 }  // namespace test

@@ -63,7 +63,8 @@ std::size_t add_runs(Bytes &data, const Row &row) {
 
 // The packets that turn one row into another; returns their number.
 std::size_t add_deltas(Bytes &data, const Row &now, const Row &before) {
-    constexpr int kLongestSkip = 254;
+    // A count of -128 units of two bytes is one that some players take for 0.
+    constexpr int kLongestSkip = 254, kMostUnits = 127;
     std::size_t packets = 0;
     int painted = 0;  // up to here
     for (int x = 0, n = 1; x < now.units; x += n) {
@@ -73,11 +74,12 @@ std::size_t add_deltas(Bytes &data, const Row &now, const Row &before) {
         for (; skip > kLongestSkip; skip -= kLongestSkip, ++packets) add_u16(data, kLongestSkip);
         add_u8(data, skip);
         if (now.starts_run(x)) {
-            n = now.run(x, 128);
+            n = now.run(x, kMostUnits);
             add_u8(data, -n);
             add(data, now.at(x), now.unit);
         } else {
-            while (x + n < now.units && n < 127 && !now.equal(x + n, before, x + n) && !now.starts_run(x + n))
+            while (x + n < now.units && n < kMostUnits && !now.equal(x + n, before, x + n) &&
+                   !now.starts_run(x + n))
                 ++n;
             add_u8(data, n);
             add(data, now.at(x), n * now.unit);
@@ -88,20 +90,32 @@ std::size_t add_deltas(Bytes &data, const Row &now, const Row &before) {
     return packets;
 }
 
-// The frame that turns before into now, or paints all of now when there is no picture before it.
-Bytes shortest_frame(const IndexedPicture &now, const IndexedPicture *before) {
-    std::vector<Bytes> chunks;
-    if (before == nullptr || before->palette != now.palette)
-        chunks.push_back(chunk(COLOR_256, color_256(now)));
-    if (before != nullptr && before->pixels == now.pixels) return frame(chunks);
+// Whether players have room for the frame of a film of that picture's size: for as many bytes as it has
+// pixels and 512 more, of which 16 stay empty.
+bool fits(const Bytes &frame, const IndexedPicture &now) {
+    return frame.size() + 16 <= now.pixels.size() + 512;
+}
+
+// The chunk that turns before into now, or paints all of now when there is no picture before it.
+Bytes shortest_picture(const IndexedPicture &now, const IndexedPicture *before) {
     Bytes best = chunk(FLI_COPY, copy(now));
     const auto consider = [&best](int type, const std::optional<Bytes> &data) {
         if (data && data->size() + 6 < best.size()) best = chunk(type, *data);
     };
     consider(BYTE_RUN, byte_run(now));
     if (before != nullptr) consider(DELTA_FLC, delta_flc(now, *before));
-    chunks.push_back(best);
-    return frame(chunks);
+    // Most players want the rows of a copy padded, but the picture as it is always fits.
+    return fits(frame({best}), now) ? best : chunk(FLI_COPY, now.pixels);
+}
+
+// The frames that turn before into now: one, or two where the palette and the picture do not fit into one.
+std::vector<Bytes> shortest_frames(const IndexedPicture &now, const IndexedPicture *before) {
+    std::vector<Bytes> chunks;
+    if (before == nullptr || before->palette != now.palette)
+        chunks.push_back(chunk(COLOR_256, color_256(now)));
+    if (before == nullptr || before->pixels != now.pixels) chunks.push_back(shortest_picture(now, before));
+    if (const Bytes whole = frame(chunks); fits(whole, now)) return {whole};
+    return {frame({chunks[0]}), frame({chunks[1]})};
 }
 
 }  // namespace
@@ -207,29 +221,31 @@ Bytes file_header(int frames, int width, int height, int depth, int milliseconds
 Bytes film(const std::vector<IndexedPicture> &pictures, int milliseconds) {
     const IndexedPicture &first = pictures.at(0);
     constexpr int kMost = 0x7FFF;
-    if (first.width > kMost || first.height > kMost || pictures.size() > kMost)
-        throw std::runtime_error("a film has at most 32767 frames of 32767 x 32767 pixels");
-    Bytes bytes = file_header(static_cast<int>(pictures.size()), first.width, first.height, 8, milliseconds);
+    if (first.width > kMost || first.height > kMost)
+        throw std::runtime_error("the pictures of a film have at most 32767 x 32767 pixels");
+    if (!fits(frame({chunk(COLOR_256, color_256(first))}), first))
+        throw std::runtime_error("pictures of fewer than 298 pixels leave no room for the palette of a film");
+    std::vector<Bytes> frames;
     const IndexedPicture *before = nullptr;
-    const auto append_frame = [&](const IndexedPicture &now) {
+    for (const IndexedPicture &now : pictures) {
         if (now.width != first.width || now.height != first.height)
             throw std::runtime_error("the pictures of a film must be of one size");
-        const std::size_t offset = bytes.size();
-        const Bytes coded = shortest_frame(now, before);
-        append(bytes, coded);
+        for (Bytes &each : shortest_frames(now, before)) frames.push_back(std::move(each));
         before = &now;
-        return static_cast<std::uint32_t>(offset);
-    };
-    const std::uint32_t start = append_frame(first);
-    std::uint32_t second = 0;
-    for (std::size_t i = 1; i < pictures.size(); ++i) {
-        const std::uint32_t offset = append_frame(pictures[i]);
-        if (i == 1) second = offset;
     }
-    const std::uint32_t back = append_frame(first);
+    const std::size_t count = frames.size();
+    if (count > kMost) throw std::runtime_error("a film has at most 32767 frames");
+    // Behind the last frame stands one that leads back to the state after the first, which needs no picture
+    // before it, so it does itself where no shorter one does.
+    const std::vector<Bytes> back = shortest_frames(first, before);
+    const bool is_first_whole = shortest_frames(first, nullptr).size() == 1;
+    frames.push_back(is_first_whole && back.size() == 1 ? back[0] : frames[0]);
+
+    Bytes bytes = file_header(static_cast<int>(count), first.width, first.height, 8, milliseconds);
+    for (const Bytes &each : frames) append(bytes, each);
     // Where the first two frames start stands in the header, so that a loop leads past the first.
-    put_u32(&bytes[80], start);
-    put_u32(&bytes[84], second != 0 ? second : back);
+    put_u32(&bytes[80], kFileHeader);
+    put_u32(&bytes[84], static_cast<std::uint32_t>(kFileHeader + frames[0].size()));
     put_u32(&bytes[0], static_cast<std::uint32_t>(bytes.size()));
     return bytes;
 }

@@ -35,8 +35,9 @@ Bytes chunk(int type, const Bytes &data);
 Bytes frame(const std::vector<Bytes> &chunks, int type = 0xF1FA);
 Bytes file_header(int frames, int width, int height, int depth = 8, int milliseconds = 70);
 
-// A whole film in its shortest coding, its last frame leading back to the first for players that loop. Throws
-// std::runtime_error when the pictures are not all of one size.
+// A whole film in its shortest coding, a frame for each picture, or two where players have no room for its
+// palette and its pixels in one; behind the last, a frame that leads back to the first for players that loop.
+// Throws std::runtime_error when the pictures are not all of one size or of one that films cannot have.
 Bytes film(const std::vector<IndexedPicture> &pictures, int milliseconds);
 
 }  // namespace ink::tool::flic

@@ -69,15 +69,18 @@ bool read_track(CueSheet &sheet, std::string_view line) {
 }
 
 bool read_file(CueSheet &sheet, std::string_view line) {
-    if (!sheet.image.empty()) return false;
-    sheet.image = take_word(line);
-    return !sheet.image.empty() && is(take_word(line), "BINARY");
+    const std::string_view name = take_word(line), type = take_word(line);
+    if (name.empty() || (!is(type, "BINARY") && !is(type, "WAVE"))) return false;
+    sheet.files.push_back({std::string(name), is(type, "WAVE")});
+    return true;
 }
 
-bool read_index(CueTrack &track, std::string_view line) {
+bool read_index(CueSheet &sheet, std::string_view line) {
     const auto index = number(take_word(line));
-    const auto place = sectors(take_word(line));
-    if (!index || !place) return false;
+    const auto sector = sectors(take_word(line));
+    if (!index || !sector) return false;
+    CueTrack &track = sheet.tracks.back();
+    const CuePlace place{sheet.files.size() - 1, *sector};
     if (*index == 0) track.index0 = place;
     if (*index == 1) track.index1 = place;
     return true;  // the indexes inside a track divide it for nobody here
@@ -92,22 +95,27 @@ bool read_gap(std::uint32_t &gap, std::string_view line) {
 bool read_line(CueSheet &sheet, std::string_view line) {
     const std::string_view command = take_word(line);
     if (is(command, "FILE")) return read_file(sheet, line);
-    if (is(command, "TRACK")) return !sheet.image.empty() && read_track(sheet, line);
+    if (is(command, "TRACK")) return !sheet.files.empty() && read_track(sheet, line);
     const bool placed = is(command, "INDEX"), before = is(command, "PREGAP"), after = is(command, "POSTGAP");
     if (!placed && !before && !after) return true;
     if (sheet.tracks.empty()) return false;
     CueTrack &track = sheet.tracks.back();
-    return placed ? read_index(track, line) : read_gap(before ? track.pregap : track.postgap, line);
+    return placed ? read_index(sheet, line) : read_gap(before ? track.pregap : track.postgap, line);
 }
 
-// Every track begins, and none before the one ahead of it.
-bool in_order(const std::vector<CueTrack> &tracks) {
-    std::uint32_t reached = 0;
-    for (const CueTrack &track : tracks) {
-        if (!track.index1 || track.first() < reached || *track.index1 < track.first()) return false;
-        reached = *track.index1;
+// Every track begins, none before the one ahead of it, and something begins in every file.
+bool in_order(const CueSheet &sheet) {
+    CuePlace reached;
+    for (const CueTrack &track : sheet.tracks) {
+        if (!track.index1) return false;
+        for (const CuePlace place : {track.first(), *track.index1}) {
+            if (place < reached || place.file > reached.file + 1) return false;
+            reached = place;
+        }
+        if (sheet.files[reached.file].wave && !track.audio) return false;
     }
-    return !tracks.empty();
+    return !sheet.tracks.empty() && sheet.tracks.front().first().file == 0 &&
+           reached.file + 1 == sheet.files.size();
 }
 
 }  // namespace
@@ -121,7 +129,7 @@ std::optional<CueSheet> parse_cue_sheet(std::string_view text) {
         if (!read_line(sheet, text.substr(0, end))) return std::nullopt;
         text.remove_prefix(std::min(end + 1, text.size()));
     }
-    return in_order(sheet.tracks) ? std::optional(std::move(sheet)) : std::nullopt;
+    return in_order(sheet) ? std::optional(std::move(sheet)) : std::nullopt;
 }
 
 }  // namespace ink::host

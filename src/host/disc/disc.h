@@ -23,15 +23,15 @@ class DiscContents {
     };
 
     // The disc in the system's own drive when name is a device, else the one that a CUE sheet and its image
-    // make up. Null when there is none.
+    // make up. Null when there is none. Throws std::bad_alloc.
     static std::unique_ptr<DiscContents> open(const char *name);
 
     virtual ~DiscContents() = default;
     // One or more.
     const std::vector<Track> &tracks() const { return tracks_; }
     std::uint32_t end() const { return tracks_.back().start + tracks_.back().length; }
-    // Data is silent, and so is what cannot be read.
-    virtual void read(std::uint32_t sector, Sector &sound) = 0;
+    // False when the sector is still being fetched. Data is silent, and so is what cannot be read.
+    virtual bool read(std::uint32_t sector, Sector &sound) = 0;
 
   protected:
     std::vector<Track> tracks_;

@@ -41,12 +41,13 @@ class DiscDevice final : public DiscContents {
         return true;
     }
 
-    void read(std::uint32_t sector, Sector &sound) override {
+    bool read(std::uint32_t sector, Sector &sound) override {
         if (sector < first_ || sector - first_ >= held_) fetch(sector);
         if (sector >= first_ && sector - first_ < held_)
             sound = sectors_[sector - first_];
         else
             sound.fill(0);
+        return true;
     }
 
   private:

@@ -1,10 +1,11 @@
 #include "host/disc/disc_drive.h"
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
 #include "core/reader.h"
-#include "host/observer.h"
+#include "host/disc/read_ahead.h"
 
 namespace ink::host {
 namespace {
@@ -22,55 +23,60 @@ std::uint32_t sectors(std::uint32_t minutes, std::uint32_t seconds, std::uint32_
 
 }  // namespace
 
-bool DiscDrive::insert(const char *name) {
+bool DiscDrive::insert(const char *name) try {
     std::unique_ptr<DiscContents> disc = DiscContents::open(name);
+    if (disc && playback_.in_real_time()) disc = read_ahead(std::move(disc));
     if (!disc) return false;
-    eject();
-    const auto held = playback_.present();
-    disc_ = std::move(disc);
+    change(std::move(disc));
     return true;
+} catch (const std::bad_alloc &) {
+    return false;
 }
 
 void DiscDrive::eject() {
+    change(nullptr);
+}
+
+void DiscDrive::change(std::unique_ptr<DiscContents> disc) {
     const auto held = playback_.present();
-    disc_.reset();
+    disc_.swap(disc);
     playing_ = false;
 }
 
 bool DiscDrive::open() {
-    if (!allowed("open_disc") || open_) return false;
+    if (open_) return false;
     playback_.start();
     return open_ = true;
 }
 
 bool DiscDrive::close() {
-    if (!allowed("close_disc") || !open_) return false;
+    if (!open_) return false;
     const auto held = playback_.present();
     playing_ = open_ = false;
     return true;
 }
 
 bool DiscDrive::stop() {
-    if (!allowed("stop_disc") || !open_) return false;
+    if (!open_) return false;
     const auto held = playback_.present();
     playing_ = false;
     return true;
 }
 
 bool DiscDrive::set_time_format(DiscTime format) {
-    if (!allowed("set_disc_time_format %s", format == DiscTime::msf ? "msf" : "tmsf") || !open_) return false;
+    if (!open_) return false;
     format_ = format;
     return true;
 }
 
 bool DiscDrive::track_count(std::int32_t &count) {
-    if (!allowed("disc_track_count") || !ready()) return false;
+    if (!ready()) return false;
     count = static_cast<std::int32_t>(disc_->tracks().size());
     return true;
 }
 
 bool DiscDrive::track_length(std::int32_t track, std::uint32_t &packed_msf) {
-    if (!allowed("disc_track_length %d", track) || !ready()) return false;
+    if (!ready()) return false;
     if (track < 1 || static_cast<std::size_t>(track) > disc_->tracks().size()) return false;
     const std::uint32_t length = disc_->tracks()[static_cast<std::size_t>(track - 1)].length;
     const std::uint32_t seconds = length / kSectorsPerSecond;
@@ -79,17 +85,14 @@ bool DiscDrive::track_length(std::int32_t track, std::uint32_t &packed_msf) {
 }
 
 bool DiscDrive::mode(DiscMode &mode) {
-    if (!allowed("disc_mode") || !open_) return false;
+    if (!open_) return false;
     const auto held = playback_.present();
     mode = disc_ == nullptr ? DiscMode::not_ready : playing_ ? DiscMode::playing : DiscMode::stopped;
     return true;
 }
 
 bool DiscDrive::play(std::uint32_t from, std::uint32_t to) {
-    if (!allowed("play_disc %u:%u:%u:%u %u:%u:%u:%u", field(from, 0), field(from, 1), field(from, 2),
-                 field(from, 3), field(to, 0), field(to, 1), field(to, 2), field(to, 3)) ||
-        !ready())
-        return false;
+    if (!ready()) return false;
     std::uint32_t first = 0, end = 0;
     if (!sector_at(from, first) || !sector_at(to, end)) return false;
     const auto held = playback_.present();
@@ -108,8 +111,9 @@ bool DiscDrive::sector_at(std::uint32_t position, std::uint32_t &sector) const {
             std::max(sectors(field(position, 0), field(position, 1), field(position, 2)), kLeadIn) - kLeadIn;
         return true;
     }
-    const std::uint32_t track = field(position, 0);
-    if (track < 1 || track > disc_->tracks().size()) return false;
+    // Track 256 does not fit into a byte, and there is no track 0.
+    const std::uint32_t track = field(position, 0) != 0 ? field(position, 0) : 256;
+    if (track > disc_->tracks().size()) return false;
     sector = disc_->tracks()[track - 1].start +
              sectors(field(position, 1), field(position, 2), field(position, 3));
     return true;
@@ -123,8 +127,8 @@ void DiscDrive::mix(std::int32_t *stereo, std::size_t frames) {
     for (; playing_ && frames > 0; --frames, stereo += 2) {
         const std::uint64_t number = at_ / kFramesPerSector;
         if (!sector_read_ || number != sector_number_)
-            disc_->read(static_cast<std::uint32_t>(number), sector_);
-        sector_read_ = true;
+            sector_read_ = disc_->read(static_cast<std::uint32_t>(number), sector_);
+        if (!sector_read_) return;  // a drive that starts up is silent and stays where it is
         sector_number_ = number;
         const std::uint8_t *frame = &sector_[4 * (at_ % kFramesPerSector)];
         stereo[0] += static_cast<std::int16_t>(get_u16(frame));

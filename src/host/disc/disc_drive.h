@@ -36,6 +36,8 @@ class DiscDrive final : public Disc {
     void skip(std::uint64_t frames);
 
   private:
+    // Puts the disc into the place of the one that is in the drive.
+    void change(std::unique_ptr<DiscContents> disc);
     bool ready() const { return open_ && disc_ != nullptr; }
     bool sector_at(std::uint32_t position, std::uint32_t &sector) const;
     void end_when_reached();

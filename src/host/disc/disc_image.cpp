@@ -2,50 +2,39 @@
 
 #include <algorithm>
 #include <optional>
-#include <string>
+#include <utility>
+
+#include "host/sound/playback.h"
+#include "host/sound/wave_file.h"
 
 namespace ink::host {
 namespace {
 
-constexpr std::size_t kLongestSheet = 1 << 20;
+constexpr std::uint64_t kLongestSheet = 1 << 20;
 // Positions and lengths carry their minutes in a byte.
 constexpr std::uint64_t kLongestDisc = 256ULL * 60 * kSectorsPerSecond;
 
 std::optional<std::string> read_text(const char *name) {
-    const File file = open_file(name, "rb");
-    if (!file) return std::nullopt;
-    std::string text(kLongestSheet + 1, '\0');
-    text.resize(std::fread(text.data(), 1, text.size(), file.get()));
-    return text.size() <= kLongestSheet ? std::optional(std::move(text)) : std::nullopt;
+    InputFile file(name);
+    if (!file.is_open() || file.size() > kLongestSheet) return std::nullopt;
+    std::string text(static_cast<std::size_t>(file.size()), '\0');
+    text.resize(file.read(0, {reinterpret_cast<std::uint8_t *>(text.data()), text.size()}));
+    return text;
 }
 
-bool seek(std::FILE *file, std::uint64_t offset, int origin = SEEK_SET) {
-#if defined(_WIN32)
-    return _fseeki64(file, static_cast<long long>(offset), origin) == 0;
-#else
-    return fseeko(file, static_cast<off_t>(offset), origin) == 0;
-#endif
-}
-
-std::uint64_t size_of(std::FILE *file) {
-    if (!seek(file, 0, SEEK_END)) return 0;
-#if defined(_WIN32)
-    return static_cast<std::uint64_t>(std::max(_ftelli64(file), 0LL));
-#else
-    return static_cast<std::uint64_t>(std::max(ftello(file), off_t{0}));
-#endif
-}
-
-// The image lies beside the sheet, unless the sheet names the whole way to it: then it is looked for where it
+// A file lies beside the sheet, unless the sheet names the whole way to it: then it is looked for where it
 // says, and then beside the sheet, where it went with it.
-File open_image(const std::string &sheet, const std::string &image) {
-    const auto after_separator = [](const std::string &name) { return name.find_last_of("/\\") + 1; };
+InputFile open_beside(const std::string &sheet, const std::string &name) {
+    const auto after_separator = [](const std::string &path) { return path.find_last_of("/\\") + 1; };
     const std::string beside = sheet.substr(0, after_separator(sheet));
-    const bool whole =
-        image.starts_with('/') || image.starts_with('\\') || image.find(':') != std::string::npos;
-    File file = open_file((whole ? image : beside + image).c_str(), "rb");
-    if (!file && whole) file = open_file((beside + image.substr(after_separator(image))).c_str(), "rb");
+    const bool whole = name.starts_with('/') || name.starts_with('\\') || name.find(':') != std::string::npos;
+    InputFile file((whole ? name : beside + name).c_str());
+    if (!file.is_open() && whole) file = InputFile((beside + name.substr(after_separator(name))).c_str());
     return file;
+}
+
+bool is_disc_format(const WaveFormat &format) {
+    return format.channels == 2 && format.samples_per_second == kMixRate && format.bits_per_sample == 16;
 }
 
 }  // namespace
@@ -53,48 +42,88 @@ File open_image(const std::string &sheet, const std::string &image) {
 std::unique_ptr<DiscContents> DiscImage::open(const char *cue_sheet) {
     const auto text = read_text(cue_sheet);
     const auto sheet = text ? parse_cue_sheet(*text) : std::nullopt;
-    if (!sheet) return nullptr;
-    File file = open_image(cue_sheet, sheet->image);
-    if (!file) return nullptr;
-    std::unique_ptr<DiscImage> disc(new DiscImage(std::move(file)));
-    if (!disc->lay_out(sheet->tracks)) return nullptr;
+    auto disc = std::make_unique<DiscImage>();
+    if (!sheet || !disc->open_sources(cue_sheet, sheet->files) || !disc->lay_out(sheet->tracks))
+        return nullptr;
     return disc;
 }
 
-bool DiscImage::lay_out(const std::vector<CueTrack> &tracks) {
-    const std::uint64_t size = size_of(file_.get());
-    std::uint64_t sector = 0, offset = std::uint64_t{*tracks.front().index1} * tracks.front().sector_size;
-    for (std::size_t i = 0; i < tracks.size(); ++i) {
-        const CueTrack &track = tracks[i];
-        if (offset > size) return false;
-        // A disc begins where its first track does, whatever the image holds before that.
-        const std::uint32_t first = i == 0 ? *track.index1 : track.first();
-        if (i > 0) sector += track.pregap;
-        const std::uint64_t length =
-            i + 1 < tracks.size() ? tracks[i + 1].first() - first : (size - offset) / track.sector_size;
-        const std::uint64_t start = sector + (*track.index1 - first);
-        stretches_.push_back({sector, length, offset, track.audio});
-        sector += length + track.postgap;
-        if (start > sector || sector > kLongestDisc) return false;
-        if (i > 0) tracks_.back().length = static_cast<std::uint32_t>(start) - tracks_.back().start;
-        tracks_.push_back({static_cast<std::uint32_t>(start), 0});
-        offset += length * track.sector_size;
+bool DiscImage::open_sources(const std::string &sheet, const std::vector<CueFile> &files) {
+    for (const CueFile &file : files) {
+        InputFile opened = open_beside(sheet, file.name);
+        if (!opened.is_open()) return false;
+        std::uint64_t begin = 0, end = opened.size();
+        if (file.wave) {
+            WaveFile wave;
+            if (wave.open(std::move(opened)) || !is_disc_format(wave.format())) return false;
+            begin = wave.begin();
+            opened = wave.take();
+            end = begin + opened.present(begin, wave.size());
+        }
+        sources_.push_back({std::move(opened), begin, end, file.wave});
     }
-    tracks_.back().length = static_cast<std::uint32_t>(sector) - tracks_.back().start;
     return true;
 }
 
-void DiscImage::read(std::uint32_t sector, Sector &sound) {
+bool DiscImage::lay_out(const std::vector<CueTrack> &tracks) {
+    // The places of the sheet in their order: each begins a stretch that reaches to the next one of its file
+    // or to the file's end. A disc begins where its first track does, whatever the file holds before that.
+    struct Mark {
+        CuePlace place;
+        std::size_t track;
+        bool begins;  // the track itself, not the gap before it
+    };
+    std::vector<Mark> marks;
+    for (std::size_t i = 0; i < tracks.size(); ++i) {
+        if (i > 0 && tracks[i].index0) marks.push_back({*tracks[i].index0, i, false});
+        marks.push_back({*tracks[i].index1, i, true});
+    }
+    std::uint64_t sector = 0, offset = 0;
+    std::size_t source = sources_.size();
+    for (std::size_t i = 0; i < marks.size(); ++i) {
+        const auto &[place, number, begins] = marks[i];
+        const CueTrack &track = tracks[number];
+        const bool new_track = i > 0 && marks[i - 1].track != number;
+        if (new_track) sector += tracks[number - 1].postgap + track.pregap;
+        const Source &file = sources_[place.file];
+        if (std::exchange(source, place.file) != place.file)
+            offset = file.begin + std::uint64_t{place.sector} * track.sector_size;
+        if (offset > file.end) return false;
+        const bool last_of_file = i + 1 == marks.size() || marks[i + 1].place.file != place.file;
+        // A sector that a binary file does not hold whole is none; what a wave file ends with belongs to it.
+        const std::uint64_t left = file.end - offset + (file.wave ? track.sector_size - 1 : 0);
+        const std::uint64_t length =
+            last_of_file ? left / track.sector_size : marks[i + 1].place.sector - place.sector;
+        if (begins) {
+            if (!tracks_.empty())
+                tracks_.back().length = static_cast<std::uint32_t>(sector) - tracks_.back().start;
+            tracks_.push_back({static_cast<std::uint32_t>(sector), 0});
+        }
+        stretches_.push_back({sector, length, place.file, offset, track.audio});
+        sector += length;
+        offset += length * track.sector_size;
+        if (sector > kLongestDisc) return false;
+    }
+    sector += tracks.back().postgap;
+    tracks_.back().length = static_cast<std::uint32_t>(sector) - tracks_.back().start;
+    return sector <= kLongestDisc;
+}
+
+bool DiscImage::read(std::uint32_t sector, Sector &sound) {
     sound.fill(0);
     const auto after =
         std::upper_bound(stretches_.begin(), stretches_.end(), sector,
                          [](std::uint32_t at, const Stretch &stretch) { return at < stretch.start; });
-    if (after == stretches_.begin()) return;
+    if (after == stretches_.begin()) return true;
     const Stretch &stretch = *(after - 1);
     const std::uint64_t within = sector - stretch.start;
-    if (stretch.audio && within < stretch.length && seek(file_.get(), stretch.offset + within * sound.size()))
-        // Of a sector that cannot be read whole, the rest stays silent.
-        static_cast<void>(std::fread(sound.data(), 1, sound.size(), file_.get()) == sound.size());
+    if (!stretch.audio || within >= stretch.length) return true;
+    Source &source = sources_[stretch.source];
+    const std::uint64_t offset = stretch.offset + within * sound.size();
+    // Of a sector that cannot be read whole, the rest stays silent.
+    source.file.read(offset, std::span(sound).first(static_cast<std::size_t>(
+                                 std::min<std::uint64_t>(sound.size(), source.end - offset))));
+    return true;
 }
 
 }  // namespace ink::host

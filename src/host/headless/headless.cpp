@@ -1,26 +1,16 @@
-#include "host/headless/headless.h"
-
-#include <cstdio>
+// The simulated machine: everything in process, no threads, a clock of its own. Tests, servers and recordings
+// run on it, and it is the template for a new host: give the machine a clock and the ends that are real.
 #include <memory>
 
 #include "host/machine/virtual_machine.h"
 
 namespace ink::host {
-namespace {
 
-class HeadlessEnds : public Ends {
-  public:
-    // Nobody is there to close a box: its text goes to the standard error output.
-    void message_box(HWND, const char *text, const char *caption) override {
-        std::fprintf(stderr, "%s: %s\n", caption, text);
-    }
-};
-
-}  // namespace
-
-Machine *open_headless() {
-    static VirtualMachine machine("headless", Clock(nullptr), std::make_unique<HeadlessEnds>());
-    return &machine.machine();
-}
+extern const Host headless_host;
+const Host headless_host{"headless", "a simulated machine in memory with a clock of its own", [] {
+                             static auto &machine =
+                                 *new VirtualMachine("headless", Clock(nullptr), std::make_unique<Ends>());
+                             return &machine.machine();
+                         }};
 
 }  // namespace ink::host

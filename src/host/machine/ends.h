@@ -4,7 +4,6 @@
 #pragma once
 
 #include <cstdint>
-#include <ctime>
 #include <limits>
 
 #include "host/host.h"
@@ -17,7 +16,7 @@ class VirtualMachine;
 
 class Ends {
   public:
-    virtual ~Ends() = default;
+    virtual ~Ends() = default;  // for a host whose machine could not be made
 
     // A window was opened, or is about to close. Returning false refuses it.
     virtual bool window_opened(Window &, const char * /*title*/) { return true; }
@@ -36,11 +35,10 @@ class Ends {
     // there is none: time then passes for the sound as it does for the machine, and nobody hears it.
     virtual bool sound_wanted(Loudspeaker &) { return false; }
 
-    virtual void message_box(HWND owner, const char *text, const char *caption) = 0;
+    // Shows a box until it is closed. Its text has gone to the standard error output already.
+    virtual void message_box(HWND /*owner*/, const char * /*text*/, const char * /*caption*/) {}
     virtual void pointer_changed(VirtualMachine &) {}
     virtual void pointer_warped(VirtualMachine &) {}
-    // The time of day; a host without one of its own leaves it to the machine.
-    virtual bool local_time(std::tm &) { return false; }
 };
 
 }  // namespace ink::host

@@ -35,18 +35,16 @@ Message Input::key(HWND window, std::int32_t scan_code, bool down) {
             static_cast<LPARAM>(static_cast<std::int32_t>(lparam))};
 }
 
-Message Input::move(HWND window, Point client) {
-    client_ = client;
+Message Input::move(HWND window, Point client) const {
     return {window, WM_MOUSEMOVE, mouse_flags(), client_lparam(client)};
 }
 
-Message Input::button(HWND window, std::int32_t button, std::int32_t down) {
-    if (button < 0 || button > 2) button = 0;
+Message Input::button(HWND window, Point client, std::int32_t button, std::int32_t down) {
     buttons_[static_cast<std::size_t>(button)] = down != 0;
     // Each button's messages follow each other: down, up, double click.
     const auto first = static_cast<UINT>(WM_LBUTTONDOWN + 3 * button);
     const UINT id = down == 2 ? first + 2 : down == 0 ? first + 1 : first;
-    return {window, id, mouse_flags(), client_lparam(client_)};
+    return {window, id, mouse_flags(), client_lparam(client)};
 }
 
 WPARAM Input::mouse_flags() const {

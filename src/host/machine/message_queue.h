@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <new>
 
 #include "host/host.h"
 
@@ -10,13 +11,15 @@ namespace ink::host {
 
 class MessageQueue {
   public:
-    // The most messages that wait at a time; further ones are lost, as on the real machine.
+    // The most messages that wait at a time; further ones are lost, as on the real machine, and so are those
+    // for which there is no memory.
     static constexpr std::size_t kCapacity = 10000;
 
     bool empty() const { return messages_.empty() && !quit_; }
 
-    void post(const Message &message) {
+    void post(const Message &message) try {
         if (messages_.size() < kCapacity) messages_.push_back(message);
+    } catch (const std::bad_alloc &) {
     }
     void post_quit(std::int32_t exit_code) {
         quit_ = true;

@@ -1,35 +1,45 @@
 #include "host/machine/pointer.h"
 
-#include "host/observer.h"
+#include <algorithm>
+#include <limits>
 
 namespace ink::host {
+
 HCURSOR VirtualPointer::load_arrow() {
-    allowed("load_arrow");
-    return HOST_load_cursor(HOST_CURSOR_ARROW);
+    return load_cursor(HOST_CURSOR_ARROW);
+}
+
+HCURSOR VirtualPointer::load_cursor(std::int32_t shape) {
+    return reinterpret_cast<HICON>(static_cast<std::uintptr_t>(static_cast<std::uint32_t>(shape)));
 }
 
 void VirtualPointer::set_cursor(HCURSOR cursor) {
-    allowed("set_cursor %llu", static_cast<unsigned long long>(reinterpret_cast<std::uintptr_t>(cursor)));
     if (cursor_ == cursor) return;
     cursor_ = cursor;
     if (changed_) changed_();
 }
 
 void VirtualPointer::show_cursor(bool show) {
-    allowed("show_cursor %d", show);
     show_count_ += show ? 1 : -1;
     if (changed_) changed_();
 }
 
+// Positions at the ends of the number range stay there.
+Point VirtualPointer::moved(Point point, std::int64_t times) {
+    using Limits = std::numeric_limits<std::int32_t>;
+    const auto axis = [times](std::int64_t at, std::int64_t by) {
+        return static_cast<std::int32_t>(
+            std::clamp<std::int64_t>(at + times * by, Limits::min(), Limits::max()));
+    };
+    return {axis(point.x, kClientArea.x), axis(point.y, kClientArea.y)};
+}
+
 Point VirtualPointer::client_to_screen(HWND window, Point point) {
-    allowed("client_to_screen %u %d %d", static_cast<unsigned>(reinterpret_cast<std::uintptr_t>(window)),
-            point.x, point.y);
-    return point;
+    return window != nullptr ? moved(point, 1) : point;
 }
 
 void VirtualPointer::set_cursor_position(Point screen) {
-    allowed("set_cursor_position %d %d", screen.x, screen.y);
-    position_ = screen;
+    position_ = moved(screen, -1);
     if (warped_) warped_();
 }
 

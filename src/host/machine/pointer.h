@@ -9,7 +9,7 @@ namespace ink::host {
 
 class VirtualPointer final : public Pointer {
   public:
-    Point position() const { return position_; }
+    Point position() const { return position_; }  // in the client area of the window with the focus
     HCURSOR cursor() const { return cursor_; }
     bool shown() const { return show_count_ >= 0; }
     void move_to(Point position) { position_ = position; }
@@ -18,13 +18,18 @@ class VirtualPointer final : public Pointer {
     void on_warp(std::function<void()> action) { warped_ = std::move(action); }
 
     HCURSOR load_arrow() override;
+    // A shape's handle is its number.
+    HCURSOR load_cursor(std::int32_t shape) override;
     void set_cursor(HCURSOR cursor) override;
     void show_cursor(bool show) override;
-    // The client area of every window begins at the screen's corner.
     Point client_to_screen(HWND window, Point point) override;
     void set_cursor_position(Point screen) override;
 
   private:
+    // Where on the screen the client area of every window begins, inside its frame.
+    static constexpr Point kClientArea{4, 30};
+    static Point moved(Point point, std::int64_t times);
+
     Point position_;
     HCURSOR cursor_ = nullptr;
     std::int32_t show_count_ = 0;

@@ -2,8 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
-
-#include "host/observer.h"
+#include <new>
 
 namespace ink::host {
 namespace {
@@ -20,19 +19,11 @@ Palette system_palette() {
     return palette;
 }
 
-std::size_t index(PaletteHandle palette) {
-    return static_cast<std::size_t>(palette);
-}
-
-unsigned number(HWND window) {
-    return static_cast<unsigned>(reinterpret_cast<std::uintptr_t>(window));
-}
-
 }  // namespace
 
-Screen::Screen() : palettes_{system_palette()}, hardware_(palettes_[0]) {}
+Screen::Screen() : palettes_{system_palette()}, hardware_(*palettes_[0]) {}
 
-Window &Screen::open(std::int32_t width, std::int32_t height, HOST_WINDOW_PROCEDURE procedure) {
+Window *Screen::open(std::int32_t width, std::int32_t height, HOST_WINDOW_PROCEDURE procedure) try {
     auto window = std::make_unique<Window>();
     window->handle = reinterpret_cast<HWND>(++last_handle_);
     window->width = width;
@@ -40,7 +31,9 @@ Window &Screen::open(std::int32_t width, std::int32_t height, HOST_WINDOW_PROCED
     window->procedure = procedure;
     window->pixels.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
     windows_.push_back(std::move(window));
-    return *windows_.back();
+    return windows_.back().get();
+} catch (const std::bad_alloc &) {
+    return nullptr;
 }
 
 void Screen::close(HWND handle) {
@@ -63,33 +56,41 @@ void Screen::read_picture(const Window &window, std::uint8_t *rgb) const {
 }
 
 DeviceContext Screen::get_context(HWND window) {
-    allowed("get_context %u", number(window));
     return static_cast<DeviceContext>(reinterpret_cast<std::uintptr_t>(window));
 }
 
-void Screen::release_context(HWND window, DeviceContext) {
-    allowed("release_context %u", number(window));
+void Screen::release_context(HWND, DeviceContext) {}
+
+Palette *Screen::find(PaletteHandle handle) {
+    const auto number = static_cast<std::size_t>(handle);
+    return number < palettes_.size() && palettes_[number] ? &*palettes_[number] : nullptr;
 }
 
-PaletteHandle Screen::create_palette(std::span<const Color> colors) {
-    allowed("create_palette %zu", colors.size());
-    Palette palette{};
+PaletteHandle Screen::create_palette(std::span<const Color> colors) try {
+    const auto number = static_cast<std::size_t>(std::find(palettes_.begin(), palettes_.end(), std::nullopt) -
+                                                 palettes_.begin());
+    if (number == palettes_.size()) palettes_.emplace_back();
+    Palette &palette = palettes_[number].emplace();
     std::copy_n(colors.begin(), std::min(colors.size(), palette.size()), palette.begin());
-    palettes_.push_back(palette);
-    return static_cast<PaletteHandle>(palettes_.size() - 1);
+    return static_cast<PaletteHandle>(number);
+} catch (const std::bad_alloc &) {
+    return PaletteHandle::system;
+}
+
+void Screen::delete_palette(PaletteHandle palette) {
+    if (palette == PaletteHandle::system || palette == selected_ || palette == realized_) return;
+    if (find(palette) != nullptr) palettes_[static_cast<std::size_t>(palette)].reset();
 }
 
 PaletteHandle Screen::select_palette(DeviceContext, PaletteHandle palette) {
-    allowed("select_palette %zu", index(palette));
     const PaletteHandle before = selected_;
-    if (index(palette) < palettes_.size()) selected_ = palette;
+    if (find(palette) != nullptr) selected_ = palette;
     return before;
 }
 
 std::uint32_t Screen::realize_palette(DeviceContext) {
-    allowed("realize_palette");
     realized_ = selected_;
-    const Palette &wanted = palettes_[index(realized_)];
+    const Palette &wanted = *find(realized_);
     std::uint32_t changed = 0;
     for (std::size_t i = 0; i < wanted.size(); ++i) changed += wanted[i] != hardware_[i];
     if (changed != 0) {
@@ -100,24 +101,20 @@ std::uint32_t Screen::realize_palette(DeviceContext) {
 }
 
 // A screen whose pixels are indices needs no repainting when its palette changes.
-void Screen::update_colors(DeviceContext) {
-    allowed("update_colors");
-}
+void Screen::update_colors(DeviceContext) {}
 
-void Screen::animate_palette(PaletteHandle palette, std::int32_t start, std::span<const Color> colors) {
-    allowed("animate_palette %zu %d %zu", index(palette), start, colors.size());
-    if (index(palette) >= palettes_.size() || start < 0 || start >= 256) return;
-    const auto first = static_cast<std::size_t>(start);
-    const std::size_t count = std::min(colors.size(), palettes_[0].size() - first);
-    std::copy_n(colors.begin(), count, palettes_[index(palette)].begin() + start);
-    if (palette != realized_) return;
+void Screen::animate_palette(PaletteHandle handle, std::int32_t start, std::span<const Color> colors) {
+    Palette *palette = find(handle);
+    if (palette == nullptr || start < 0 || start >= 256) return;
+    const std::size_t count = std::min(colors.size(), palette->size() - static_cast<std::size_t>(start));
+    std::copy_n(colors.begin(), count, palette->begin() + start);
+    if (handle != realized_) return;
     std::copy_n(colors.begin(), count, hardware_.begin() + start);
     mark_all_changed();
 }
 
 void Screen::copy_bitmap(DeviceContext context, std::int32_t x, std::int32_t y, const Bitmap &bitmap) {
     const HWND handle = reinterpret_cast<HWND>(static_cast<std::uintptr_t>(context));
-    allowed("copy_bitmap %u %d %d %d %d", number(handle), x, y, bitmap.width, bitmap.height);
     Window *window = find(handle);
     if (window == nullptr || bitmap.pixels == nullptr) return;
     const std::int64_t left = std::max<std::int64_t>(x, 0), top = std::max<std::int64_t>(y, 0);

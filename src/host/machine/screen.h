@@ -6,6 +6,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "host/host.h"
@@ -26,7 +27,8 @@ class Screen final : public Display {
   public:
     Screen();
 
-    Window &open(std::int32_t width, std::int32_t height, HOST_WINDOW_PROCEDURE procedure);
+    // Null when there is no memory for it.
+    Window *open(std::int32_t width, std::int32_t height, HOST_WINDOW_PROCEDURE procedure);
     void close(HWND handle);
     // Null for a handle that is not of an open window, whatever it is.
     Window *find(HWND handle);
@@ -41,6 +43,7 @@ class Screen final : public Display {
     DeviceContext get_context(HWND window) override;
     void release_context(HWND window, DeviceContext context) override;
     PaletteHandle create_palette(std::span<const Color> colors) override;
+    void delete_palette(PaletteHandle palette) override;
     PaletteHandle select_palette(DeviceContext context, PaletteHandle palette) override;
     std::uint32_t realize_palette(DeviceContext context) override;
     void update_colors(DeviceContext context) override;
@@ -48,11 +51,13 @@ class Screen final : public Display {
     void copy_bitmap(DeviceContext context, std::int32_t x, std::int32_t y, const Bitmap &bitmap) override;
 
   private:
+    // Null for a palette that is not there.
+    Palette *find(PaletteHandle palette);
     void mark_all_changed();
 
     std::vector<std::unique_ptr<Window>> windows_;
     std::uintptr_t last_handle_ = 0;
-    std::vector<Palette> palettes_;  // the system's own first
+    std::vector<std::optional<Palette>> palettes_;  // by their handles; the system's own first
     PaletteHandle selected_ = PaletteHandle::system;
     PaletteHandle realized_ = PaletteHandle::system;
     Palette hardware_;

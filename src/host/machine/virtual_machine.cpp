@@ -1,47 +1,59 @@
 #include "host/machine/virtual_machine.h"
 
+#include <algorithm>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <limits>
+#include <new>
 #include <utility>
-
-#include "host/observer.h"
 
 namespace ink::host {
 namespace {
 
 constexpr std::uint64_t kMillisecond = 1000, kSecond = 1000000;
-constexpr std::time_t kFirstOfJanuary2000 = 946684800;
 constexpr std::int32_t kLargestWindow = 4096;
 
-unsigned number(HWND window) {
-    return static_cast<unsigned>(reinterpret_cast<std::uintptr_t>(window));
-}
+// The window timers of the early machines ticked 18 times a second whatever was asked of them, and all that
+// counts their ticks is made for that: the time of a disc, cursors, the steps of a fade.
+constexpr long kTimerResolution = 55;
 
-// Window timers of the early machines ticked at 55 milliseconds whatever was asked of them, and games were
-// tuned by that. INKSTONE_TIMER_RESOLUTION gives the shortest interval in milliseconds; it is 1 unless set.
-std::uint64_t timer_resolution() {
+std::uint32_t timer_resolution() {
     const char *text = std::getenv("INKSTONE_TIMER_RESOLUTION");
-    const long milliseconds = text != nullptr ? std::strtol(text, nullptr, 10) : 1;
-    return static_cast<std::uint64_t>(std::clamp(milliseconds, 1L, 1000L)) * kMillisecond;
+    const long milliseconds = text != nullptr ? std::strtol(text, nullptr, 10) : kTimerResolution;
+    return static_cast<std::uint32_t>(std::clamp(milliseconds, 0L, 1000L));
 }
 
-// Days since 1 January 1970 in the proleptic Gregorian calendar and back are the C library's affair, but
-// without a time zone: the machine's time of day is local wherever it runs.
-std::time_t seconds_of(std::tm time) {
-#if defined(_WIN32)
-    return _mkgmtime(&time);
-#else
-    return timegm(&time);
-#endif
+// Times of day are seconds since 1 January 1970 without a time zone: they are local wherever the machine
+// runs. Years from 1 to 9999 can be told.
+std::int64_t seconds_of(const DateTime &time) {
+    using namespace std::chrono;
+    const auto start_of_year = [](int number) {
+        return duration_cast<seconds>(sys_days(year(number) / 1 / 1).time_since_epoch()).count();
+    };
+    const auto months = std::clamp<std::int64_t>(std::int64_t{time.year} * 12 + time.month - 1, 0, 119999);
+    const sys_days first = year(static_cast<int>(months / 12)) / static_cast<int>(months % 12 + 1) / 1;
+    const std::int64_t days = std::int64_t{first.time_since_epoch().count()} + time.day - 1;
+    return std::clamp<std::int64_t>(((days * 24 + time.hour) * 60 + time.minute) * 60 + time.second,
+                                    start_of_year(1), start_of_year(10000) - 1);
 }
-std::tm time_of(std::time_t seconds) {
-    std::tm time{};
-#if defined(_WIN32)
-    gmtime_s(&time, &seconds);
-#else
-    gmtime_r(&seconds, &time);
-#endif
-    return time;
+
+std::tm time_of(std::int64_t seconds) {
+    using namespace std::chrono;
+    const sys_seconds now{std::chrono::seconds(seconds)};
+    const sys_days today = floor<days>(now);
+    const year_month_day date(today);
+    const hh_mm_ss time(now - today);
+    std::tm made{};
+    made.tm_year = static_cast<int>(date.year()) - 1900;
+    made.tm_mon = static_cast<int>(static_cast<unsigned>(date.month())) - 1;
+    made.tm_mday = static_cast<int>(static_cast<unsigned>(date.day()));
+    made.tm_hour = static_cast<int>(time.hours().count());
+    made.tm_min = static_cast<int>(time.minutes().count());
+    made.tm_sec = static_cast<int>(time.seconds().count());
+    made.tm_wday = static_cast<int>(weekday(today).c_encoding());
+    made.tm_yday = static_cast<int>((today - sys_days(date.year() / 1 / 1)).count());
+    return made;
 }
 
 }  // namespace
@@ -50,14 +62,16 @@ VirtualMachine::VirtualMachine(const char *name, Clock clock, std::unique_ptr<En
     : clock_(clock),
       loudspeaker_(clock_, [this] { return ends_->sound_wanted(loudspeaker_); }),
       ends_(std::move(ends)),
-      time_of_day_(kFirstOfJanuary2000),
-      timer_resolution_(timer_resolution()),
       machine_{
           name, *this, *this, *this, *this, screen_, pointer_, loudspeaker_.mixer(), loudspeaker_.drive(),
           *this} {
-    settings_["CHINESBIG5(88)"] = "yes";
+    set_timer_resolution(timer_resolution());
+    set_setting("CHINESBIG5(88)", "yes");
     pointer_.on_change([this] { ends_->pointer_changed(*this); });
-    pointer_.on_warp([this] { ends_->pointer_warped(*this); });
+    pointer_.on_warp([this] {
+        ends_->pointer_warped(*this);
+        pointer_move(pointer_.position().x, pointer_.position().y);
+    });
     const char *disc = std::getenv("INKSTONE_DISC");
     if (disc != nullptr && *disc != '\0' && !insert_disc(disc))
         std::fprintf(stderr, "INKSTONE_DISC: there is no disc %s\n", disc);
@@ -68,20 +82,20 @@ VirtualMachine::VirtualMachine(const char *name, Clock clock, std::unique_ptr<En
 HWND VirtualMachine::open_window(const char *title, std::int32_t width, std::int32_t height,
                                  HOST_WINDOW_PROCEDURE procedure) {
     if (width < 1 || height < 1 || width > kLargestWindow || height > kLargestWindow) return nullptr;
-    if (!allowed("open_window %d %d", width, height)) return nullptr;
-    Window &window = screen_.open(width, height, procedure);
-    if (!ends_->window_opened(window, title != nullptr ? title : "")) {
-        screen_.close(window.handle);
-        return nullptr;
-    }
-    return window.handle;
+    Window *window = screen_.open(width, height, procedure);
+    if (window == nullptr) return nullptr;
+    if (ends_->window_opened(*window, title != nullptr ? title : "")) return window->handle;
+    screen_.close(window->handle);
+    return nullptr;
 }
 
 void VirtualMachine::close_window(HWND handle) {
     Window *window = screen_.find(handle);
     if (window == nullptr) return;
-    allowed("close_window %u", number(handle));
     if (window->procedure != nullptr) std::exchange(window->procedure, nullptr)(handle, WM_DESTROY, 0, 0);
+    // The procedure may have closed it once more.
+    window = screen_.find(handle);
+    if (window == nullptr) return;
     ends_->window_closing(*window);
     queue_.forget(handle);
     timers_.forget(handle);
@@ -101,6 +115,14 @@ bool VirtualMachine::take(Message &message, std::uint64_t now) {
     return true;
 }
 
+std::uint32_t VirtualMachine::idle_peeks() {
+    const std::uint64_t now = clock_.now();
+    if (!queue_.empty() || now >= wake_) return 0;
+    // A simulated clock moves on by one with each of them, a real one by less.
+    constexpr std::uint64_t kMost = std::numeric_limits<std::uint32_t>::max();
+    return static_cast<std::uint32_t>(std::min(wake_ - now - 1, kMost));
+}
+
 bool VirtualMachine::get(Message &message) {
     while (!peek(message)) {
         // A simulated machine has nobody who could do anything meanwhile: its clock jumps to the next timer,
@@ -113,8 +135,12 @@ bool VirtualMachine::get(Message &message) {
     return message.id != WM_QUIT;
 }
 
-// Games read keys by their scan codes, so no character messages are made of them.
-void VirtualMachine::translate(const Message &) {}
+void VirtualMachine::rest() {
+    if (clock_.simulated() || !queue_.empty()) return;
+    // Those who wait see the time in whole milliseconds, and no timer that falls due is late.
+    const std::uint64_t now = clock_.now();
+    ends_->rest(*this, std::min(timers_.next_due(), (now / kMillisecond + 1) * kMillisecond));
+}
 
 void VirtualMachine::dispatch(const Message &message) {
     if (message.id == WM_TIMER) {
@@ -131,22 +157,21 @@ void VirtualMachine::dispatch(const Message &message) {
 }
 
 void VirtualMachine::message_box(HWND owner, const char *text, const char *caption, std::uint32_t style) {
-    if (allowed("message_box %u %u %s %s", number(owner), style, caption, text))
-        ends_->message_box(owner, text, caption);
+    Messages::message_box(owner, text, caption, style);
+    ends_->message_box(owner, text, caption);
 }
 
 // ---- Timers and the clock ----
 
 bool VirtualMachine::set_timer(HWND window, std::uint32_t id, std::uint32_t interval_ms,
                                TimerProcedure procedure) {
-    if (!allowed("set_timer %u %u %u", number(window), id, interval_ms)) return false;
-    timers_.set(window, id, std::max(interval_ms * kMillisecond, timer_resolution_), clock_.now(), procedure);
+    const std::uint64_t interval = std::max(interval_ms * kMillisecond, timer_resolution_);
+    const bool set = timers_.set(window, id, interval, clock_.now(), procedure);
     reckon_wake();
-    return true;
+    return set;
 }
 
 bool VirtualMachine::kill_timer(HWND window, std::uint32_t id) {
-    allowed("kill_timer %u %u", number(window), id);
     return timers_.kill(window, id);
 }
 
@@ -163,35 +188,41 @@ void VirtualMachine::advance_clock(std::uint64_t microseconds) {
     while (clock_.now() < end) ends_->rest(*this, end);
 }
 
+void VirtualMachine::set_timer_resolution(std::uint32_t milliseconds) {
+    timer_resolution_ = std::clamp(milliseconds, 1U, 1000U) * kMillisecond;
+}
+
 // ---- Settings ----
 
 std::tm VirtualMachine::local_time() {
-    std::tm time{};
-    if (ends_->local_time(time)) return time;
-    return time_of(time_of_day_ + static_cast<std::time_t>((clock_.tick() - time_set_) / kSecond));
+    if (!time_of_day_) return System::local_time();
+    return time_of(*time_of_day_ + static_cast<std::int64_t>((clock_.tick() - time_set_) / kSecond));
 }
 
-void VirtualMachine::set_local_time(const std::tm &time) {
+void VirtualMachine::set_local_time(const DateTime &time) {
     time_of_day_ = seconds_of(time);
     time_set_ = clock_.now();
 }
 
-std::optional<std::string> VirtualMachine::setting(const char *name) {
-    if (!allowed("setting %s", name)) return std::nullopt;
+std::optional<std::string> VirtualMachine::setting(const char *name) try {
     const auto found = settings_.find(name);
     return found != settings_.end() ? std::optional(found->second) : std::nullopt;
+} catch (const std::bad_alloc &) {
+    return std::nullopt;
 }
 
-void VirtualMachine::set_setting(const char *name, const char *value) {
+void VirtualMachine::set_setting(const char *name, const char *value) try {
     if (value != nullptr)
         settings_[name] = value;
     else
         settings_.erase(name);
+} catch (const std::bad_alloc &) {
+    // It is left as it was.
 }
 
 // The drive for audio discs stands where the first CD-ROM drive of a machine with one hard disk does.
 bool VirtualMachine::is_cdrom(std::int32_t drive) {
-    return allowed("is_cdrom %d", drive) && drive == 'D' - 'A';
+    return drive == 'D' - 'A';
 }
 
 // ---- Input ----
@@ -211,7 +242,7 @@ void VirtualMachine::post_move(HWND window, Point client) {
 }
 
 void VirtualMachine::post_button(HWND window, std::int32_t button, std::int32_t down) {
-    queue_.post(input_.button(window, button, down));
+    queue_.post(input_.button(window, pointer_.position(), button, down));
 }
 
 void VirtualMachine::post_releases(HWND window) {
@@ -220,6 +251,7 @@ void VirtualMachine::post_releases(HWND window) {
 }
 
 void VirtualMachine::key(std::int32_t scan_code, bool down) {
+    if (scan_code < 1 || scan_code >= Input::kCodes) return;
     if (const Window *focus = screen_.focus()) post_key(focus->handle, scan_code, down);
 }
 
@@ -228,6 +260,7 @@ void VirtualMachine::pointer_move(std::int32_t x, std::int32_t y) {
 }
 
 void VirtualMachine::pointer_button(std::int32_t button, std::int32_t down) {
+    if (button < 0 || button > 2 || down < 0 || down > 2) return;
     if (const Window *focus = screen_.focus()) post_button(focus->handle, button, down);
 }
 

@@ -6,6 +6,7 @@
 #include <ctime>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "host/host.h"
@@ -23,7 +24,6 @@ namespace ink::host {
 class VirtualMachine final : public Windows, public Bench, public Messages, public Timers, public System {
   public:
     VirtualMachine(const char *name, Clock clock, std::unique_ptr<Ends> ends);
-    ~VirtualMachine() = default;
     VirtualMachine(const VirtualMachine &) = delete;
     VirtualMachine &operator=(const VirtualMachine &) = delete;
 
@@ -48,11 +48,13 @@ class VirtualMachine final : public Windows, public Bench, public Messages, publ
         const std::uint64_t now = clock_.tick();
         return (now >= wake_ || !queue_.empty()) && take(message, now);
     }
+    std::uint32_t idle_peeks() override;
+    void skip_peeks(std::uint32_t count) override { clock_.advance(count); }
     bool get(Message &message) override;
-    void translate(const Message &message) override;
     void dispatch(const Message &message) override;
     void post(const Message &message) override { queue_.post(message); }
     void post_quit(std::int32_t exit_code) override { queue_.post_quit(exit_code); }
+    void rest() override;
     void message_box(HWND owner, const char *text, const char *caption, std::uint32_t style) override;
 
     bool set_timer(HWND window, std::uint32_t id, std::uint32_t interval_ms,
@@ -66,10 +68,11 @@ class VirtualMachine final : public Windows, public Bench, public Messages, publ
 
     std::uint64_t clock() override { return clock_.tick(); }
     void advance_clock(std::uint64_t microseconds) override;
+    void set_timer_resolution(std::uint32_t milliseconds) override;
     void key(std::int32_t scan_code, bool down) override;
     void pointer_move(std::int32_t x, std::int32_t y) override;
     void pointer_button(std::int32_t button, std::int32_t down) override;
-    void set_local_time(const std::tm &time) override;
+    void set_local_time(const DateTime &time) override;
     void set_setting(const char *name, const char *value) override;
     bool window_size(HWND window, std::int32_t &width, std::int32_t &height) override;
     bool read_indices(HWND window, std::uint8_t *indices) override;
@@ -95,7 +98,8 @@ class VirtualMachine final : public Windows, public Bench, public Messages, publ
     VirtualPointer pointer_;
     Input input_;
     std::map<std::string, std::string, std::less<>> settings_;
-    std::time_t time_of_day_;  // when the clock stood at time_set_
+    // The time of day that was set, in seconds, and what the clock stood at then.
+    std::optional<std::int64_t> time_of_day_;
     std::uint64_t time_set_ = 0;
     std::uint64_t timer_resolution_;  // microseconds
     std::uint64_t service_due_ = 0;

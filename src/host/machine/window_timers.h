@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <limits>
+#include <new>
 #include <vector>
 
 #include "host/host.h"
@@ -22,11 +23,14 @@ class WindowTimers {
         TimerProcedure procedure;
     };
 
-    // A timer of the same window and number is replaced.
-    void set(HWND window, std::uint32_t id, std::uint64_t interval, std::uint64_t now,
-             TimerProcedure procedure) {
+    // A timer of the same window and number is replaced. False when there is no memory for another.
+    bool set(HWND window, std::uint32_t id, std::uint64_t interval, std::uint64_t now,
+             TimerProcedure procedure) try {
         kill(window, id);
         timers_.push_back({window, id, interval, now + interval, procedure});
+        return true;
+    } catch (const std::bad_alloc &) {
+        return false;
     }
     bool kill(HWND window, std::uint32_t id) {
         return std::erase_if(timers_, [&](const Timer &timer) {

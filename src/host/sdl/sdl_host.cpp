@@ -1,5 +1,4 @@
-#include "host/sdl/sdl_host.h"
-
+// The desktop machine: a window, keys, a pointer and sound through SDL2.
 #include <SDL.h>
 
 #include <algorithm>
@@ -7,6 +6,7 @@
 #include <cstdlib>
 #include <map>
 #include <memory>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -34,12 +34,6 @@ struct FreeCursor {
 
 class SdlEnds : public Ends {
   public:
-    ~SdlEnds() override {
-        windows_.clear();
-        cursors_.clear();
-        SDL_QuitSubSystem(SDL_INIT_VIDEO);
-    }
-
     bool window_opened(Window &window, const char *title) override {
         auto made = SdlWindow::open(window, title);
         if (made == nullptr) return false;
@@ -69,7 +63,12 @@ class SdlEnds : public Ends {
         const std::uint64_t now = microseconds_since_start();
         // A changed picture may be waiting for its turn to be scanned out.
         const std::uint64_t end = std::min(until, std::max(next_frame_, now + kEventInterval));
-        if (end > now) SDL_WaitEventTimeout(nullptr, static_cast<int>((end - now + 999) / 1000));
+        if (end < now + kEventInterval) {
+            // Nobody collects events so soon, and SDL does not wait for less than a millisecond.
+            if (end > now) std::this_thread::sleep_for(std::chrono::microseconds(end - now));
+            return true;
+        }
+        SDL_WaitEventTimeout(nullptr, static_cast<int>((end - now) / kEventInterval));
         service(machine, microseconds_since_start());
         return true;
     }
@@ -97,13 +96,6 @@ class SdlEnds : public Ends {
         SDL_WarpMouseInWindow(made->window(), position.x, position.y);
     }
 
-    bool local_time(std::tm &time) override {
-        const std::time_t now = std::time(nullptr);
-        const std::tm *local = std::localtime(&now);
-        if (local != nullptr) time = *local;
-        return local != nullptr;
-    }
-
   private:
     SdlWindow *find(HWND handle) {
         for (const auto &made : windows_)
@@ -126,7 +118,7 @@ class SdlEnds : public Ends {
             case SDL_KEYUP: take_key(machine, event.key); break;
             case SDL_MOUSEMOTION:
                 if (SdlWindow *made = find(event.motion.windowID))
-                    machine.post_move(made->handle(), made->to_client({event.motion.x, event.motion.y}));
+                    take_position(machine, *made, {event.motion.x, event.motion.y});
                 break;
             case SDL_MOUSEBUTTONDOWN:
             case SDL_MOUSEBUTTONUP: take_button(machine, event.button); break;
@@ -164,6 +156,13 @@ class SdlEnds : public Ends {
         if (scan_code != 0) machine.post_key(made->handle(), scan_code, down);
     }
 
+    // The pointer's place on the desktop. A movement within a pixel of the client area is none, and neither
+    // is the one by which the game itself moved the pointer.
+    void take_position(VirtualMachine &machine, const SdlWindow &made, Point position) {
+        const Point client = made.to_client(position);
+        if (client != machine.pointer().position()) machine.post_move(made.handle(), client);
+    }
+
     void take_button(VirtualMachine &machine, const SDL_MouseButtonEvent &event) {
         SdlWindow *made = find(event.windowID);
         const int button = event.button == SDL_BUTTON_LEFT     ? 0
@@ -173,8 +172,7 @@ class SdlEnds : public Ends {
         if (made == nullptr || button < 0) return;
         // A click of a pointer that was not seen moving there, on a touch screen say, carries its own
         // position.
-        const Point client = made->to_client({event.x, event.y});
-        if (client != machine.pointer().position()) machine.post_move(made->handle(), client);
+        take_position(machine, *made, {event.x, event.y});
         // The second press of a double click comes as such.
         const int down = event.type == SDL_MOUSEBUTTONUP ? 0 : event.clicks % 2 == 0 ? 2 : 1;
         machine.post_button(made->handle(), button, down);
@@ -206,9 +204,7 @@ class SdlEnds : public Ends {
     std::uint64_t frame_time_ = 1000000 / 60;
 };
 
-}  // namespace
-
-Machine *open_sdl() {
+Machine *open_machine() {
 #if defined(__unix__)
     // Without a desktop SDL would take over the console of a server.
     const auto set = [](const char *name) { return std::getenv(name) != nullptr; };
@@ -219,8 +215,14 @@ Machine *open_sdl() {
     SDL_SetHint(SDL_HINT_QUIT_ON_LAST_WINDOW_CLOSE, "0");
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
     if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) return nullptr;
-    static VirtualMachine machine("sdl", Clock(microseconds_since_start), std::make_unique<SdlEnds>());
+    static auto &machine =
+        *new VirtualMachine("sdl", Clock(microseconds_since_start), std::make_unique<SdlEnds>());
     return &machine.machine();
 }
+
+}  // namespace
+
+extern const Host sdl_host;
+const Host sdl_host{"sdl", "a window on the desktop, through SDL2", open_machine};
 
 }  // namespace ink::host

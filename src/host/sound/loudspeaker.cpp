@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <limits>
+#include <new>
 #include <utility>
 
 namespace ink::host {
 namespace {
 
 constexpr std::size_t kMostCaptured = std::size_t{2} * kMixRate * 600;
-constexpr std::size_t kBlock = 1024;  // frames mixed at a time for the clock
 
 }  // namespace
 
@@ -46,21 +46,29 @@ void Loudspeaker::pass(std::uint64_t frames) {
     drive_.skip(frames);
 }
 
+// At most kBlock frames.
 void Loudspeaker::mix(std::int16_t *stereo, std::size_t frames) {
-    sum_.assign(2 * frames, 0);
-    mixer_.mix(sum_.data(), frames);
-    drive_.mix(sum_.data(), frames);
-    std::transform(sum_.begin(), sum_.end(), stereo, [](std::int32_t sample) {
+    std::int32_t sum[2 * kBlock] = {};
+    mixer_.mix(sum, frames);
+    drive_.mix(sum, frames);
+    std::transform(sum, sum + 2 * frames, stereo, [](std::int32_t sample) {
         using Limits = std::numeric_limits<std::int16_t>;
         return static_cast<std::int16_t>(std::clamp<std::int32_t>(sample, Limits::min(), Limits::max()));
     });
-    if (capturing_ && captured_.size() < kMostCaptured)
-        captured_.insert(captured_.end(), stereo, stereo + 2 * frames);
+    if (capturing_ && captured_.size() < kMostCaptured) keep(stereo, frames);
+}
+
+// Nobody could be told on the device's thread that there is no memory: what does not fit is not kept.
+void Loudspeaker::keep(const std::int16_t *stereo, std::size_t frames) try {
+    captured_.insert(captured_.end(), stereo, stereo + 2 * frames);
+} catch (const std::bad_alloc &) {
+    capturing_ = false;
 }
 
 void Loudspeaker::render(std::int16_t *stereo, std::size_t frames) {
     const std::lock_guard held(mutex_);
-    mix(stereo, frames);
+    for (std::size_t count; frames > 0; frames -= count, stereo += 2 * count)
+        mix(stereo, count = std::min(frames, kBlock));
 }
 
 void Loudspeaker::capture(bool on) {

@@ -34,10 +34,14 @@ class Loudspeaker final : private Playback {
     std::size_t read(std::int16_t *stereo, std::size_t frames);
 
   private:
+    static constexpr std::size_t kBlock = 1024;  // the most frames that are mixed at a time
+
+    bool in_real_time() const override { return !clock_.simulated(); }
     void start() override;
     std::unique_lock<std::mutex> present() override;
     std::uint64_t frames_by_clock() const;
     void mix(std::int16_t *stereo, std::size_t frames);
+    void keep(const std::int16_t *stereo, std::size_t frames);
     void pass(std::uint64_t frames);
 
     const Clock &clock_;
@@ -48,7 +52,6 @@ class Loudspeaker final : private Playback {
     std::uint64_t played_ = 0;  // frames, by the clock
     Mixer mixer_{*this};
     DiscDrive drive_{*this};
-    std::vector<std::int32_t> sum_;
     bool capturing_ = false;
     std::vector<std::int16_t> captured_;
 };

@@ -12,6 +12,8 @@ inline constexpr std::uint32_t kMixRate = 44100;
 
 class Playback {
   public:
+    // Whether the time passes by itself, and not only as far as the machine is told.
+    virtual bool in_real_time() const = 0;
     // Begins to play, at the first use of the sound device or the disc drive.
     virtual void start() = 0;
     // Brings everything that plays up to the present, and keeps it there while the lock is held: the device

@@ -1,6 +1,9 @@
 #include "host/sound/voice.h"
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
+#include <type_traits>
 
 #include "core/reader.h"
 
@@ -14,7 +17,9 @@ constexpr std::int32_t kSilence = -10000;
 
 std::optional<Voice> Voice::make(const WaveFormat &format, std::uint32_t bytes) {
     if (format.tag != 1 || format.channels < 1 || format.channels > 2) return std::nullopt;
-    if (format.bits_per_sample != 8 && format.bits_per_sample != 16) return std::nullopt;
+    constexpr unsigned kBits[] = {8, 16, 24, 32};
+    if (std::find(std::begin(kBits), std::end(kBits), format.bits_per_sample) == std::end(kBits))
+        return std::nullopt;
     if (format.samples_per_second < kSlowest || format.samples_per_second > kFastest) return std::nullopt;
     if (bytes > kMostBytes) return std::nullopt;
     return Voice(format, bytes);
@@ -65,13 +70,26 @@ std::int64_t Voice::next_gain() {
     return gain_now_;
 }
 
-std::int32_t Voice::word(std::int64_t frame, unsigned channel) const {
-    return static_cast<std::int16_t>(
-        get_u16(&samples_[2 * (static_cast<std::size_t>(frame) * channels_ + channel)]));
+template <unsigned bytes>
+std::int32_t Voice::stored(std::int64_t frame, unsigned channel) const {
+    const std::uint8_t *sample = &samples_[bytes * (static_cast<std::size_t>(frame) * channels_ + channel)];
+    if constexpr (bytes == 1) return (*sample - 128) * 256;
+    if constexpr (bytes == 2) return static_cast<std::int16_t>(get_u16(sample));
+    // Of the wider ones the upper 16 bits, rounded by the bit below them.
+    if constexpr (bytes > 2) {
+        const std::uint8_t *upper = sample + bytes - 2;
+        return static_cast<std::int16_t>(get_u16(upper)) + (upper[-1] >> 7);
+    }
 }
 
-std::int32_t Voice::byte(std::int64_t frame, unsigned channel) const {
-    return (samples_[static_cast<std::size_t>(frame) * channels_ + channel] - 128) * 256;
+template <class Read>
+std::int32_t Voice::by_size(Read read) const {
+    switch (bytes_per_sample_) {
+        case 1: return read(std::integral_constant<unsigned, 1>());
+        case 2: return read(std::integral_constant<unsigned, 2>());
+        case 3: return read(std::integral_constant<unsigned, 3>());
+        default: return read(std::integral_constant<unsigned, 4>());
+    }
 }
 
 // Also before the start and after the end: in a loop the last frames are followed by the first and the first
@@ -82,7 +100,7 @@ std::int32_t Voice::sample(std::int64_t frame, unsigned channel) const {
         frame %= frames_;
         if (frame < 0) frame += frames_;
     }
-    return bytes_per_sample_ == 1 ? byte(frame, channel) : word(frame, channel);
+    return by_size([&](auto bytes) { return stored<bytes>(frame, channel); });
 }
 
 // The sound at that position. Away from the ends, where most of it is, no frame can lie outside.
@@ -90,9 +108,9 @@ std::int32_t Voice::sample_at(const SamplePosition &position, unsigned channel) 
     const auto frame = static_cast<std::int64_t>(position.frame);
     if (frame < resampler_.reach() || frame >= frames_ - resampler_.reach())
         return resampler_.at(position, [&](std::int64_t at) { return sample(at, channel); });
-    if (bytes_per_sample_ == 1)
-        return resampler_.at(position, [&](std::int64_t at) { return byte(at, channel); });
-    return resampler_.at(position, [&](std::int64_t at) { return word(at, channel); });
+    return by_size([&](auto bytes) {
+        return resampler_.at(position, [&](std::int64_t at) { return stored<bytes>(at, channel); });
+    });
 }
 
 // False when the sound came to its end.

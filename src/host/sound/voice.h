@@ -19,8 +19,9 @@ class Voice {
     // enough that no click is heard, short enough that no delay is.
     static constexpr std::size_t kFadeFrames = kMixRate / 200;
 
-    // 8-bit unsigned or 16-bit signed samples, one or two channels, 100 to 200000 frames per second. The
-    // rates of bytes in the format say nothing new and are not looked at. Empty for any other format.
+    // Unsigned samples of 8 bits or signed ones of 16, 24 or 32, one or two channels, 100 to 200000 frames
+    // per second. The rates of bytes in the format say nothing new and are not looked at. Empty for any other
+    // format. Throws std::bad_alloc.
     static std::optional<Voice> make(const WaveFormat &format, std::uint32_t bytes);
 
     std::span<std::uint8_t> samples() { return samples_; }
@@ -46,8 +47,12 @@ class Voice {
     static constexpr int kGainBits = 24;
 
     Voice(const WaveFormat &format, std::uint32_t bytes);
-    std::int32_t word(std::int64_t frame, unsigned channel) const;
-    std::int32_t byte(std::int64_t frame, unsigned channel) const;
+    // A sample as one of 16 bits.
+    template <unsigned bytes>
+    std::int32_t stored(std::int64_t frame, unsigned channel) const;
+    // read(std::integral_constant of the bytes in a sample), whose result it gives.
+    template <class Read>
+    std::int32_t by_size(Read read) const;
     std::int32_t sample(std::int64_t frame, unsigned channel) const;
     std::int32_t sample_at(const SamplePosition &position, unsigned channel) const;
     bool advance(SamplePosition &position, std::uint64_t frames) const;

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 
+#include "core/counters.h"
 #include "core/log.h"
 #include "host/host.h"
 #include "inkstone/cdaudio.h"
@@ -15,7 +16,6 @@ namespace {
 using ink::host::DiscMode;
 using ink::host::DiscTime;
 
-constexpr std::int32_t kPlayTimeCounter = 13;
 constexpr std::uint32_t kTicksPerSecond = 18;
 constexpr std::size_t kMostTracks = 256;
 
@@ -54,7 +54,8 @@ Time time_of_ticks(std::uint32_t ticks) {
             ticks % kTicksPerSecond * 100 / kTicksPerSecond};
 }
 
-// A length in ticks, with its frames reckoned as hundredths, which is how games have always seen it.
+// A length in ticks. Its frames are reckoned as the hundredths of a play time, which stops with them: at the
+// end of a track of 2 seconds and 50 frames it shows 2 seconds and 50 hundredths.
 std::uint32_t ticks_of_length(Time length) {
     return (length.minutes * 60 + length.seconds) * kTicksPerSecond + length.fraction * kTicksPerSecond / 100;
 }
@@ -123,7 +124,7 @@ int32_t CDROM_play(int32_t track) {
     paused = false;
     paused_time = {};
     saved_ticks = 0;
-    SetTimerTick(kPlayTimeCounter, 0);
+    SetTimerTick(ink::kPlayTimeCounter, 0);
     return 0;
 }
 
@@ -138,7 +139,7 @@ int32_t CDROM_stop(void) {
 
 int32_t CDROM_pause(void) {
     if (!is_open || !playing || paused) return -1;
-    saved_ticks = GetTimerTick(kPlayTimeCounter);
+    saved_ticks = GetTimerTick(ink::kPlayTimeCounter);
     paused_time = time_of_ticks(saved_ticks);
     const bool stopped = disc().stop();
     paused = true;
@@ -148,7 +149,7 @@ int32_t CDROM_pause(void) {
 int32_t CDROM_resume(void) {
     if (!is_open || current_track < 0 || !playing || !paused) return -1;
     if (!disc().set_time_format(DiscTime::tmsf)) return -1;
-    SetTimerTick(kPlayTimeCounter, saved_ticks);
+    SetTimerTick(ink::kPlayTimeCounter, saved_ticks);
     if (!play_to_end(current_track, paused_time)) return -1;
     paused = false;
     return 0;
@@ -177,13 +178,13 @@ uint32_t CDROM_track_time(int32_t track) {
 uint32_t CDROM_now_time(void) {
     if (!is_open || !playing || current_track < 0) return 0;
     if (paused)
-        SetTimerTick(kPlayTimeCounter, saved_ticks);
+        SetTimerTick(ink::kPlayTimeCounter, saved_ticks);
     else
-        saved_ticks = GetTimerTick(kPlayTimeCounter);
+        saved_ticks = GetTimerTick(ink::kPlayTimeCounter);
     const std::uint32_t length = ticks_of_length(lengths[static_cast<std::size_t>(current_track)]);
     if (saved_ticks >= length) {
         saved_ticks = length;
-        SetTimerTick(kPlayTimeCounter, length);
+        SetTimerTick(ink::kPlayTimeCounter, length);
     }
     paused_time = time_of_ticks(saved_ticks);
     return pack(paused_time);

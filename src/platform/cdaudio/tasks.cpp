@@ -10,20 +10,20 @@ namespace {
 constexpr std::int32_t kInOrder = 0, kInLoop = 1, kAtRandom = 2;
 
 std::array<std::int32_t, 256> tasks;
-std::int32_t count = 0, index = 0, type = kInOrder;
+std::int32_t task_count = 0, task_index = 0, task_type = kInOrder;
 
 std::int32_t start_chosen() {
     CDROM_stop();
-    return CDROM_play(tasks[static_cast<std::size_t>(index)]);
+    return CDROM_play(tasks[static_cast<std::size_t>(task_index)]);
 }
 
 // Moves on to the entry to be played next; false when none is to be played this time.
 bool choose_next() {
-    if (type == kAtRandom) index = ink::random_number() % count;
-    if (type != kInOrder && type != kInLoop) return true;
-    if (++index < count) return true;
-    index = 0;
-    return type == kInLoop;
+    if (task_type == kAtRandom) task_index = ink::random_number() % task_count;
+    if (task_type != kInOrder && task_type != kInLoop) return true;
+    if (++task_index < task_count) return true;
+    task_index = 0;
+    return task_type == kInLoop;
 }
 
 }  // namespace
@@ -31,23 +31,24 @@ bool choose_next() {
 int32_t CDROM_clear_task(void) {
     if (!ink::cdaudio::opened()) return -1;
     tasks.fill(-1);
-    count = index = 0;
+    task_count = task_index = 0;
     return 0;
 }
 
 int32_t CDROM_push_task(int32_t track) {
     if (!ink::cdaudio::opened()) return -1;
-    if (static_cast<std::size_t>(count) < tasks.size()) tasks[static_cast<std::size_t>(count++)] = track;
+    if (static_cast<std::size_t>(task_count) < tasks.size())
+        tasks[static_cast<std::size_t>(task_count++)] = track;
     return 0;
 }
 
 void CDROM_task_type(int32_t new_type) {
-    type = new_type;
+    task_type = new_type;
 }
 
 int32_t CDROM_check_task(void) {
     if (!ink::cdaudio::opened()) return -1;
-    if (count < 1) return -2;
+    if (task_count < 1) return -2;
     if (CDROM_status() != 0 || CDROM_now_track() == -1) return 0;
     if (choose_next())
         start_chosen();
@@ -58,8 +59,8 @@ int32_t CDROM_check_task(void) {
 
 int32_t CDROM_exec_task(int32_t force) {
     if (!ink::cdaudio::opened()) return -1;
-    if (count < 1) return -2;
-    index = type == kAtRandom ? ink::random_number() % count : 0;
-    if (force == 0 && tasks[static_cast<std::size_t>(index)] == CDROM_now_track()) return 0;
+    if (task_count < 1) return -2;
+    task_index = task_type == kAtRandom ? ink::random_number() % task_count : 0;
+    if (force == 0 && tasks[static_cast<std::size_t>(task_index)] == CDROM_now_track()) return 0;
     return start_chosen();
 }

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <iterator>
 
+#include "core/counters.h"
 #include "core/hooks.h"
 #include "inkstone/keyboard.h"
 #include "inkstone/runtime.h"
@@ -44,11 +45,14 @@ struct Special {
     std::int16_t (*held)();
     std::uint8_t code;
 };
-constexpr std::uint8_t kTabCode = 9, kDataBit = 0x80, kSpaceCode = 32, kEnterCode = 13;
+constexpr std::uint8_t kTabCode = 9, kEnterCode = 13, kEscCode = 27, kSpaceCode = 32;
+constexpr std::uint8_t kF11Code = 133, kF12Code = 134;
+// What sets the special keys of the data reader apart from characters. F11 and F12 go on where F10 ends there.
+constexpr std::uint8_t kDataBit = 0x80, kDataF11Code = kDataBit + kF10 + 1, kDataF12Code = kDataF11Code + 1;
 constexpr Special kSystemKeys[] = {
     {fnCheckUpKey, kUp},         {fnCheckDownKey, kDown},       {fnCheckLeftKey, kLeft},
     {fnCheckRightKey, kRight},   {fnCheckSpaceKey, kSpaceCode}, {fnCheckEnterKey, kEnterCode},
-    {fnCheckEscKey, 27},         {fnCheckTabKey, kTabCode},     {fnCheckInsertKey, kInsert},
+    {fnCheckEscKey, kEscCode},   {fnCheckTabKey, kTabCode},     {fnCheckInsertKey, kInsert},
     {fnCheckDeleteKey, kDelete}, {fnCheckPgUpKey, kPgUp},       {fnCheckPgDnKey, kPgDn},
     {fnCheckHomeKey, kHome},     {fnCheckEndKey, kEnd},
 };
@@ -59,7 +63,7 @@ constexpr Special kDataKeys[] = {
     {fnCheckHomeKey, kDataBit + kHome},     {fnCheckEndKey, kDataBit + kEnd},
     {fnCheckPgUpKey, kDataBit + kPgUp},     {fnCheckPgDnKey, kDataBit + kPgDn},
     {fnCheckSpaceKey, kSpaceCode},          {fnCheckEnterKey, kDataBit + kEnterCode},
-    {fnCheckEscKey, kDataBit + 27},         {fnCheckTabKey, kDataBit + kTabCode},
+    {fnCheckEscKey, kDataBit + kEscCode},   {fnCheckTabKey, kDataBit + kTabCode},
 };
 
 template <std::size_t count>
@@ -78,8 +82,8 @@ std::uint8_t unshifted_data_code() {
     if (const std::uint8_t code = first_held(kDataKeys)) return code;
     switch (const std::uint8_t function = fnCheckFunctionKey()) {
         case 0: return fnCheckAlphaNumberKey();
-        case 133: return 197;  // F11 and F12 go on where F10 ends
-        case 134: return 198;
+        case kF11Code: return kDataF11Code;
+        case kF12Code: return kDataF12Code;
         default: return static_cast<std::uint8_t>(kDataBit + function);
     }
 }
@@ -118,8 +122,8 @@ uint8_t fnCheckAlphaNumberKey(void) {
 uint8_t fnCheckFunctionKey(void) {
     for (std::uint8_t scan = kF1; scan <= kF10; ++scan)
         if (keys.normal[scan] != 0) return scan;
-    if (keys.normal[kF11] != 0) return 133;
-    return keys.normal[kF12] != 0 ? 134 : 0;
+    if (keys.normal[kF11] != 0) return kF11Code;
+    return keys.normal[kF12] != 0 ? kF12Code : 0;
 }
 
 uint8_t read_system_key(void) {
@@ -132,25 +136,25 @@ uint8_t read_data_key(void) {
 
 void wait_key(int32_t key) {
     key = enter_as_space(key);
-    while (key != 0 && enter_as_space(read_system_key()) != key) {
-    }
+    for (ink::Wait wait; key != 0 && enter_as_space(read_system_key()) != key;) wait.rest();
     fnResetKeyBoard();
 }
 
 uint8_t wait_any_key(void) {
     fnResetKeyBoard();
     std::uint8_t code = 0;
-    while (code == 0) code = read_system_key();
+    for (ink::Wait wait; code == 0; code = read_system_key()) wait.rest();
     fnResetKeyBoard();
     return code;
 }
 
 void wait_key_time(int32_t key, uint32_t ticks) {
-    constexpr std::int32_t kWaitCounter = 14;
     key = enter_as_space(key);
-    SetTimerTick(kWaitCounter, 0);
+    SetTimerTick(ink::kWaitCounter, 0);
+    ink::Wait wait;
     do {
+        wait.rest();
         if (enter_as_space(read_system_key()) == key) return;
         ink::idle();
-    } while (GetTimerTick(kWaitCounter) < ticks);
+    } while (GetTimerTick(ink::kWaitCounter) < ticks);
 }

@@ -9,9 +9,14 @@ namespace {
 
 constexpr std::uint8_t kExtendedPrefix = 0xE0, kPausePrefix = 0xE1, kBreak = 0x80;
 
+// The key of a make or break code.
+constexpr std::uint8_t key_of(std::uint8_t code) {
+    return code & static_cast<std::uint8_t>(~kBreak);
+}
+
 // Codes beyond the last key stand for none.
 void make_or_break(KeyTable &table, std::uint8_t code) {
-    const std::size_t scan = code & ~kBreak & 0xFF;
+    const std::size_t scan = key_of(code);
     if (scan >= table.size()) return;
     if ((code & kBreak) != 0)
         table[scan] = 0;
@@ -31,7 +36,7 @@ void KeyState::take(std::uint8_t code) {
             return;
         case kPausePrefix:
             // Pause sends E1 1D 45 and E1 9D C5: the code in the middle says nothing.
-            if ((code & ~kBreak & 0xFF) != kPause) return;
+            if (key_of(code) != kPause) return;
             prefix = 0;
             make_or_break(extended, code);
             return;

@@ -3,6 +3,7 @@
 #include <array>
 #include <limits>
 
+#include "core/counters.h"
 #include "inkstone/can.h"
 #include "inkstone/draw.h"
 #include "inkstone/mouse.h"
@@ -12,8 +13,6 @@
 namespace {
 
 using ink::mouse::is_cursor;
-
-constexpr std::int32_t kCursorCounter = 12;
 
 struct ImageCursor {
     ANI_DATA_STRUCT *head = nullptr;  // null while there is none
@@ -61,9 +60,9 @@ void MOUSE_show_image_cursor(uint8_t *buffer) {
     const auto [x, y] = ink::mouse::position();
     BUF_pest_image(place(x, spot.x, frame.x, first.x), place(y, spot.y, frame.y, first.y), frame.image,
                    buffer);
-    if (GetTimerTick(kCursorCounter) <= 1) return;
+    if (GetTimerTick(ink::kCursorCounter) <= 1) return;
     cursor.next = frame.next != nullptr ? frame.next : cursor.head->next;
-    SetTimerTick(kCursorCounter, 0);
+    SetTimerTick(ink::kCursorCounter, 0);
 }
 
 void MOUSE_set_spot(int32_t x, int32_t y) {

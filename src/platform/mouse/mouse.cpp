@@ -1,6 +1,7 @@
 // The mouse as its messages tell of it, and the platform's pointer.
 #include <array>
 
+#include "core/hooks.h"
 #include "host/host.h"
 #include "inkstone/host.h"
 #include "inkstone/mouse.h"
@@ -120,13 +121,17 @@ uint8_t MOUSE_get_key(void) {
 }
 
 void MOUSE_wait_any_key(void) {
+    ink::Wait wait;
     do {
+        wait.rest(pump_messages);
         pump();
     } while ((key & 0x80) == 0);
 }
 
 void MOUSE_wait_key(uint8_t wanted) {
+    ink::Wait wait;
     do {
+        wait.rest(pump_messages);
         pump();
     } while (key != wanted);
 }

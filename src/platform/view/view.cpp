@@ -5,6 +5,7 @@
 #include <memory>
 #include <new>
 #include <span>
+#include <utility>
 
 #include "host/host.h"
 #include "inkstone/runtime.h"
@@ -142,6 +143,7 @@ void WViewEnable(void) {
 void WViewDisable(void) {
     if (!view.enabled()) return;
     change_palette(view.previous);
+    Context::display().delete_palette(std::exchange(view.palette, PaletteHandle::system));
     release_descriptions();
 }
 

@@ -171,6 +171,7 @@ void run(const Program &program, const RunOptions &options, std::ostream &out) {
     set_variables(program, variables, options.settings);
 
     const HWND window = HOST_open_window("ink", 1, 1, break_off);
+    HOST_set_timer_resolution(1);
     HOST_set_timer(window, kLimitTimer, std::max(1U, options.limit / kInstructionsPerMillisecond));
     const std::int32_t result = MAC_driver(procedure);
     if (!running.broken_off) keep_state();

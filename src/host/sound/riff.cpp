@@ -1,10 +1,10 @@
-#include "platform/wave/riff.h"
+#include "host/sound/riff.h"
 
 #include <algorithm>
 
 #include "core/reader.h"
 
-namespace ink::wave {
+namespace ink::host {
 namespace {
 
 constexpr std::uint64_t kHeader = 8, kForm = 4;
@@ -15,19 +15,16 @@ bool named(const std::uint8_t *letters, std::string_view name) {
 
 }  // namespace
 
-RiffReader::RiffReader(std::FILE *file) : file_(file) {
-    if (std::fseek(file_, 0, SEEK_END) != 0) return;
-    size_ = static_cast<std::uint64_t>(std::max(std::ftell(file_), 0L));
-}
-
 std::optional<RiffReader::Chunk> RiffReader::find(std::uint64_t from, std::uint64_t end,
                                                   std::string_view name, std::string_view form) {
     std::uint8_t header[kHeader + kForm];
-    end = std::min(end, size_);
+    end = std::min(end, file_.size());
     while (from < end && read(from, header, kHeader)) {
         Chunk chunk{from + kHeader, from + kHeader + get_u32(header + 4)};
+        chunk.unfinished = chunk.size() == 0;
         if (named(header, name)) {
             if (form.empty()) return chunk;
+            if (chunk.unfinished) chunk.end = file_.size();
             if (chunk.size() >= kForm && read(chunk.begin, header + kHeader, kForm) &&
                 named(header + kHeader, form)) {
                 chunk.begin += kForm;
@@ -40,13 +37,12 @@ std::optional<RiffReader::Chunk> RiffReader::find(std::uint64_t from, std::uint6
 }
 
 std::optional<std::uint64_t> RiffReader::after(const Chunk &chunk) const {
-    if (chunk.end > size_) return std::nullopt;
+    if (chunk.end > file_.size()) return std::nullopt;
     return chunk.end + chunk.end % 2;
 }
 
-bool RiffReader::read(std::uint64_t from, void *bytes, std::uint64_t size) {
-    return holds(from, size) && std::fseek(file_, static_cast<long>(from), SEEK_SET) == 0 &&
-           std::fread(bytes, 1, size, file_) == size;
+bool RiffReader::read(std::uint64_t from, std::uint8_t *bytes, std::size_t size) {
+    return file_.read(from, {bytes, size}) == size;
 }
 
-}  // namespace ink::wave
+}  // namespace ink::host

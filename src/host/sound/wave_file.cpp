@@ -1,10 +1,13 @@
-#include "platform/wave/wave_file.h"
+#include "host/sound/wave_file.h"
 
+#include <algorithm>
+#include <limits>
 #include <new>
+#include <utility>
 
 #include "core/reader.h"
 
-namespace ink::wave {
+namespace ink::host {
 namespace {
 
 // A PCM format has 16 bytes, and 18 where the size of further fields, none, is told with it. Eighteen are
@@ -13,12 +16,12 @@ constexpr std::uint64_t kFormatBytes = 16, kFormatRead = 18;
 
 }  // namespace
 
-std::optional<Fault> WaveFile::open(const char *file_name) {
-    file_ = host::open_file(file_name, "rb");
-    if (!file_) return Fault::open;
-    RiffReader riff(file_.get());
+std::optional<WaveFile::Fault> WaveFile::open(InputFile file) {
+    file_ = std::move(file);
+    if (!file_.is_open()) return Fault::open;
+    RiffReader riff(file_);
 
-    const auto wave = riff.find(0, riff.whole().end, "RIFF", "WAVE");
+    const auto wave = riff.find(0, file_.size(), "RIFF", "WAVE");
     if (!wave) return Fault::not_wave;
     const auto chunk = riff.find(wave->begin, wave->end, "fmt ");
     if (!chunk) return Fault::no_format;
@@ -40,16 +43,19 @@ std::optional<Fault> WaveFile::open(const char *file_name) {
     const auto data = riff.find(*next, wave->end, "data");
     if (!data) return Fault::no_data;
     data_ = *data;
+    // Of a file that was never finished, the samples are all that follows.
+    if (wave->unfinished && data->unfinished)
+        data_.end =
+            std::min<std::uint64_t>(file_.size(), data_.begin + std::numeric_limits<std::uint32_t>::max());
     return std::nullopt;
 }
 
-std::optional<Fault> WaveFile::read(std::unique_ptr<std::uint8_t[]> &samples) {
-    RiffReader riff(file_.get());
-    if (!riff.holds(data_.begin, data_.size())) return Fault::data_short;
-    samples.reset(new (std::nothrow) std::uint8_t[data_.size()]);
+std::optional<WaveFile::Fault> WaveFile::read(std::unique_ptr<std::uint8_t[]> &samples) {
+    if (file_.present(data_.begin, data_.size()) < data_.size()) return Fault::data_short;
+    samples.reset(new (std::nothrow) std::uint8_t[size()]);
     if (samples == nullptr) return Fault::memory;
-    return riff.read(data_.begin, samples.get(), data_.size()) ? std::nullopt
-                                                               : std::optional(Fault::data_short);
+    return RiffReader(file_).read(data_.begin, samples.get(), size()) ? std::nullopt
+                                                                      : std::optional(Fault::data_short);
 }
 
-}  // namespace ink::wave
+}  // namespace ink::host

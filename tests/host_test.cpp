@@ -1,0 +1,138 @@
+// The machine beyond what the families ask of it: windows that close twice, the time of day, the end of the
+// process, and what is missing.
+#include "inkstone/host.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <ctime>
+#include <string>
+#include <vector>
+
+#include "inkstone/inkstone.h"
+#include "support/allocation.h"
+#include "support/calls.h"
+
+namespace {
+
+std::vector<HWND> windows;
+int destroyed = 0;
+
+LRESULT close_all(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+    if (message != WM_DESTROY) return HOST_default_procedure(window, message, wparam, lparam);
+    ++destroyed;
+    for (const HWND each : windows) HOST_close_window(each);
+    return 0;
+}
+
+TEST(Host, ClosesAWindowOnceWhateverItsProcedureDoes) {
+    for (int i = 0; i < 3; ++i) windows.push_back(HOST_open_window("w", 8, 8, close_all));
+    HOST_post_message(windows[1], WM_CLOSE, 0, 0);
+    EXPECT_EQ(HOST_run_messages(), 1);
+    EXPECT_EQ(destroyed, 3);
+    for (const HWND each : windows) EXPECT_EQ(HOST_window_size(each, nullptr, nullptr), -2);
+}
+
+TEST(Host, BearsMissingResultsAndWindowsThatNobodyCanHave) {
+    const HWND window = HOST_open_window("w", 3, 2, nullptr);
+    std::int32_t width = 0, height = 0;
+    EXPECT_EQ(HOST_window_size(window, &width, nullptr), 0);
+    EXPECT_EQ(HOST_window_size(window, nullptr, &height), 0);
+    EXPECT_EQ(width * 10 + height, 32);
+    EXPECT_EQ(HOST_read_indices(window, nullptr), -2);
+    EXPECT_EQ(HOST_read_picture(window, nullptr), -2);
+    HOST_read_palette(nullptr);
+    EXPECT_EQ(HOST_read_sound(nullptr, 5), 0);
+    HOST_set_setting(nullptr, "yes");
+    for (const std::int32_t size : {0, -1, 4097, INT32_MAX}) {
+        EXPECT_EQ(HOST_open_window("w", size, 8, nullptr), nullptr);
+        EXPECT_EQ(HOST_open_window("w", 8, size, nullptr), nullptr);
+    }
+    const HWND untitled = HOST_open_window(nullptr, 8, 8, nullptr);
+    EXPECT_NE(untitled, nullptr);
+    HOST_close_window(untitled);
+    HOST_close_window(window);
+}
+
+TEST(Host, RefusesWhatThereIsNoMemoryFor) {
+    if (!test::kAllocationsCanFail) GTEST_SKIP();
+    const auto refused = [](auto ask) {
+        test::FailingAllocation failing(0, true);
+        return ask();
+    };
+    HOST_name();  // starts the machine
+    EXPECT_EQ(refused([] { return HOST_open_window("w", 64, 64, nullptr); }), nullptr);
+    const std::string name(50, 'n'), value(50, 'v');
+    refused([&] { return HOST_set_setting(name.c_str(), value.c_str()), 0; });
+    refused([] {
+        for (int i = 0; i < 1000; ++i) HOST_post_message(nullptr, WM_USER, 0, 0);
+        return 0;
+    });
+    int set = 0;
+    refused([&set] {
+        while (set < 1000 && HOST_set_timer(nullptr, static_cast<std::uint32_t>(100 + set), 55) == 0) ++set;
+        return 0;
+    });
+    EXPECT_LT(set, 1000);
+    for (int i = 0; i < set; ++i) HOST_kill_timer(nullptr, static_cast<std::uint32_t>(100 + i));
+    fnCheckMessage();
+}
+
+std::string time_of_day() {
+    char text[26];
+    get_time(text);
+    return text;
+}
+
+TEST(Host, KeepsTheSystemsTimeUntilItIsSet) {
+    // The date of one of two moments, between which midnight may lie.
+    const auto date = [] {
+        const std::time_t now = std::time(nullptr);
+        char text[32];
+        std::strftime(text, sizeof text, "%d %Y", std::localtime(&now));
+        return std::string(text);
+    };
+    const std::string before = date(), told = time_of_day(), after = date();
+    EXPECT_TRUE(told.substr(8, 2) + told.substr(19, 5) == before ||
+                told.substr(8, 2) + told.substr(19, 5) == after)
+        << told;
+    const struct {
+        std::int32_t year, month, day, hour, minute, second;
+        const char *told;
+    } cases[] = {
+        {2000, 2, 29, 23, 59, 59, "Tue Feb 29 23:59:59 2000\n"},
+        {1999, 14, 0, 25, -1, 60, "Tue Feb 01 01:00:00 2000\n"},  // every field carries
+        {1, 1, 1, 0, 0, 0, "Mon Jan 01 00:00:00 0001\n"},
+        {INT32_MIN, INT32_MIN, INT32_MIN, INT32_MIN, INT32_MIN, INT32_MIN, "Mon Jan 01 00:00:00 0001\n"},
+        {INT32_MAX, INT32_MAX, INT32_MAX, INT32_MAX, INT32_MAX, INT32_MAX, "Fri Dec 31 23:59:59 9999\n"},
+    };
+    for (const auto &c : cases) {
+        HOST_set_local_time(c.year, c.month, c.day, c.hour, c.minute, c.second);
+        EXPECT_EQ(time_of_day(), c.told);
+    }
+    HOST_set_local_time(2026, 12, 31, 23, 59, 59);
+    HOST_advance_clock(2'000'000);
+    EXPECT_EQ(time_of_day(), "Fri Jan 01 00:00:01 2027\n");
+}
+
+// Exit handlers run last of all, and one that was registered first runs after everything else is gone.
+TEST(HostDeath, ServesExitHandlers) {
+    const auto live = [] {
+        std::atexit(ExecQuitProc);
+        WViewInit(HOST_open_window("w", 8, 8, nullptr), 0, 0, 8, 8, nullptr);
+        WViewEnable();
+        SetupTimerProc(nullptr);
+        DS_init(nullptr);
+        CDROM_open();
+        test::record_calls();
+        std::atexit([] {
+            ExecQuitProc();
+            std::fprintf(stderr, "%s %s", test::calls.front().c_str(), test::calls.back().c_str());
+            HOST_observe(nullptr);
+        });
+        std::exit(3);
+    };
+    EXPECT_EXIT(live(), testing::ExitedWithCode(3), "^stop_disc delete_palette [0-9]+$");
+}
+
+}  // namespace

@@ -1,0 +1,69 @@
+#include "support/allocation.h"
+
+#include <cstdlib>
+#include <new>
+
+namespace {
+
+bool armed = false, refuse_all_after = false, refused = false;
+std::size_t until_refusal = 0;
+
+void *allocate(std::size_t size) {
+    if (armed) {
+        const bool refuse = refused ? refuse_all_after : until_refusal-- == 0;
+        if (refuse) {
+            refused = true;
+            return nullptr;
+        }
+    }
+    return std::malloc(size != 0 ? size : 1);
+}
+
+void *allocate_or_throw(std::size_t size) {
+    void *memory = allocate(size);
+    if (memory == nullptr) throw std::bad_alloc();
+    return memory;
+}
+
+}  // namespace
+
+void *operator new(std::size_t size) {
+    return allocate_or_throw(size);
+}
+void *operator new[](std::size_t size) {
+    return allocate_or_throw(size);
+}
+void *operator new(std::size_t size, const std::nothrow_t &) noexcept {
+    return allocate(size);
+}
+void *operator new[](std::size_t size, const std::nothrow_t &) noexcept {
+    return allocate(size);
+}
+void operator delete(void *memory) noexcept {
+    std::free(memory);
+}
+void operator delete[](void *memory) noexcept {
+    std::free(memory);
+}
+void operator delete(void *memory, std::size_t) noexcept {
+    std::free(memory);
+}
+void operator delete[](void *memory, std::size_t) noexcept {
+    std::free(memory);
+}
+
+namespace test {
+
+FailingAllocation::FailingAllocation(std::size_t failing, bool all_after) {
+    until_refusal = failing;
+    refuse_all_after = all_after;
+    refused = false;
+    armed = true;
+}
+
+bool FailingAllocation::disarm() {
+    armed = false;
+    return refused;
+}
+
+}  // namespace test
