@@ -283,6 +283,63 @@ TEST(InfoTool, KnowsFilesByTheirContentAndFindsWhereTheyBreak) {
         << test::read_text("out");
 }
 
+TEST(BuildTool, MakesWhatIsOutOfDateAndNothingElse) {
+    fs::create_directory("c");
+    write_picture("c/a-1.png", pixels(1), palette(1));
+    test::write_text("c/x.mas", "proc a\n return\n");
+    test::write_text("c/s.mas", "include \"x.mas\"\n");
+    test::write_text("c/content.ink",
+                     "; what is made\nmac build s.mas\n  can build a.can a-*.png ; the walk\n"
+                     "lzss compress a.can \"a b.lz\"\n");
+    const std::string script = "ink mac build s.mas\n", animation = "ink can build a.can a-*.png\n",
+                      packed = "ink lzss compress a.can a b.lz\n", nothing = "everything is up to date\n";
+    const auto made = [&] {
+        EXPECT_EQ(ink("build c"), 0) << test::read_text("err");
+        const std::string out = test::read_text("out");
+        std::string lines;
+        for (const std::string &line : {script, animation, packed, nothing})
+            if (out.find(line) != std::string::npos) lines += line;
+        return lines;
+    };
+    EXPECT_EQ(made(), script + animation + packed);
+    EXPECT_EQ(made(), nothing);
+    test::write_text("c/x.mas", "proc abc\n return\n");  // what a source includes
+    EXPECT_EQ(made(), script);
+    write_picture("c/a-2.png", pixels(2), palette(1));  // another file that the pattern matches
+    EXPECT_EQ(made(), animation + packed);
+    fs::remove("c/a b.lz");
+    EXPECT_EQ(made(), packed);
+    // A wrong line is named, and what stood before it is made all the same.
+    test::write_text("c/content.ink", "mac build s.mas\n\n picture none.png -o b.pcx\n");
+    test::write_text("c/x.mas", "proc a\n stop\n");
+    EXPECT_EQ(ink("build c"), 1);
+    EXPECT_EQ(test::read_text("out"), script + "ink picture none.png -o b.pcx\n");
+    EXPECT_TRUE(test::read_text("err").starts_with("content.ink:3:2: none.png: No such file"))
+        << test::read_text("err");
+    test::write_text("c/content.ink", "mac bild s.mas\n");
+    EXPECT_EQ(ink("build c"), 1);
+    EXPECT_NE(test::read_text("err").find("content.ink:1:1: "), std::string::npos);
+}
+
+TEST(ViewTool, ShowsWhatThereIsToSee) {
+    write_picture("a.png", pixels(1), palette(1));
+    write_picture("b.png", pixels(2), palette(1));
+    INK("can build a.can a.png b.png --save-palette a.pal");
+    INK("flic build a.flc a.png b.png");
+    for (const std::string file : {"a.can", "a.flc"}) {
+        INK("view " + file + " --palette a.pal --frame 2 --png seen.png");
+        EXPECT_EQ(read_picture("seen.png").indices, pixels(2)) << file;
+        EXPECT_EQ(colours_of(read_picture("seen.png")), colours_of(read_picture("b.png"))) << file;
+    }
+    EXPECT_EQ(ink("view a.can --frame 3 --png no.png"), 1);
+    test::write_text("s.mas", "proc a\n return\n");
+    INK("mac build s.mas");
+    INK("view s.mac");
+    EXPECT_EQ(test::read_text("out"), "\nproc 0 proc_0\n    return\n");
+    INK("view a.pal --png swatch.png");
+    EXPECT_EQ(read_picture("swatch.png").indices[17 * 256 + 40], 18);
+}
+
 // Whatever a command is given that is not what it wants: one line, exit code 1, and nothing written.
 TEST(Tool, RefusesBrokenFilesInOneLineAndWritesNothing) {
     test::write_text("empty", "");

@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "animation/formats.h"
+#include "core/reader.h"
 
 namespace ink::tool {
 namespace {
@@ -39,6 +40,40 @@ int write_to(GifFileType *gif, const GifByteType *from, int count) {
     return count;
 }
 
+// The pixels of all images together, as their headers state them: giflib takes memory for them before it finds
+// out whether they are there.
+std::int64_t stated_pixels(const Bytes &file) {
+    constexpr std::uint8_t kImage = 0x2C, kExtension = 0x21;
+    Reader reader(file);
+    const auto skip_colours = [&](int flags) {
+        if ((flags & 0x80) != 0) reader.skip(std::size_t{6} << (flags & 7));
+    };
+    const auto skip_blocks = [&] {
+        while (const std::size_t size = reader.u8()) reader.skip(size);
+    };
+    reader.skip(10);
+    const int flags = reader.u8();
+    reader.skip(2);
+    skip_colours(flags);
+    std::int64_t pixels = 0;
+    while (reader.ok()) {
+        const std::uint8_t kind = reader.u8();
+        if (kind == kImage) {
+            reader.skip(4);
+            const std::int64_t width = reader.u16();
+            pixels += width * reader.u16();
+            skip_colours(reader.u8());
+            reader.skip(1);
+        } else if (kind == kExtension) {
+            reader.skip(1);
+        } else {
+            break;
+        }
+        skip_blocks();
+    }
+    return pixels;
+}
+
 // Draws one image onto what is seen.
 void draw(ColourPicture &seen, const GifFileType &gif, const SavedImage &image, int transparent) {
     const GifImageDesc &place = image.ImageDesc;
@@ -69,8 +104,8 @@ RawAnimation decode_gif(const Bytes &file) {
     int error = 0;
     const std::unique_ptr<GifFileType, CloseReader> gif(DGifOpen(&left, read_from, &error));
     if (!gif) fail(error);
-    // The sizes come before the pixels, for which giflib takes memory as they say.
-    if (std::int64_t{gif->SWidth} * gif->SHeight > kMostPixels || gif->SWidth < 1 || gif->SHeight < 1)
+    if (std::int64_t{gif->SWidth} * gif->SHeight > kMostPixels || gif->SWidth < 1 || gif->SHeight < 1 ||
+        stated_pixels(file) > kMostPixels)
         throw std::runtime_error("the GIF file: it is too large, or has no pixel");
     if (DGifSlurp(gif.get()) != GIF_OK) fail(gif->Error);
     if (std::int64_t{gif->SWidth} * gif->SHeight * gif->ImageCount > kMostPixels)

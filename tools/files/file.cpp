@@ -23,13 +23,13 @@ namespace fs = std::filesystem;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 // Every file that was read: an output that is one of them would destroy what the author works on.
-std::vector<fs::path> &files_read() {
-    static std::vector<fs::path> names;
-    return names;
+Touched &touched() {
+    static Touched files;
+    return files;
 }
 
 bool was_read(const fs::path &name) {
-    return std::ranges::any_of(files_read(), [&](const fs::path &read) {
+    return std::ranges::any_of(touched().read, [&](const fs::path &read) {
         std::error_code ignored;
         return fs::equivalent(read, name, ignored);
     });
@@ -117,8 +117,15 @@ Bytes read_bytes(const fs::path &name) {
     if (const auto size = fs::file_size(name, error); !error) bytes.reserve(size);
     bytes.assign(std::istreambuf_iterator<char>(file), {});
     if (!file.is_open() || file.bad()) throw FileError(name, reason_of(errno));
-    files_read().push_back(fs::absolute(name));
+    note_read(name);
     return bytes;
+}
+
+Touched take_touched() {
+    return std::exchange(touched(), {});
+}
+void note_read(const fs::path &name) {
+    touched().read.push_back(name);
 }
 
 std::string read_text(const fs::path &name) {
@@ -160,6 +167,7 @@ void NewFiles::commit() {
     for (const auto &[name, bytes] : direct_)
         name == kStream ? write_stream(bytes) : write_whole(name, bytes);
     direct_.clear();
+    for (const Written &file : written_) touched().written.push_back(file.place);
     for (; !written_.empty(); written_.erase(written_.begin())) {
         std::error_code error;
         fs::rename(written_.front().temporary, written_.front().place, error);

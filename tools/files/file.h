@@ -36,6 +36,14 @@ inline constexpr const char *kStream = "-";
 Bytes read_bytes(const std::filesystem::path &name);
 std::string read_text(const std::filesystem::path &name);
 
+// What has been read and written since the last call, in the order in which it was; a file that another
+// library reads is noted by hand. Names are as they were given.
+struct Touched {
+    std::vector<std::filesystem::path> read, written;
+};
+Touched take_touched();
+void note_read(const std::filesystem::path &name);
+
 // Several files that appear together: each is written beside its place, and all are moved there by commit.
 // What was there before stays until then, and if anything fails.
 class NewFiles {
@@ -45,7 +53,7 @@ class NewFiles {
     NewFiles(const NewFiles &) = delete;
     NewFiles &operator=(const NewFiles &) = delete;
 
-    // Throws FileError when the file cannot be written, and when it is one that this process has read, unless
+    // Throws FileError when the file cannot be written, and when it is one that has been read for it, unless
     // that is what the author asks for. Directories on the way must be there. What is no regular file, such
     // as a terminal, is written when committed.
     void add(const std::filesystem::path &name, std::span<const std::uint8_t> bytes,

@@ -47,6 +47,7 @@ class Progress {
 void add_manual(CLI::App &app);
 
 void add_bind(CLI::App &app);
+void add_build(CLI::App &app);
 void add_can(CLI::App &app);
 void add_conf(CLI::App &app);
 void add_disc(CLI::App &app);
@@ -56,9 +57,11 @@ void add_font(CLI::App &app);
 void add_info(CLI::App &app);
 void add_lzss(CLI::App &app);
 void add_mac(CLI::App &app);
+void add_new(CLI::App &app);
 void add_palette(CLI::App &app);
 void add_picture(CLI::App &app);
 void add_save(CLI::App &app);
 void add_strings(CLI::App &app);
+void add_view(CLI::App &app);
 
 }  // namespace ink::tool

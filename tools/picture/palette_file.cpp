@@ -129,13 +129,18 @@ StoredPalette read_palette(const std::filesystem::path &name) try {
     throw FileError(name, error.what());
 }
 
+IndexedPicture swatch_of(const Palette &palette) {
+    IndexedPicture swatch{kCell * kCells, kCell * kCells};
+    swatch.palette = palette;
+    for (int y = 0; y < swatch.height; ++y)
+        for (int x = 0; x < swatch.width; ++x)
+            swatch.row(y)[x] = static_cast<std::uint8_t>(y / kCell * kCells + x / kCell);
+    return swatch;
+}
+
 Bytes encode_palette(const StoredPalette &palette, PaletteKind kind) {
     if (kind == PaletteKind::png) {
-        IndexedPicture swatch{kCell * kCells, kCell * kCells};
-        for (int y = 0; y < swatch.height; ++y)
-            for (int x = 0; x < swatch.width; ++x)
-                swatch.row(y)[x] = static_cast<std::uint8_t>(y / kCell * kCells + x / kCell);
-        return encode_png(swatch.width, swatch.height, swatch.pixels, bright_palette(palette.colours));
+        return encode_picture(swatch_of(palette.colours), PictureKind::png);
     }
     if (kind == PaletteKind::library) {
         Bytes file(4);

@@ -28,6 +28,9 @@ bool is_palette_file(std::span<const std::uint8_t> file);
 // Throws FileError.
 StoredPalette read_palette(const std::filesystem::path &name);
 
+// The palette as 16 x 16 cells, each in its entry.
+IndexedPicture swatch_of(const Palette &palette);
+
 // As bytes of a file: a PNG swatch has 16 x 16 cells, those of entries that are not stored black.
 Bytes encode_palette(const StoredPalette &palette, PaletteKind kind);
 

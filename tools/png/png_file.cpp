@@ -10,7 +10,7 @@
 namespace ink::tool {
 namespace {
 
-constexpr std::int64_t kMostPixels = 1 << 28;
+constexpr std::int64_t kMostPixels = 1 << 26;
 
 void write(const std::filesystem::path &name, int width, int height, png_uint_32 format,
            std::span<const std::uint8_t> pixels, const std::uint8_t *palette) {

@@ -43,7 +43,7 @@ struct PngPicture {
 bool is_png(std::span<const std::uint8_t> file);
 
 // Throws std::runtime_error, whose message is the reason alone, for a file that is damaged or no PNG file,
-// and for a picture of more than 2^28 pixels.
+// and for a picture of more than 2^26 pixels.
 PngPicture decode_png(std::span<const std::uint8_t> file);
 
 }  // namespace ink::tool

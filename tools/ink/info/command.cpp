@@ -34,21 +34,6 @@ void info(const Arguments &arguments) {
 
 }  // namespace
 
-// Those with a mark of their own come first, and last what is known by its size or its words alone.
-std::optional<Report> describe(const Bytes &file, const std::filesystem::path &name) {
-    using Describe = std::optional<Report> (*)(const Bytes &);
-    if (auto report = describe_flic(file)) return report;
-    if (auto report = describe_bind(file)) return report;
-    if (auto report = describe_wave(file)) return report;
-    for (const Describe one :
-         {describe_can, describe_palette, describe_picture, describe_script, describe_saved_state})
-        if (auto report = one(file)) return report;
-    if (auto report = describe_font(file, name)) return report;
-    if (auto report = describe_cue(file, name)) return report;
-    if (auto report = describe_conf(file)) return report;
-    return describe_lzss(file, name);
-}
-
 void add_info(CLI::App &app) {
     const auto arguments = std::make_shared<Arguments>();
     CLI::App *command = add_command(
