@@ -104,8 +104,11 @@ void add_manual(CLI::App &app) {
         add_command(app, "manual", "Print this program's manual page, or completions for the shell",
                     {"ink manual | man -l -", "eval \"$(ink manual --bash)\""});
     const auto bash = std::make_shared<bool>();
+    const auto output = std::make_shared<std::string>(kStream);
     command->add_flag("--bash", *bash, "Print what makes bash complete commands and options");
-    command->callback([&app, bash] { write_text(kStream, *bash ? bash_completion(app) : manual_page(app)); });
+    command->add_option("-o,--output", *output, "The file to write (standard output)");
+    command->callback(
+        [&app, bash, output] { write_text(path_of(*output), *bash ? bash_completion(app) : manual_page(app)); });
 }
 
 }  // namespace ink::tool
