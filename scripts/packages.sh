@@ -4,6 +4,7 @@ say() { printf '\n== %s\n' "$*"; }
 
 # What building the library, the tools, the demo and its content takes.
 build_packages="g++ cmake ninja-build pkg-config libsdl2-dev libcli11-dev libfreetype-dev libpng-dev
+  libimagequant-dev libgif-dev libsamplerate0-dev
   xfonts-intl-chinese xfonts-base"
 # What the tests take on top.
 test_packages="libgtest-dev imagemagick netpbm libavcodec-dev libavformat-dev libavutil-dev"
@@ -13,7 +14,7 @@ ci_packages="clang-14 clang libclang-rt-14-dev clang-format-14 clang-format xvfb
   libbenchmark-dev liballegro4-dev liblua5.4-dev sox debootstrap"
 # What building for Windows takes, and a Windows to test it on.
 windows_packages="g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix googletest libcli11-dev wine wine64
-  libasound2-plugins lld-14 llvm-14 clang-14 xvfb x11-utils xdotool openbox imagemagick debootstrap unzip"
+  libz-mingw-w64-dev libasound2-plugins lld-14 llvm-14 clang-14 xvfb x11-utils xdotool openbox imagemagick debootstrap unzip"
 
 need_packages() {
     local missing="" package

@@ -226,7 +226,9 @@ TEST(Bind, ChopsWhatItBound) {
     test::write_text("a", "some longer file that stands there");
     EXPECT_EQ(BIND_chop_file("../in/all.bnd", nullptr), 0);
     EXPECT_EQ(test::read_text("a"), "first");
+#if !defined(_WIN32)
     EXPECT_FALSE(test::exists("A"));
+#endif
     EXPECT_EQ(test::read_text("SUB/B"), long_file);
     EXPECT_TRUE(test::exists("EMPTY"));
     EXPECT_EQ(test::take_log(), "");
