@@ -11,6 +11,7 @@
 #include "inkstone/timer.h"
 #include "support/allocation.h"
 #include "support/calls.h"
+#include "support/new_process.h"
 #include "support/sound.h"
 
 namespace {
@@ -229,7 +230,7 @@ TEST(CdAudio, DriveWithoutADiscAndOneItIsTakenOutOf) {
     EXPECT_EQ(CDROM_status(), 0);
 }
 
-TEST(CdAudio, MakesItsPlatformCallsInOrder) {
+TEST_IN_NEW_PROCESS(CdAudio, MakesItsPlatformCallsInOrder) {
     test::record_calls();
     open_three();
     EXPECT_EQ(test::take_calls(),
@@ -334,7 +335,7 @@ std::int32_t next_task() {
     return CDROM_status() != 0 ? CDROM_now_track() : -1;
 }
 
-TEST(CdAudio, TaskListGoesOnByItsType) {
+TEST_IN_NEW_PROCESS(CdAudio, TaskListGoesOnByItsType) {
     CDROM_task_type(0);
     open_three();
     EXPECT_EQ(CDROM_clear_task(), 0);
@@ -392,7 +393,7 @@ TEST(CdAudio, TaskListHolds256) {
     EXPECT_EQ(CDROM_stop(), 0);
 }
 
-TEST(CdAudio, RefusalsOfTheDrive) {
+TEST_IN_NEW_PROCESS(CdAudio, RefusalsOfTheDrive) {
     const auto play = [] { return CDROM_play(0); };
     const std::tuple<const char *, std::function<std::int32_t()>, bool> cases[] = {
         {"set_disc_time_format", CDROM_total, true},

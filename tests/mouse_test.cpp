@@ -12,6 +12,7 @@
 #include "inkstone/timer.h"
 #include "support/calls.h"
 #include "support/files.h"
+#include "support/new_process.h"
 
 namespace {
 
@@ -69,7 +70,7 @@ TEST(Mouse, EventsGiveTheirCodesPositionsAndFlags) {
     }
 }
 
-TEST(Mouse, CursorsAndTheirPlatformCalls) {
+TEST_IN_NEW_PROCESS(Mouse, CursorsAndTheirPlatformCalls) {
     test::record_calls();
     fnMouseInterrupt(WM_SETCURSOR, 0, 0);
     fnMouseInit(nullptr, nullptr, 10, 20, nullptr);
