@@ -85,6 +85,10 @@ class WatchedMachine final : public Windows,
         tell("close_window", window);
         behind_.windows.close_window(window);
     }
+    // Every message may come by here.
+    LRESULT default_procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) override {
+        return behind_.windows.default_procedure(window, message, wparam, lparam);
+    }
 
     // ---- Messages ----
 

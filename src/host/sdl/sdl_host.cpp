@@ -56,14 +56,14 @@ class SdlEnds : public Ends {
 
     bool rest(VirtualMachine &machine, std::uint64_t until) override {
         const std::uint64_t now = microseconds_since_start();
-        // A changed picture may be waiting for its turn to be scanned out.
-        const std::uint64_t end = std::min(until, std::max(next_frame_, now + kEventInterval));
+        const std::uint64_t end = picture_waits(machine) ? std::min(until, next_frame_) : until;
         if (end < now + kEventInterval) {
             // Nobody collects events so soon, and SDL does not wait for less than a millisecond.
             if (end > now) std::this_thread::sleep_for(std::chrono::microseconds(end - now));
             return true;
         }
-        SDL_WaitEventTimeout(nullptr, static_cast<int>((end - now) / kEventInterval));
+        constexpr std::uint64_t kLongest = 1000000;
+        SDL_WaitEventTimeout(nullptr, static_cast<int>(std::min(end - now, kLongest) / kEventInterval));
         service(machine, microseconds_since_start());
         return true;
     }
@@ -107,6 +107,12 @@ class SdlEnds : public Ends {
         if (shown)
             next_frame_ = std::max(next_frame_ + frame_time_, now - std::min(now, kSaved * frame_time_));
     }
+    static bool picture_waits(VirtualMachine &machine) {
+        const auto &windows = machine.screen().windows();
+        return std::any_of(windows.begin(), windows.end(),
+                           [](const auto &window) { return window->changed; });
+    }
+
     SdlWindow *find(HWND handle) {
         for (const auto &made : windows_)
             if (made->handle() == handle) return made.get();
