@@ -186,6 +186,7 @@ TEST(Palette, FilesKeepTheirEntriesAndNeverWriteOutside) {
 
 TEST_F(PaletteFade, StepsFromTheDisplayedPaletteToTheTarget) {
     static std::vector<Palette> seen;  // after each step, as the callback of the next one finds it
+    seen.clear();
     Palette start = filled(0), target = filled(63);
     set(start, 5, 63, 10, 20), set(target, 5, 0, 11, 20);
     display(start);

@@ -65,10 +65,12 @@ TEST_IN_NEW_PROCESS(View, MakesItsPlatformCallsInOrder) {
     EXPECT_EQ(test::take_calls(),
               (test::Calls{"animate_palette 1 0 256", "animate_palette 1 5 1", "animate_palette 1 16 16"}));
     test::record_calls();
-    ExecQuitProc();  // what it pushed
+    ExecQuitProc();  // what it pushed, before what others may have
     WViewDisable();  // nothing is left to release
-    EXPECT_EQ(test::take_calls(), (test::Calls{"get_context 0", "select_palette 0", "realize_palette",
-                                               "update_colors", "release_context 0", "delete_palette 1"}));
+    test::Calls end = test::take_calls();
+    std::erase_if(end, [](const std::string &call) { return call.starts_with("kill_timer"); });
+    EXPECT_EQ(end, (test::Calls{"get_context 0", "select_palette 0", "realize_palette", "update_colors",
+                                "release_context 0", "delete_palette 1"}));
 }
 
 TEST(View, ShowsTheBufferAndItsRectanglesThroughThePalette) {
