@@ -41,8 +41,8 @@ class SdlEnds : public Ends {
         windows_.push_back(std::move(made));
         return true;
     }
-    void window_closing(Window &window) override {
-        std::erase_if(windows_, [&](const auto &made) { return made->handle() == window.handle; });
+    void window_closing(HWND window) override {
+        std::erase_if(windows_, [window](const auto &made) { return made->handle() == window; });
     }
 
     std::uint64_t service(VirtualMachine &machine, std::uint64_t now) override {
