@@ -92,6 +92,7 @@ int main(int argc, char **argv) {
         play_disc();
         return 0;
     }
+    const bool loads = argc > 1 && std::strcmp(argv[1], "loading") == 0;
     std::uint8_t before[768], after[768];
     const HWND window = HOST_open_window("Inkstone probe", 640, 480, window_procedure);
     HOST_read_palette(before);
@@ -103,9 +104,18 @@ int main(int argc, char **argv) {
     WViewInit(window, 0, 0, 640, 480, buffer.data());
     WViewEnable();
     WViewBuffer2Screen();
+    if (loads) {
+        // A palette and the picture for it, then seconds of work without a pump.
+        SCR_get_palette(after);
+        std::reverse(after, after + sizeof after);
+        SCR_set_palette(after);
+        BUF_bar(200, 200, 440, 280, 7, buffer.data());
+        WViewBuffer2Screen();
+    }
     save_picture(window);
     std::printf("host %s\n", HOST_name());
     std::fflush(stdout);
+    if (loads) return std::getchar();
     while (!closed && HOST_wait_messages() != 0) {
     }
     ExecQuitProc();

@@ -36,6 +36,7 @@ class ProcessForEachTest : public testing::EmptyTestEventListener {
                   << all.test_to_run_count() << " tests passed\n";
         for (const std::string &name : failed) std::cout << "failed: " << name << '\n';
         std::error_code ignored;
+        std::filesystem::current_path(place_.parent_path());
         std::filesystem::remove_all(place_, ignored);
         std::exit(failed.empty() ? 0 : 1);
     }

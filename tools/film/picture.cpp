@@ -39,10 +39,10 @@ IndexedPicture read_picture(const std::filesystem::path &name) {
     picture.x = header.i16();
     picture.y = header.i16();
     // The library logs why it refuses a file; here the user is told.
-    if (PCX_get_image_size(name.c_str(), &picture.width, &picture.height) <= 0)
+    if (PCX_get_image_size(name.string().c_str(), &picture.width, &picture.height) <= 0)
         throw std::runtime_error(name.string() + " is not a PCX picture of 256 colours");
     picture.pixels.resize(static_cast<std::size_t>(picture.width) * static_cast<std::size_t>(picture.height));
-    if (PCX_read_file(name.c_str(), picture.pixels.data()) != 0)
+    if (PCX_read_file(name.string().c_str(), picture.pixels.data()) != 0)
         throw std::runtime_error(name.string() + " has no palette of 256 colours");
     PCX_export_palette(picture.palette.data());
     return picture;

@@ -8,6 +8,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "host/host.h"
@@ -37,7 +38,7 @@ class Screen final : public Display {
     Window *focus() { return windows_.empty() ? nullptr : windows_.back().get(); }
     const std::vector<std::unique_ptr<Window>> &windows() const { return windows_; }
 
-    // What to do when a window's picture changed.
+    // What is done whenever a picture or the palette has changed.
     void on_change(std::function<void()> action) { changed_ = std::move(action); }
 
     const Palette &hardware_palette() const { return hardware_; }
@@ -59,13 +60,14 @@ class Screen final : public Display {
     Palette *find(PaletteHandle palette);
     void mark_all_changed();
 
+    std::function<void()> changed_;
+
     std::vector<std::unique_ptr<Window>> windows_;
     std::uintptr_t last_handle_ = 0;
     std::vector<std::optional<Palette>> palettes_;  // by their handles; the system's own first
     PaletteHandle selected_ = PaletteHandle::system;
     PaletteHandle realized_ = PaletteHandle::system;
     Palette hardware_;
-    std::function<void()> changed_;
 };
 
 }  // namespace ink::host

@@ -52,6 +52,8 @@ class SdlEnds : public Ends {
         return now + kEventInterval;
     }
 
+    void screen_changed(VirtualMachine &machine) override { scan_out(machine, microseconds_since_start()); }
+
     bool rest(VirtualMachine &machine, std::uint64_t until) override {
         const std::uint64_t now = microseconds_since_start();
         const std::uint64_t end = picture_waits(machine) ? std::min(until, next_frame_) : until;
@@ -66,10 +68,7 @@ class SdlEnds : public Ends {
         return true;
     }
 
-    // A picture before a long load is seen during it, though nobody pumps.
-    void picture_changed(VirtualMachine &machine) override { scan_out(machine, microseconds_since_start()); }
-
-    bool sound_wanted(Loudspeaker &loudspeaker) override { return audio_.open(loudspeaker); }
+    bool sound_wanted(Loudspeaker &loudspeaker) override { return open_audio(loudspeaker); }
 
     void message_box(HWND owner, const char *text, const char *caption) override {
         SdlWindow *made = find(owner);
@@ -93,15 +92,20 @@ class SdlEnds : public Ends {
     }
 
   private:
-    // The changed pictures, as often as the display shows one.
+    // Shows what has changed, once in a frame's time. Frames without a change are saved up, a few of them: a
+    // palette and a picture set one after the other before a long load both show, though nobody pumps.
     void scan_out(VirtualMachine &machine, std::uint64_t now) {
+        constexpr std::uint64_t kSaved = 3;
         if (now < next_frame_) return;
+        bool shown = false;
         for (const auto &made : windows_) {
             Window *window = machine.screen().find(made->handle());
             if (window == nullptr || !std::exchange(window->changed, false)) continue;
             made->scan_out(*window, machine.screen().hardware_palette());
-            next_frame_ = now + frame_time_;
+            shown = true;
         }
+        if (shown)
+            next_frame_ = std::max(next_frame_ + frame_time_, now - std::min(now, kSaved * frame_time_));
     }
     static bool picture_waits(VirtualMachine &machine) {
         const auto &windows = machine.screen().windows();
@@ -208,7 +212,6 @@ class SdlEnds : public Ends {
         return cursor.get();
     }
 
-    SdlAudio audio_;
     std::vector<std::unique_ptr<SdlWindow>> windows_;
     std::map<std::int32_t, std::unique_ptr<SDL_Cursor, FreeCursor>> cursors_;
     bool switching_ = false;  // Enter is held since Alt+Enter
