@@ -92,8 +92,10 @@ TEST_IN_NEW_PROCESS(Mouse, CursorsAndTheirPlatformCalls) {
                      "show_cursor 1", "client_to_screen 0 40 65596", "set_cursor_position 40 65596"}));
     EXPECT_EQ(position(), At(30, 40));
     MOUSE_get_position(nullptr, nullptr);
+    MOUSE_reset();
     MOUSE_set_position(INT32_MAX, INT32_MIN);
     EXPECT_EQ(position(), At(-1, 0));
+    EXPECT_EQ(MOUSE_get_key(), 0);  // it is no event
 }
 
 TEST(Mouse, StartsAfreshWithEachInit) {
