@@ -30,16 +30,20 @@ std::vector<Segment> make_lines(int reach) {
     return lines;
 }
 
-struct Disc {
-    int x, y, radius;
+struct Ellipse {
+    int x, y, down, across;
 };
 
-std::vector<Disc> make_circles() {
+// A thousand figures inside the screen, with one radius or with two.
+std::vector<Ellipse> make_figures(bool round) {
     std::mt19937 random(2);
     const auto number = [&](int low, int high) { return std::uniform_int_distribution(low, high)(random); };
-    std::vector<Disc> circles(1000);
-    for (Disc &disc : circles) disc = {number(60, kWidth - 61), number(60, kHeight - 61), number(4, 50)};
-    return circles;
+    std::vector<Ellipse> figures(1000);
+    for (Ellipse &figure : figures) {
+        figure = {number(60, kWidth - 61), number(60, kHeight - 61), number(4, 50), number(4, 50)};
+        if (round) figure.across = figure.down;
+    }
+    return figures;
 }
 
 // A maze of corridors with walls as wide, with one way from each cell to each other.
@@ -85,14 +89,14 @@ void lines(benchmark::State &state) {
 }
 BENCHMARK(lines)->Name("lines/inkstone")->Arg(8)->Arg(32)->Arg(300);
 
-void circles(benchmark::State &state) {
-    const auto circles = make_circles();
+void figures(benchmark::State &state, bool round) {
+    const auto figures = make_figures(round);
     Screen screen(kWidth * kHeight);
     for (auto _ : state)
-        for (const Disc &disc : circles)
-            BUF_circle(disc.x, disc.y, disc.radius, disc.radius, 0, 0, 7, screen.data());
+        for (const Ellipse &f : figures) BUF_circle(f.x, f.y, f.down, f.across, 0, 0, 7, screen.data());
 }
-BENCHMARK(circles)->Name("circles/inkstone");
+BENCHMARK_CAPTURE(figures, circles, true)->Name("circles/inkstone");
+BENCHMARK_CAPTURE(figures, ellipses, false)->Name("ellipses/inkstone");
 
 // Each fill turns the area of colour 0 into another colour and the next one back.
 void fill(benchmark::State &state, Screen screen, int x, int y) {
@@ -116,12 +120,20 @@ void allegro_lines(benchmark::State &state) {
 BENCHMARK(allegro_lines)->Name("lines/allegro")->Arg(8)->Arg(32)->Arg(300);
 
 void allegro_circles(benchmark::State &state) {
-    const auto circles = make_circles();
+    const auto figures = make_figures(true);
     const peers::AllegroBitmap bitmap(kWidth, kHeight);
     for (auto _ : state)
-        for (const Disc &disc : circles) ::circle(bitmap, disc.x, disc.y, disc.radius, 7);
+        for (const Ellipse &f : figures) ::circle(bitmap, f.x, f.y, f.down, 7);
 }
 BENCHMARK(allegro_circles)->Name("circles/allegro");
+
+void allegro_ellipses(benchmark::State &state) {
+    const auto figures = make_figures(false);
+    const peers::AllegroBitmap bitmap(kWidth, kHeight);
+    for (auto _ : state)
+        for (const Ellipse &f : figures) ::ellipse(bitmap, f.x, f.y, f.across, f.down, 7);
+}
+BENCHMARK(allegro_ellipses)->Name("ellipses/allegro");
 
 void allegro_fill(benchmark::State &state, const Screen &screen, int x, int y) {
     peers::AllegroBitmap bitmap(kWidth, kHeight);

@@ -38,3 +38,7 @@ endif()
 
 add_library(inkstone_flags INTERFACE)
 target_link_libraries(inkstone_flags INTERFACE inkstone_warnings inkstone_arithmetic inkstone_sanitizers)
+
+if(WIN32)
+  target_compile_definitions(inkstone_warnings INTERFACE NOMINMAX WIN32_LEAN_AND_MEAN)
+endif()

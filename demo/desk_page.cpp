@@ -208,9 +208,9 @@ void DeskPage::frame(Game &game, const Events &events) {
         use(game, under_pointer, events);
         changed = true;
     }
-    if (ripple_ > 0 && GetTimerTick(kRippleCounter) >= 6) {
+    if (ripple_ > 0 && GetTimerTick(kRippleCounter) >= 1) {
         SetTimerTick(kRippleCounter, 0);
-        ripple_ = ripple_ < 38 ? ripple_ + 3 : 0;
+        ripple_ = ripple_ < 38 ? ripple_ + 4 : 0;
         changed = true;
     }
     if (changed)

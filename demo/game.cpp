@@ -18,7 +18,9 @@ LRESULT window_procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam
             const bool up = message == WM_KEYUP || message == WM_SYSKEYUP;
             if ((lparam >> 24 & 1) != 0) fnKeyBoardInterrupt(0xE0);
             fnKeyBoardInterrupt(static_cast<std::uint8_t>((lparam >> 16 & 0x7F) | (up ? 0x80 : 0)));
-            return 0;
+            // With Alt they may be the system's, as the one that closes the window is.
+            const bool alt = message == WM_SYSKEYDOWN || message == WM_SYSKEYUP;
+            return alt ? HOST_default_procedure(window, message, wparam, lparam) : 0;
         }
         case WM_SETCURSOR:
         case WM_MOUSEMOVE:

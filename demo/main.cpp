@@ -81,13 +81,16 @@ void play(Game &game, Player *player) {
 
 int main(int argc, char **argv) try {
     CLI::App app("The demo of Inkstone.", "demo");
-    std::string host, pictures = "demo-pictures", content = DEMO_CONTENT;
+    std::string host, pictures = "demo-pictures";
+    std::string content = (std::filesystem::path(argv[0]).parent_path() / "content").string();
     bool scripted = false;
-    app.add_option("--host", host, "the machine to run on: sdl or headless (default: whichever fits)");
+    app.add_option("--host", host, "the machine to run on: win32, sdl or headless (default: whichever fits)");
     app.add_flag("--scripted", scripted, "let the scripted player play, as it does without a display");
     app.add_option("--pictures", pictures, "where the scripted player saves its pictures")
         ->capture_default_str();
-    app.add_option("--content", content, "the directory of the demo's fonts, sounds, cursor and disc");
+    app.add_option(
+        "--content", content,
+        "the directory of the demo's fonts, sounds, cursor and disc (default: beside the program)");
     CLI11_PARSE(app, argc, argv);
 
     if (!host.empty() && HOST_choose(host.c_str()) != 0) {

@@ -78,7 +78,7 @@ void TitlePage::draw_typing(Game &game) {
 }
 
 void TitlePage::frame(Game &game, const Events &events) {
-    if (GetTimerTick(kWaterCounter) >= 16) {
+    if (GetTimerTick(kWaterCounter) >= 2) {
         SetTimerTick(kWaterCounter, 0);
         game.turn_water();
     }
@@ -91,7 +91,7 @@ void TitlePage::frame(Game &game, const Events &events) {
         changed = true;
     }
     if (changed) game.play(Game::kClick);
-    if (changed || GetTimerTick(kCaretCounter) >= 80) {
+    if (changed || GetTimerTick(kCaretCounter) >= 7) {
         caret_ = changed || !caret_;
         SetTimerTick(kCaretCounter, 0);
         draw_typing(game);

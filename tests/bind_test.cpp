@@ -87,7 +87,7 @@ TEST(Bind, LeavesTheArchiveAloneUntilTheListIsRead) {
     test::write_text("a", "a");
     test::write_text("fifteen_letters", "15");
     std::ofstream("huge").close();
-    fs::resize_file("huge", (std::uint64_t{1} << 31) - 72);  // one byte too many, and far more than that
+    fs::resize_file("huge", (std::uint64_t{1} << 31) - 73);  // one byte too many, and far more than that
     std::ofstream("vast").close();
     fs::resize_file("vast", (std::uint64_t{1} << 32) + 5);
     const struct {
@@ -189,7 +189,12 @@ TEST(Bind, FindsAndReadsByName) {
     // Of a directory that is read in several pieces.
     std::vector<Entry> many;
     for (std::uint32_t i = 0; i < 3000; ++i) many.push_back({"n" + std::to_string(i), i, i % 7});
+    many.push_back({"[@", 0, 0});
     test::write_text("many.bnd", archive(many, ""));
+    for (std::string wanted : {"{@", "[`"}) {  // neighbours of the letters have no case
+        EXPECT_EQ(BIND_open("many.bnd", wanted.data(), &offset, &size), -2);
+        EXPECT_EQ(test::take_log(), "File " + wanted + " not in BIND file many.bnd \n");
+    }
     for (const std::uint32_t i : {0u, 127u, 128u, 1023u, 1024u, 2999u}) {
         std::string wanted = "N" + std::to_string(i);
         EXPECT_EQ(BIND_open("many.bnd", wanted.data(), &offset, &size), 0) << i;

@@ -1,4 +1,4 @@
-# Compares the symbols that LIBRARY exports (as NM lists them) with the functions that the headers in HEADERS mark as
+# Compares the symbols that LIBRARY exports (as NM or, of a DLL, OBJDUMP lists them) with the functions that the headers in HEADERS mark as
 # exported; any that stands on one side only is an error.
 file(GLOB headers ${HEADERS}/*.h)
 set(declared "")
@@ -13,14 +13,24 @@ foreach(header IN LISTS headers)
   endforeach()
 endforeach()
 
-execute_process(COMMAND ${NM} -D --defined-only --format=posix ${LIBRARY} OUTPUT_VARIABLE listing
-  COMMAND_ERROR_IS_FATAL ANY)
-string(REGEX MATCHALL "[^\n]+" lines "${listing}")
+# A library of Windows has a table of numbered names. Brackets would hold the elements of a list together.
 set(exported "")
-foreach(line IN LISTS lines)
-  string(REGEX REPLACE " .*" "" name "${line}")
-  list(APPEND exported ${name})
-endforeach()
+if(LIBRARY MATCHES "dll$")
+  execute_process(COMMAND ${OBJDUMP} -p ${LIBRARY} OUTPUT_VARIABLE listing COMMAND_ERROR_IS_FATAL ANY)
+  string(REGEX REPLACE "^.*Ordinal/Name Pointer. Table" "" listing "${listing}")
+  string(REGEX REPLACE "\n\n.*$" "\n" listing "${listing}")
+  string(REGEX REPLACE "[][]" "" listing "${listing}")
+  string(REGEX MATCHALL "[A-Za-z0-9_]+\n" lines "${listing}")
+  string(REPLACE "\n" "" exported "${lines}")
+else()
+  execute_process(COMMAND ${NM} -D --defined-only --format=posix ${LIBRARY} OUTPUT_VARIABLE listing
+    COMMAND_ERROR_IS_FATAL ANY)
+  string(REGEX MATCHALL "[^\n]+" lines "${listing}")
+  foreach(line IN LISTS lines)
+    string(REGEX REPLACE " .*" "" name "${line}")
+    list(APPEND exported ${name})
+  endforeach()
+endif()
 
 list(SORT declared)
 list(SORT exported)

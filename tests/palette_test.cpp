@@ -9,6 +9,7 @@
 #include <random>
 #include <vector>
 
+#include "inkstone/draw.h"
 #include "inkstone/effect.h"
 #include "inkstone/host.h"
 #include "inkstone/timer.h"
@@ -77,6 +78,8 @@ TEST(Palette, SearchTakesTheFirstCloseColourElseTheNearest) {
     set(palette, 20, 30, 0, 0);  // at distance 20 of (10, 0, 0), as is the next
     set(palette, 21, 10, 20, 0);
     set(palette, 22, 10, 15, 0);
+    set(palette, 30, 16, 0, 0);  // just not near enough to end the search, as the next is
+    set(palette, 31, 0, 15, 0);
     const Palette ramp = grey_ramp();
     const struct {
         const Palette &palette;
@@ -84,6 +87,7 @@ TEST(Palette, SearchTakesTheFirstCloseColourElseTheNearest) {
     } cases[] = {
         {palette, 0, 256, 10, 10, 10, 7},   {palette, 8, 256, 10, 10, 10, 9},
         {palette, 20, 22, 10, 0, 0, 20},    {palette, 20, 23, 10, 0, 0, 22},
+        {palette, 30, 32, 0, 0, 0, 31},     {palette, 30, 31, 0, 0, 0, 30},
         {palette, 5, 5, 10, 10, 10, 0},     {palette, 9, 5, 10, 10, 10, 0},
         {palette, 5, 6, 0, 0, 0, 5},        {palette, 5, 6, INT32_MIN, INT32_MAX, INT32_MIN, 5},
         {ramp, 0, 256, 20, 20, 20, 60},     {palette, INT32_MIN, INT32_MAX, 10, 10, 10, 7},
@@ -107,6 +111,13 @@ TEST(Palette, GlassTurnsColoursIntoGreysOfTheirRed) {
         std::fill_n(screen.data(), 100, std::uint8_t{200});
         BUF_glass_bar(0, 0, 9, 0, n, screen);
         EXPECT_EQ(screen.data()[3], PAL_find_color(0, 200, grey, grey, grey, palette.data())) << level;
+        for (int colour = 0; level == 64 && colour < 256; ++colour) {
+            BUF_put_pixel(colour, 1, colour, screen);
+            BUF_glass_bar(colour, 1, colour, 1, n, screen);
+            const int red = palette[static_cast<std::size_t>(3 * colour)];
+            EXPECT_EQ(BUF_get_pixel(colour, 1, screen),
+                      PAL_find_color(0, 200, red, red, red, palette.data()));
+        }
     }
     PAL_make_glass_table(0, 256, 8, 64, palette.data());  // there is no such table
     PAL_make_glass_table(0, 256, -1, 64, palette.data());
@@ -166,6 +177,9 @@ TEST(Palette, FilesKeepTheirEntriesAndNeverWriteOutside) {
     EXPECT_EQ(test::take_log(), "");
     PAL_read_palette("missing.pal", read);
     EXPECT_EQ(test::take_log(), "FILE missing.pal open error\n");
+    PAL_read_palette(nullptr, read);
+    PAL_save_palette(0, 256, nullptr, palette.data());
+    EXPECT_EQ(test::take_log(), "FILE  open error\n");
     EXPECT_TRUE(read.intact() && read.contents() == test::Bytes(768, 3));
 }
 
@@ -212,15 +226,27 @@ TEST_F(PaletteFade, LastsAsLongAsItsCounterAsksAndFollowsItsTarget) {
     EXPECT_LE(took, 64U * 166'000);
 }
 
+TEST_F(PaletteFade, InStepsThatWasNeverStartedIsFromBlack) {
+    const Palette bright = filled(63);
+    display(filled(40));
+    PAL_fade_init(bright.data(), nullptr);
+    PAL_step_fade_effect(1), PAL_step_fade_effect(1);
+    EXPECT_EQ(hardware(), filled(1));
+}
+
 TEST_F(PaletteFade, InStepsIsThePaceOfTheCaller) {
     const Palette target = filled(63);
     display(filled(40));
-    PAL_step_fade_effect(1);  // no target yet
+    PAL_fade_init(nullptr, nullptr);
+    PAL_step_fade_effect(0);
+    for (int i = 0; i < 70; ++i) PAL_step_fade_effect(1);  // no target: not even counted
     PAL_fade_effect(0);
     EXPECT_EQ(hardware(), filled(40));
     PAL_fade_init(target.data(), [] { ++pumped; });
-    PAL_step_fade_effect(1);  // never started: from black
-    EXPECT_EQ(hardware(), filled(1));
+    PAL_step_fade_effect(1), PAL_step_fade_effect(1);
+    EXPECT_EQ(hardware(), filled(40));
+    PAL_step_fade_effect(1), PAL_step_fade_effect(1), PAL_step_fade_effect(1);
+    EXPECT_EQ(hardware(), filled(41));
     for (const int from : {10, 30}) {
         display(filled(static_cast<std::uint8_t>(from)));
         PAL_step_fade_effect(0);

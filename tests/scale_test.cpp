@@ -3,12 +3,11 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <limits>
-#include <random>
 #include <vector>
 
 #include "support/guarded.h"
+#include "support/random_pictures.h"
 
 namespace {
 
@@ -16,14 +15,7 @@ using Pixels = std::vector<std::uint8_t>;
 constexpr int kMin = std::numeric_limits<int>::min(), kMax = std::numeric_limits<int>::max();
 constexpr long kWidth = 640, kHeight = 480;
 
-class Random {
-  public:
-    explicit Random(unsigned seed) : engine_(seed) {}
-    int operator()(int low, int high) { return std::uniform_int_distribution(low, high)(engine_); }
-
-  private:
-    std::mt19937 engine_;
-};
+using test::Random;
 
 // A picture on the heap of exactly its size, so that the address sanitizer sees any read past its end.
 Pixels random_pixels(Random &random, std::size_t size) {
@@ -80,6 +72,10 @@ TEST(Scale, EveryPixelIsTheOneTheDivisionGives) {
                         random(0, 1) == 0};
         check(call, random_pixels(random, static_cast<std::size_t>(sw * sh)));
     }
+    // Places hundreds of bytes apart.
+    for (const int sw : {500, 3000, 9000})
+        check({3, 3, random(16, 40), 2, sw, 3, sw == 500, true},
+              random_pixels(random, 3u * static_cast<unsigned>(sw)));
     // The last row and column of the largest picture there is, and products beyond 32 bits.
     const Pixels wide = random_pixels(random, 70'000);
     for (const bool pest : {false, true}) {
@@ -95,7 +91,6 @@ TEST(Scale, AnyArgumentsEndSoonAndStayInside) {
     Random random(31);
     const auto any = [&] { return values[random(0, 7)]; };
     const Pixels source(4096, 9), image{3, 0, 2, 0, 1, 2, 3, 4, 5, 6};
-    const auto before = std::chrono::steady_clock::now();
     for (int i = 0; i < 1000; ++i) {
         BUF_scale_put_bitmap(any(), any(), any(), any(), any() % 64, any() % 64, source.data(), screen);
         BUF_scale_pest_bitmap(any(), any(), any(), any(), kMax, std::min(any(), -1), source.data(), screen);
@@ -103,7 +98,6 @@ TEST(Scale, AnyArgumentsEndSoonAndStayInside) {
         MEM_zoom_control(any(), any(), any(), any());
         if (i % 16 == 0) MEM_scale_bitmap(screen, Pixels(kWidth * kHeight).data());
     }
-    EXPECT_LT(std::chrono::duration<double>(std::chrono::steady_clock::now() - before).count(), 20.0);
     EXPECT_TRUE(screen.intact());
 }
 
@@ -139,7 +133,10 @@ TEST(Scale, ZoomShowsItsWindow) {
             for (long x = 0; x < kWidth; ++x)
                 expected.push_back(source[static_cast<std::size_t>(
                     (window.top + y * step_y / 65536) * kWidth + window.left + x * step_x / 65536)]);
-        ASSERT_TRUE(actual.contents() == expected && actual.intact())
+        // A screen may be magnified in place.
+        Pixels same = source;
+        MEM_scale_bitmap(same.data(), same.data());
+        ASSERT_TRUE(actual.contents() == expected && same == expected && actual.intact())
             << window.hw << " " << window.hh << " " << window.cx << " " << window.cy;
     }
 }

@@ -4,11 +4,13 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <fstream>
 #include <numeric>
 #include <vector>
 
 #include "inkstone/host.h"
 #include "inkstone/runtime.h"
+#include "support/allocation.h"
 #include "support/calls.h"
 #include "support/guarded.h"
 
@@ -42,8 +44,8 @@ TEST(View, MakesItsPlatformCallsInOrder) {
     test::record_calls();
     WViewBuffer2Screen();
     WViewRedrawScreen();
-    const test::Calls whole{"get_context 0", "select_palette 1", "realize_palette", "copy_bitmap 0 3 4 64 48",
-                            "release_context 0"};
+    const test::Calls whole{"get_context 0", "select_palette 1", "realize_palette",
+                            "copy_bitmap 0 3 4 64 48 64", "release_context 0"};
     test::Calls twice = whole;
     twice.insert(twice.end(), whole.begin(), whole.end());
     EXPECT_EQ(test::take_calls(), twice);
@@ -52,7 +54,7 @@ TEST(View, MakesItsPlatformCallsInOrder) {
     WViewMoveBuffer2Screen(5, 6, 0, 8);
     WViewMoveBuffer2Screen(5, 6, 7, -1);
     EXPECT_EQ(test::take_calls(), (test::Calls{"get_context 0", "select_palette 1", "realize_palette",
-                                               "copy_bitmap 0 8 10 7 8", "release_context 0"}));
+                                               "copy_bitmap 0 8 10 7 8 8", "release_context 0"}));
     test::record_calls();
     Palette palette{};
     WViewSetPalette(palette.data());
@@ -115,20 +117,12 @@ TEST(View, KeepsThePaletteInBothForms) {
     WViewInit(nullptr, 0, 0, 64, 48, nullptr);
     WViewEnable();
     const Palette standard = view_palette();
-    const auto entry = [](const Palette &palette, std::size_t i) {
-        return palette[3 * i] << 16 | palette[3 * i + 1] << 8 | palette[3 * i + 2];
-    };
-    // Some of each kind: text colours, greys, hues, the hole of black, the ring.
-    for (const auto &[i, rgb] : std::vector<std::pair<std::size_t, int>>{{1, 0x0000ab},
-                                                                         {6, 0xab5700},
-                                                                         {31, 0x232323},
-                                                                         {100, 0x07cb00},
-                                                                         {143, 0x0007ff},
-                                                                         {224, 0},
-                                                                         {232, 0xc72b2b},
-                                                                         {247, 0x2f2bc7},
-                                                                         {255, 0xffffff}})
-        EXPECT_EQ(entry(standard, i), rgb) << i;
+    std::ifstream colours(TEST_DATA "/default_palette.txt");
+    for (std::size_t i = 0; i < 256; ++i) {
+        int rgb = -1;
+        colours >> std::hex >> rgb;
+        EXPECT_EQ(standard[3 * i] << 16 | standard[3 * i + 1] << 8 | standard[3 * i + 2], rgb) << i;
+    }
 
     Palette six_bit, read;
     for (std::size_t i = 0; i < six_bit.size(); ++i) six_bit[i] = static_cast<std::uint8_t>(i % 64);
@@ -159,10 +153,59 @@ TEST(View, KeepsThePaletteInBothForms) {
     EXPECT_EQ(hardware(), expected);
 }
 
-TEST(View, EndsTheProcessWhenTheQuitStackIsFull) {
-    for (int i = 0; i < 64; ++i) PushQuitProc([] {});
-    WViewInit(nullptr, 0, 0, 64, 48, nullptr);
-    EXPECT_EXIT(WViewEnable(), testing::ExitedWithCode(1), "PUSHQUIT ERROR !!!");
+TEST(View, TakesNewPlacesWhileEnabled) {
+    const HWND window = HOST_open_window("t", 8, 4, nullptr);
+    const Palette before = hardware();
+    // On the heap, where the sanitizer sees a read past its end.
+    std::vector<std::uint8_t> wide(8 * 4, 1), small(4 * 3);
+    std::iota(small.begin(), small.end(), std::uint8_t{10});
+    WViewInit(window, 0, 0, 8, 4, wide.data());
+    WViewEnable();
+    WViewBuffer2Screen();
+    // The new size, with rows as long as they were described: two of them lie in the buffer.
+    WViewInit(window, 1, 0, 4, 3, small.data());
+    WViewBuffer2Screen();
+    const std::vector<std::uint8_t> skewed{1, 10, 11, 12, 13, 1, 1, 1, 1, 18, 19, 20, 21, 1, 1, 1,
+                                           1, 1,  1,  1,  1,  1, 1, 1, 1, 1,  1,  1,  1,  1, 1, 1};
+    EXPECT_EQ(shown(window, 32), skewed);
+    // Enabled again it has rows of the new length, the default palette, and still the window's former one.
+    WViewSet1Palette(0, 9, 9, 9);
+    WViewEnable();
+    EXPECT_EQ(hardware()[0], 0);
+    WViewInit(window, 0, 0, 8, 4, wide.data());
+    WViewBuffer2Screen();
+    EXPECT_EQ(shown(window, 32)[1], 1);
+    std::vector<std::uint8_t> other(4 * 3, 5);
+    SCR_memory_to_screen(other.data());
+    EXPECT_EQ(shown(window, 32)[3], 5);
+    WViewSetNowBuffer(small.data());
+    EXPECT_EQ(shown(window, 32)[3], 5);
+    WViewRedrawScreen();
+    EXPECT_EQ(shown(window, 32)[3], 13);
+    WViewGetPalette(nullptr);
+    SCR_get_palette(nullptr);
+    WViewDisable();
+    EXPECT_EQ(hardware(), before);
+    HOST_close_window(window);
+}
+
+TEST(View, EndsTheProcessWithoutMemoryOrRoomForItsQuitProcedure) {
+    std::vector<std::uint8_t> buffer(64 * 48);
+    WViewInit(nullptr, 0, 0, 64, 48, buffer.data());
+    const auto full = [] {
+        for (int i = 0; i < 64; ++i) PushQuitProc([] {});
+        WViewEnable();
+    };
+    EXPECT_EXIT(full(), testing::ExitedWithCode(1), "PUSHQUIT ERROR !!!");
+    if (!test::kAllocationsCanFail) return;
+    const auto exhausted = [](auto call) {
+        const test::FailingAllocation failing(0);
+        call();
+    };
+    EXPECT_EXIT(exhausted(WViewEnable), testing::ExitedWithCode(1), "MEMORY ERROR !!!");
+    WViewEnable();
+    EXPECT_EXIT(exhausted([] { WViewMoveBuffer2Screen(0, 0, 9, 9); }), testing::ExitedWithCode(1),
+                "MEMORY ERROR !!!");
 }
 
 }  // namespace

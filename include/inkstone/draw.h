@@ -5,15 +5,19 @@
 
    - The screen buffer is 640 x 480 bytes, row after row without gaps. The game owns it and passes it as buf.
    - A memory buffer is the same of any size: bw x bh bytes, passed as mem with its size.
-   - An image block is a picture with a header: width and height as unsigned 16-bit little-endian numbers,
+   - An image block is a picture with a header, width and height as unsigned 16-bit little-endian numbers, and
    then width x height pixels row after row. It may stand at any address.
    - A bitmap is the pixels alone; its size w x h is passed with it.
 
    put copies every pixel, pest only the pixels that are not 0; get copies pixels out. Everything outside the
    target is clipped away without a word, whatever the coordinates. Of a colour the low byte is used.
-   Rectangles given by corners include both. A picture or memory buffer with a size below 1, or said to have
-   2^31 pixels or more, has no pixels: nothing is drawn from or into it. No pointer may be null but where it
-   is said. */
+   Rectangles given by corners include both. A size below 1 has no pixels, and so has a bitmap said to have
+   2^31 pixels or more; the size of a memory buffer may be any, and mem may be null: a buffer without pixels.
+   No other pointer may be null.
+
+   A picture may lie in the buffer that it is drawn on, whole or in part, so that put scrolls a buffer in any
+   direction: what is drawn is the picture as it was before. (Where both have rows of the same length nothing
+   is allocated for that by put; elsewhere a copy is made, and when memory is exhausted nothing is drawn.) */
 #ifndef INKSTONE_DRAW_H
 #define INKSTONE_DRAW_H
 
@@ -73,7 +77,7 @@ INK_API void BUF_change_color(int32_t x1, int32_t y1, int32_t x2, int32_t y2, in
 
 /* ---- On a memory buffer ---- */
 
-/* As BUF_put_pixel and BUF_get_pixel. mem may be null: nothing is set, the result is 0. */
+/* As BUF_put_pixel and BUF_get_pixel. */
 INK_API void MEM_put_pixel(int32_t x, int32_t y, int32_t colour, int32_t bw, int32_t bh, uint8_t *mem);
 INK_API int32_t MEM_get_pixel(int32_t x, int32_t y, int32_t bw, int32_t bh, const uint8_t *mem);
 
@@ -95,7 +99,7 @@ INK_API void MEM_pest_bitmap(int32_t x, int32_t y, int32_t w, int32_t h, const u
 INK_API void MEM_get_image(int32_t x, int32_t y, int32_t w, int32_t h, uint8_t *image, const uint8_t *mem,
                            int32_t bw, int32_t bh);
 
-/* Draws a plus sign of nine pixels, five across and five down, centred on (x, y). mem may be null. */
+/* Draws a plus sign of nine pixels, five across and five down, centred on (x, y). */
 INK_API void MEM_draw_point_cross(int32_t x, int32_t y, int32_t colour, int32_t bw, int32_t bh, uint8_t *mem);
 
 /* Finds the pixels that are not 0 in the columns *x1 to *x2 - 1 and rows *y1 to *y2 - 1 and writes the

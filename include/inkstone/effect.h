@@ -1,6 +1,6 @@
 /* Copies with an effect: in one colour, outlined, on a checkerboard, as coloured glass, with a key, mirrored,
    as a shadow. Buffers, pictures, colours and clipping are those of draw.h; a source pixel of 0 draws nothing
-   but in BUF_key_put_image. */
+   but in BUF_key_put_image. The places of the arguments differ from function to function. */
 #ifndef INKSTONE_EFFECT_H
 #define INKSTONE_EFFECT_H
 
@@ -16,9 +16,10 @@ INK_API void BUF_mask_pest_image(int32_t x, int32_t y, const uint8_t *image, uin
 /* ---- Outlined ---- */
 
 /* Draws the picture at (x, y) with an outline: copies of its silhouette in colour, distance pixels to the
-   left, to the right, above and below, lie under it. work receives the picture so enlarged, W = w + 2 *
-   distance by H = h + 2 * distance: as an image block of W x H + 4 bytes, or as a bitmap of W x H bytes. A
-   distance or size below 0, or a W or H above 65,535, draws nothing and leaves work alone. */
+   left, to the right, above and below, lie under it. work, the last argument after buf, receives the picture
+   so enlarged, W = w + 2 * distance by H = h + 2 * distance: as an image block of W x H + 4 bytes, or as a
+   bitmap of W x H bytes. A distance or size below 0, a W x H of 2^31 pixels or more, or for an image block a W
+   or H above 65,535, draws nothing and leaves work alone. */
 INK_API void BUF_outline_pest_image(int32_t x, int32_t y, const uint8_t *image, int32_t colour,
                                     int32_t distance, uint8_t *buf, uint8_t *work);
 INK_API void BUF_outline_pest_bitmap(int32_t x, int32_t y, int32_t w, int32_t h, const uint8_t *bitmap,

@@ -108,7 +108,7 @@ INK_API HICON HOST_load_cursor(int32_t shape);
 
 /* ---- Choosing and observing the machine: for tools and tests ---- */
 
-/* Chooses the machine by name before anything else uses it: "headless" or "sdl". Returns 0, or -2 when the
+/* Chooses the machine by name before anything else uses it: "win32" (Windows itself), "sdl" or "headless". Returns 0, or -2 when the
    name is unknown, that machine cannot be had here, or another one is already running. Without a choice the
    environment variable INKSTONE_HOST decides, else the desktop where there is a display, else headless. */
 INK_API int32_t HOST_choose(const char *name);

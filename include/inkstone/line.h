@@ -26,8 +26,20 @@ INK_API void MEM_dash_line(int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32
 
 /* Draws an arc of the ellipse with the centre (cx, cy), the vertical radius rv and the horizontal radius rh,
    from the angle start to the angle end in degrees: 0 lies straight below the centre, 90 to its left, and an
-   end beyond the start turns clockwise. Equal angles draw the whole ellipse. A negative radius draws nothing;
-   of a walk of more than 16,777,216 steps (a whole circle has 8 to a pixel of radius) nothing is drawn. */
+   end beyond the start turns clockwise. Equal angles draw the whole ellipse.
+
+   The figure is a walk of single steps that begins half a pixel off the centre lines and is not closed:
+
+   - A whole ellipse reaches one pixel further at the top and on the right than at the bottom and on the left,
+   and has a gap a few pixels wide where it ends, straight right of the bottom, through which a fill leaks.
+
+   - Arcs keep to the ellipse for certain that start at 0, 90, 180 or 270 degrees and turn clockwise, or start
+   at 90 or 180 and turn anticlockwise. Anticlockwise from 0 and 270 the walk sets out in the wrong direction;
+   from angles between the quarters it may pass a centre line without turning there. Both leave the ellipse.
+
+   - A radius below 1 makes no ellipse but a pixel or a stroke near the centre.
+
+   Of a walk of more than 16,777,216 steps (a whole circle has 8 to a pixel of radius) nothing is drawn. */
 INK_API void BUF_circle(int32_t cx, int32_t cy, int32_t rv, int32_t rh, int32_t start, int32_t end,
                         int32_t colour, uint8_t *buf);
 INK_API void MEM_circle(int32_t cx, int32_t cy, int32_t rv, int32_t rh, int32_t start, int32_t end,

@@ -38,7 +38,7 @@ INK_API void PAL_make_system_color(uint8_t *palette);
 
 /* Sets where the fades lead and what pumps messages during PAL_fade_effect; a null callback means
    fnCheckMessage. The target is not copied: it is kept alive, and unchanged while fading, by the caller.
-   Without a target the fades do nothing. */
+   Without a target the fades do nothing, and a step of one is not counted. */
 INK_API void PAL_fade_init(const uint8_t *target, INK_PROCEDURE callback);
 
 /* Fades the displayed palette to the target in 64 steps, each of which calls the callback at least once and

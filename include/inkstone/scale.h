@@ -3,7 +3,8 @@
    buf is the screen buffer: 640 x 480 palette indices, rows top to bottom. An image is an image block, a
    bitmap sw x sh bare pixels. Enlarging repeats source pixels, shrinking drops them: destination column i
    shows source column i x sw / dw rounded down, rows likewise. What falls outside the screen is not drawn and
-   costs nothing, whatever the destination size. */
+   costs nothing, whatever the destination size. A picture that lies in the buffer it is drawn on is drawn as it
+   was before, from a copy. */
 #ifndef INKSTONE_SCALE_H
 #define INKSTONE_SCALE_H
 
@@ -26,8 +27,8 @@ INK_API void BUF_scale_pest_bitmap(int32_t x, int32_t y, int32_t dw, int32_t dh,
    and bottom edges. Half sizes below 0 count as 0. Until the first call it is the whole screen. */
 INK_API void MEM_zoom_control(int32_t hw, int32_t hh, int32_t cx, int32_t cy);
 
-/* Fills the 640 x 480 buffer dst with the zoom window of the 640 x 480 buffer src, magnified. The buffers
-   must be different. */
+/* Fills the 640 x 480 buffer dst with the zoom window of the 640 x 480 buffer src, magnified. Different buffers
+   need no copy of the window. */
 INK_API void MEM_scale_bitmap(uint8_t *dst, const uint8_t *src);
 
 INK_END

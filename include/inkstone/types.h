@@ -17,6 +17,10 @@
 
 #if defined(_WIN32)
 
+/* The macros min and max would stand in the way of C++. */
+#if !defined(NOMINMAX)
+#define NOMINMAX
+#endif
 #include <windows.h>
 #if defined(INKSTONE_BUILDING)
 #define INK_API __declspec(dllexport)

@@ -14,11 +14,15 @@
 INK_BEGIN
 
 /* Stores where the view stands: the buffer of width x height pixels, row after row without gaps, is shown
-   with its first pixel at the client position (x, y) of window, which may be null (nothing is shown then). */
+   with its first pixel at the client position (x, y) of window, which may be null (nothing is shown then). The
+   width should be a multiple of 4, as some machines need. While the view is enabled the new values hold for
+   the following presents, but a buffer with rows of another length is described to the machine only by the
+   next WViewEnable: until then whole presents show it skewed, as far as it has bytes for. */
 INK_API void WViewInit(HWND window, int16_t x, int16_t y, int32_t width, int32_t height, uint8_t *buffer);
 
 /* Creates the platform objects, puts the default palette into the hardware and pushes a quit procedure that
-   does what WViewDisable does. Ends the process with "MEMORY ERROR !!!" when memory is exhausted and with
+   does what WViewDisable does. Enabled again it starts over with the default palette, and the palette to be
+   put back stays the one that the window had before the first time. Ends the process with "MEMORY ERROR !!!" when memory is exhausted and with
    "PUSHQUIT ERROR !!!" when the quit stack is full. */
 INK_API void WViewEnable(void);
 

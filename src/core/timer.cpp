@@ -18,7 +18,7 @@ std::uint32_t delay_start = 0, delay_mark = 0;
 INK_PROCEDURE idle_function = nullptr, tab_function = nullptr;
 
 template <std::size_t counter>
-void count(HWND, UINT, std::uintptr_t, std::uint32_t) {
+void INK_TIMER_CALL count(HWND, UINT, std::uintptr_t, std::uint32_t) {
     ++ticks_passed[counter];
 }
 

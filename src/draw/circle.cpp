@@ -71,28 +71,49 @@ struct WalkAxis {
     std::int64_t share = 0,
                  sum = 0;  // the offset moves each time that the sum of the shares reaches the radius
     int dx = 0, dy = 0;    // the move of the offset
-    bool mark = false;     // moved last, and not plotted there yet
+    // A move along the axis leaves the place before it out: it came there by a move along the other axis from a
+    // place that was plotted, and both moves make one diagonal.
+    bool leaves_out = false;
 
     void turn_back() { dx = -dx, dy = -dy; }
 };
 
+// Where the pixels of a walk lie: at coordinates that are looked at one by one, or wholly on the surface, where
+// a place is an address.
+struct Anywhere {
+    Surface surface;
+    std::int64_t x, y;
+
+    bool visible() const { return surface.contains(x, y); }
+    std::uint8_t *address() const { return surface.at(x, y); }
+    // A move of the offset, under a mask of all ones or none.
+    struct Move {
+        std::int64_t dx, dy;
+    };
+    Move move(int dx, int dy) const { return {dx, dy}; }
+    void go(const Move &by, std::int64_t mask = -1) { x += mask & by.dx, y += mask & by.dy; }
+};
+struct Inside {
+    std::uint8_t *place;
+    std::ptrdiff_t width;
+
+    static constexpr bool visible() { return true; }
+    std::uint8_t *address() const { return place; }
+    using Move = std::ptrdiff_t;
+    Move move(int dx, int dy) const { return dy * width + dx; }
+    void go(Move by, std::int64_t mask = -1) { place += static_cast<std::ptrdiff_t>(mask) & by; }
+};
+
 // The walk round the circle, in unit steps along one axis at a time; the offsets of the ellipse follow, each
-// at the share of its radius. A move along one axis followed by a move along the other is plotted once, as
-// one diagonal move.
-template <typename Number>
+// at the share of its radius. Each place is plotted when the walk moves on from it.
+template <typename Number, class Place>
 class Walk {
   public:
-    Walk(const Surface &surface, std::int32_t colour, std::int64_t x, std::int64_t y, std::int64_t radius,
-         const WalkAxis<Number> &first, const WalkAxis<Number> &second)
-        : surface_(surface),
-          colour_(low_byte(colour)),
-          x_(x),
-          y_(y),
-          radius_(radius),
-          first_(first),
-          second_(second) {}
+    Walk(const Place &place, std::uint8_t colour, std::int64_t radius, const WalkAxis<Number> &first,
+         const WalkAxis<Number> &second)
+        : place_(place), colour_(colour), radius_(radius), first_(first), second_(second) {}
 
-    void plot() const { plot(x_, y_); }
+    void plot() const { plot(place_); }
 
     void step() {
         if (error_ >= 0) {
@@ -106,40 +127,36 @@ class Walk {
         }
     }
 
-    // Takes as many steps as are alike, for a circle: where one axis is the steeper, each of its steps is
-    // followed by one along the other. Returns how many were taken, no more than there are left.
+    // Takes as many steps as are alike: where one axis is the steeper, each of its steps is followed by one
+    // along the other. Returns how many were taken, no more than there are left.
     std::int64_t stretch(std::int64_t left) requires std::is_integral_v<Number> {
-        // With the error turned round the second axis has the part of the first.
-        if (std::abs(first_.slope) >= std::abs(second_.slope)) return stretch(second_, first_, error_, left);
+        // With the error turned round the first axis has the part of the second.
+        if (std::abs(first_.slope) < std::abs(second_.slope)) return stretch(first_, second_, error_, left);
         Number turned = -error_ - 1;
-        const std::int64_t taken = stretch(first_, second_, turned, left);
+        const std::int64_t taken = stretch(second_, first_, turned, left);
         error_ = -turned - 1;
         return taken;
     }
 
-    void finish() const {
-        if (first_.mark || second_.mark) plot();
-    }
-
   private:
-    void plot(std::int64_t x, std::int64_t y) const {
-        if (surface_.contains(x, y)) *surface_.at(x, y) = colour_;
+    using Axis = WalkAxis<Number>;
+
+    void plot(const Place &place) const {
+        if (place.visible()) *place.address() = colour_;
     }
 
-    void move(WalkAxis<Number> &along, WalkAxis<Number> &across) {
+    void move(Axis &along, Axis &across) {
         along.sum += along.share;
         if (along.sum < radius_) return;
         along.sum -= radius_;
-        if (along.mark) plot();
-        x_ += along.dx;
-        y_ += along.dy;
-        if (across.mark) plot();
-        along.mark = !across.mark;
-        across.mark = false;
+        if (!along.leaves_out) plot();
+        across.leaves_out = !along.leaves_out;
+        along.leaves_out = false;
+        place_.go(place_.move(along.dx, along.dy));
     }
 
     // Where the walk crosses the centre line of the axis, the other one turns back.
-    void advance(WalkAxis<Number> &along, WalkAxis<Number> &across) {
+    void advance(Axis &along, Axis &across) {
         along.slope += 2;
         if (along.slope >= 0 && along.slope < 2) {
             across.turn_back();
@@ -148,52 +165,101 @@ class Walk {
         }
     }
 
-    // Pairs of a step along the minor axis, where the error is not negative, and one along the major axis. As
-    // the minor slope is the steeper, the error is negative after a minor step. The steps stop short of the
-    // end of the octant, where the slopes become equal or the major axis is crossed.
-    std::int64_t stretch(WalkAxis<Number> &major, WalkAxis<Number> &minor, Number &error, std::int64_t left) {
-        Number major_slope = std::abs(major.slope), minor_slope = std::abs(minor.slope);
-        const Number major_change = major.slope < 0 ? -2 : 2, minor_change = minor.slope < 0 ? -2 : 2;
-        std::int64_t pairs = left / 2;
-        if (major_change < 0) pairs = std::min(pairs, major_slope / 2 - 1);
-        if (minor.mark || error >= minor_slope) return 0;
-
-        std::int64_t x = x_, y = y_, taken = 0;
-        std::int64_t marked = major.mark ? -1 : 0;  // masks: all ones for yes
-        for (; pairs > 0 && minor_slope >= major_slope && minor_slope > 2; --pairs) {
-            const std::int64_t turn = ~(error >> 63);
-            taken += 1 - turn;
-            error += major_slope - (turn & minor_slope);
-            major_slope += major_change;
-            minor_slope += turn & minor_change;
-            x += turn & minor.dx;
-            y += turn & minor.dy;
-            // The place before the major step is plotted, or the one after it where both moves make a
-            // diagonal.
-            const std::int64_t diagonal = turn & ~marked;
-            plot(x + (diagonal & major.dx), y + (diagonal & major.dy));
-            x += major.dx;
-            y += major.dy;
-            marked |= ~turn;
-        }
-        x_ = x;
-        y_ = y;
-        major.mark = marked != 0;
-        major.slope = major_change < 0 ? -major_slope : major_slope;
-        minor.slope = minor_change < 0 ? -minor_slope : minor_slope;
-        return taken;
+    // Pairs of a step along the minor axis, where the error is negative, and one along the major axis. As the
+    // minor slope is the steeper, the error is not negative after a minor step. The steps stop short of the end
+    // of the octant, where the slopes become equal or the major axis is crossed. One of the radii is the
+    // circle's, so the offset moves with every step along its axis.
+    std::int64_t stretch(Axis &major, Axis &minor, Number &error, std::int64_t left) {
+        if (error < -std::abs(minor.slope)) return 0;
+        if (major.share != radius_) return pairs<false, true>(major, minor, error, left);
+        if (major.leaves_out) return 0;
+        return minor.share != radius_ ? pairs<true, false>(major, minor, error, left)
+                                      : pairs<true, true>(major, minor, error, left);
     }
 
-    Surface surface_;
+    // The masks are all ones for yes: the loop has no branch but its end.
+    template <bool major_whole, bool minor_whole>
+    std::int64_t pairs(Axis &major, Axis &minor, Number &error, std::int64_t left) {
+        Number major_slope = std::abs(major.slope), minor_slope = std::abs(minor.slope);
+        const Number major_change = major.slope < 0 ? -2 : 2, minor_change = minor.slope < 0 ? -2 : 2;
+        std::int64_t most = left / 2;
+        if (major_change < 0) most = std::min(most, major_slope / 2 - 1);
+        if (most <= 0) return 0;
+        const Number start = major_slope, end = start + most * major_change, minor_start = minor_slope;
+
+        Place place = place_;
+        const auto major_move = place.move(major.dx, major.dy), minor_move = place.move(minor.dx, minor.dy);
+        // What is missing for the next move.
+        std::int64_t major_lack = radius_ - 1 - major.sum, minor_lack = radius_ - 1 - minor.sum;
+        std::int64_t major_left_out = major.leaves_out ? -1 : 0, minor_left_out = minor.leaves_out ? -1 : 0;
+        std::uint8_t nowhere = 0, *spot = &nowhere;
+        while (major_slope != end && minor_slope >= major_slope && minor_slope > 2) {
+            const std::int64_t turn = error >> 63;
+            error += (turn & minor_slope) - major_slope;
+            major_slope += major_change;
+            minor_slope += turn & minor_change;
+            const std::int64_t across = minor_whole ? turn : moves(minor_lack, turn & minor.share);
+            if constexpr (major_whole) {
+                // One of two places is plotted: that before the minor move, or the one after it.
+                place.go(minor_move, across & minor_left_out);
+                plot(place);
+                place.go(minor_move, across & ~minor_left_out);
+                place.go(major_move);
+                minor_left_out |= ~across;
+            } else {
+                const std::int64_t before = across & ~minor_left_out;
+                spot = choose(before, place, spot);
+                *spot = colour_;
+                place.go(minor_move, across);
+                major_left_out = before | (~across & major_left_out);
+                minor_left_out &= ~across;
+                const std::int64_t along = moves(major_lack, major.share), between = along & ~major_left_out;
+                spot = choose(between, place, spot);
+                *spot = colour_;
+                place.go(major_move, along);
+                minor_left_out = between | (~along & minor_left_out);
+                major_left_out &= ~along;
+            }
+        }
+        place_ = place;
+        major.sum = radius_ - 1 - major_lack, minor.sum = radius_ - 1 - minor_lack;
+        major.leaves_out = major_left_out != 0, minor.leaves_out = minor_left_out != 0;
+        major.slope = major_change < 0 ? -major_slope : major_slope;
+        minor.slope = minor_change < 0 ? -minor_slope : minor_slope;
+        return (major_slope - start) / major_change + (minor_slope - minor_start) / minor_change;
+    }
+
+    // Whether a step along an axis, which takes its share of what is missing, moves the offset.
+    std::int64_t moves(std::int64_t &lack, std::int64_t share) const {
+        lack -= share;
+        const std::int64_t moved = lack >> 63;
+        lack += moved & radius_;
+        return moved;
+    }
+
+    // The place's address, or the spot that was plotted last where this one is not to be.
+    static std::uint8_t *choose(std::int64_t mask, const Place &place, std::uint8_t *spot) {
+        return mask != 0 && place.visible() ? place.address() : spot;
+    }
+
+    Place place_;
     std::uint8_t colour_;
-    std::int64_t x_, y_;
     std::int64_t radius_;
     Number error_ = 0;
-    WalkAxis<Number> first_, second_;
+    Axis first_, second_;
 };
 
 bool whole(double number) {
     return number == std::floor(number);
+}
+
+// Whether an arc that turns clockwise from straight below lies on the surface, with room for the pixels by
+// which its offsets pass the radii.
+bool lies_inside(const Arc &arc, const Surface &surface) {
+    constexpr std::int64_t kRoom = 4, kLargest = 4096;
+    const std::int64_t down = arc.vertical + kRoom, across = arc.horizontal + kRoom;
+    return arc.vertical > 0 && arc.horizontal > 0 && arc.radius() <= kLargest &&
+           surface.contains(arc.x - across, arc.y - down) && surface.contains(arc.x + across, arc.y + down);
 }
 
 void draw_arc(const Arc &arc, std::int32_t colour, const Surface &surface) {
@@ -209,23 +275,25 @@ void draw_arc(const Arc &arc, std::int32_t colour, const Surface &surface) {
     const auto x = arc.x - static_cast<std::int64_t>(sine * static_cast<double>(arc.horizontal) + 0.5);
     const auto y = arc.y + static_cast<std::int64_t>(cosine * static_cast<double>(arc.vertical) + 0.5);
 
-    const auto draw = [&]<typename Number>(Number) {
-        Walk<Number> walk(surface, colour, x, y, arc.radius(),
-                          {static_cast<Number>(first), arc.vertical, 0, 0, turn.vertical, false},
-                          {static_cast<Number>(second), arc.horizontal, 0, -turn.horizontal, 0, false});
-        walk.plot();
+    const auto draw = [&]<typename Number, class Place>(Number, const Place &place) {
+        Walk<Number, Place> walk(
+            place, low_byte(colour), arc.radius(),
+            {static_cast<Number>(first), arc.vertical, 0, 0, turn.vertical, false},
+            {static_cast<Number>(second), arc.horizontal, 0, -turn.horizontal, 0, false});
         for (auto to_go = static_cast<std::int64_t>(steps); to_go > 0; --to_go) {
             if constexpr (std::is_integral_v<Number>) to_go -= walk.stretch(to_go - 1);
             walk.step();
         }
-        walk.finish();
+        walk.plot();
     };
     // From straight below every quantity of the walk is a whole number, and so of the same value in both
     // types.
-    if (arc.vertical == arc.horizontal && whole(first) && whole(second)) {
-        draw(std::int64_t{});
+    if (!whole(first) || !whole(second)) {
+        draw(double{}, Anywhere{surface, x, y});
+    } else if (arc.span > 0 && lies_inside(arc, surface)) {
+        draw(std::int64_t{}, Inside{surface.at(x, y), static_cast<std::ptrdiff_t>(surface.width)});
     } else {
-        draw(double{});
+        draw(std::int64_t{}, Anywhere{surface, x, y});
     }
 }
 

@@ -163,6 +163,7 @@ void MEM_draw_point_cross(int32_t x, int32_t y, int32_t colour, int32_t bw, int3
 
 void MEM_operate_image_size(int32_t *x1, int32_t *y1, int32_t *x2, int32_t *y2, int32_t bw, int32_t bh,
                             const uint8_t *mem) {
+    if (x1 == nullptr || y1 == nullptr || x2 == nullptr || y2 == nullptr) return;
     const Sprite source = whole_memory(mem, bw, bh);
     const std::int32_t right = std::min(*x2, bw), bottom = std::min(*y2, bh);
     std::int32_t min_x = right, min_y = bottom, max_x = *x1, max_y = *y1;
@@ -197,7 +198,7 @@ void IMG_pest_image(int32_t x, int32_t y, const uint8_t *src, uint8_t *dst) {
 
 int32_t IMG_get_image_size(const uint8_t *picture, int32_t *w, int32_t *h) {
     const Sprite sprite = image(picture);
-    *w = static_cast<std::int32_t>(sprite.width);
-    *h = static_cast<std::int32_t>(sprite.height);
+    if (w != nullptr) *w = static_cast<std::int32_t>(sprite.width);
+    if (h != nullptr) *h = static_cast<std::int32_t>(sprite.height);
     return static_cast<std::int32_t>(static_cast<std::uint32_t>(sprite.width * sprite.height) + kImageHeader);
 }

@@ -81,7 +81,7 @@ void PAL_step_fade_effect(int32_t mode) {
         stepped_count = 0;
         return;
     }
-    if (stepped_count >= kLastStep) return;
+    if (target == nullptr || stepped_count >= kLastStep) return;
     show_blend(stepped_start, stepped_count++);
     // The blend of the last step made is not yet the target.
     if (stepped_count == kLastStep) show_target();

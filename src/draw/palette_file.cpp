@@ -22,7 +22,7 @@ using namespace ink::draw;
 void PAL_read_palette(const char *file_name, uint8_t *palette) {
     host::InputFile file(file_name);
     if (!file.is_open()) {
-        log_error_format("FILE %s open error", file_name);
+        log_error_format("FILE %s open error", text_of(file_name));
         return;
     }
     std::array<std::uint8_t, kHeaderSize> header;

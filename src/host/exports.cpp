@@ -30,10 +30,12 @@ void HOST_close_window(HWND window) {
     host::machine().windows.close_window(window);
 }
 
-LRESULT HOST_default_procedure(HWND window, UINT message, WPARAM, LPARAM) {
-    if (message == WM_CLOSE) HOST_close_window(window);
-    if (message == WM_DESTROY) HOST_post_quit(0);
-    return 0;
+LRESULT HOST_default_procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+    switch (message) {
+        case WM_CLOSE: HOST_close_window(window); return 0;
+        case WM_DESTROY: HOST_post_quit(0); return 0;
+        default: return host::machine().windows.default_procedure(window, message, wparam, lparam);
+    }
 }
 
 void HOST_post_message(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {

@@ -1,26 +1,27 @@
 #include "host/file_name.h"
 
-#include <sys/stat.h>
-#if !defined(_WIN32)
+#if defined(_WIN32)
+#include <windows.h>
+#else
 #include <dirent.h>
+#include <sys/stat.h>
+#include <unistd.h>
 #endif
 
 #include <algorithm>
 #include <exception>
-#include <filesystem>
 #include <new>
 #include <string_view>
-#include <system_error>
 
 #include "host/letter_case.h"
 
 namespace ink::host {
-namespace fs = std::filesystem;
 namespace {
 
 #if defined(_WIN32)
 
-// The system itself takes both separators and any letter case.
+// Names are bytes in the system's own code page, as a game wrote them, so they never go through the standard library's
+// paths, which take them for something else. The system itself takes both separators and any letter case.
 std::string system_name(const char *name) {
     return name;
 }
@@ -34,6 +35,42 @@ bool is_device(std::string_view name) {
         if (equal_ignoring_case(name, device)) return true;
     return name.size() == 4 && name[3] >= '1' && name[3] <= '9' &&
            (equal_ignoring_case(name.substr(0, 3), "COM") || equal_ignoring_case(name.substr(0, 3), "LPT"));
+}
+
+bool is_directory(const std::string &path) {
+    const DWORD attributes = GetFileAttributesA(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+// What tells one file from all others.
+bool identify(const std::string &path, BY_HANDLE_FILE_INFORMATION &identity) {
+    const HANDLE file = CreateFileA(path.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                    nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    if (file == INVALID_HANDLE_VALUE) return false;
+    const bool identified = GetFileInformationByHandle(file, &identity) != FALSE;
+    CloseHandle(file);
+    return identified;
+}
+
+bool is_same(const std::string &one, const std::string &other) {
+    BY_HANDLE_FILE_INFORMATION first, second;
+    return identify(one, first) && identify(other, second) &&
+           first.dwVolumeSerialNumber == second.dwVolumeSerialNumber &&
+           first.nFileIndexHigh == second.nFileIndexHigh && first.nFileIndexLow == second.nFileIndexLow;
+}
+
+bool create_directory(const std::string &path) {
+    return CreateDirectoryA(path.c_str(), nullptr) != FALSE;
+}
+bool delete_directory(const std::string &path) {
+    return RemoveDirectoryA(path.c_str()) != FALSE;
+}
+bool read_current_directory(char drive, char *path, std::size_t size) {
+    const auto room = static_cast<DWORD>(size);
+    const char of_drive[] = {drive, ':', '\0'};
+    const DWORD length =
+        drive != '\0' ? GetFullPathNameA(of_drive, room, path, nullptr) : GetCurrentDirectoryA(room, path);
+    return length > 0 && length < room;
 }
 
 #else
@@ -95,12 +132,28 @@ bool is_device(const char *) {
     return false;
 }
 
-#endif
-
 bool is_directory(const std::string &path) {
     struct stat status;
-    return stat(path.c_str(), &status) == 0 && (status.st_mode & S_IFMT) == S_IFDIR;
+    return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
+
+bool is_same(const std::string &one, const std::string &other) {
+    struct stat first, second;
+    return stat(one.c_str(), &first) == 0 && stat(other.c_str(), &second) == 0 &&
+           first.st_dev == second.st_dev && first.st_ino == second.st_ino;
+}
+
+bool create_directory(const std::string &path) {
+    return mkdir(path.c_str(), 0777) == 0;
+}
+bool delete_directory(const std::string &path) {
+    return rmdir(path.c_str()) == 0;
+}
+bool read_current_directory(char, char *path, std::size_t size) {
+    return getcwd(path, size) != nullptr;
+}
+
+#endif
 
 // What operation says of the system's name of the file, and false when there is no name or no memory for it.
 template <class Operation>
@@ -133,10 +186,7 @@ bool remove_file(const char *name) noexcept {
 
 bool same_file(const char *one, const char *other) noexcept {
     return ask(one, [other](const std::string &path) {
-        return ask(other, [&path](const std::string &other_path) {
-            std::error_code error;
-            return fs::equivalent(path, other_path, error);
-        });
+        return ask(other, [&path](const std::string &other_path) { return is_same(path, other_path); });
     });
 }
 
@@ -152,25 +202,16 @@ bool leads_outside(std::string_view name) {
 }
 
 bool make_directory(const char *name) noexcept {
-    return ask(name, [](const std::string &path) {
-        std::error_code error;
-        return fs::create_directory(path, error);
-    });
+    return ask(name, create_directory);
 }
 
 bool remove_directory(const char *name) noexcept {
-    return ask(name, [](const std::string &path) {
-        std::error_code error;
-        return fs::is_directory(fs::symlink_status(path, error)) && fs::remove(path, error);
-    });
+    return ask(name, delete_directory);
 }
 
-std::string current_directory([[maybe_unused]] char drive) {
-    std::error_code error;
-#if defined(_WIN32)
-    if (drive != '\0') return fs::absolute(std::string{drive, ':'}, error).string();
-#endif
-    return fs::current_path(error).string();
+std::string current_directory(char drive) {
+    char path[4096];
+    return read_current_directory(drive, path, sizeof path) ? path : "";
 }
 
 }  // namespace ink::host

@@ -57,7 +57,14 @@ class Messages {
 inline constexpr std::uint32_t kMessageBoxExclamation = 0x30;
 inline constexpr std::uint32_t kMessageBoxTaskModal = 0x2000;
 
-using TimerProcedure = void (*)(HWND window, UINT message, std::uintptr_t id, std::uint32_t milliseconds);
+// On Windows it is the system that calls it.
+#if defined(_WIN32)
+#define INK_TIMER_CALL CALLBACK
+#else
+#define INK_TIMER_CALL
+#endif
+using TimerProcedure = void(INK_TIMER_CALL *)(HWND window, UINT message, std::uintptr_t id,
+                                              std::uint32_t milliseconds);
 
 // Window timers, which fire inside message dispatch with at most one event pending each, and the clock.
 class Timers {
@@ -230,6 +237,8 @@ class Windows {
         return nullptr;
     }
     virtual void close_window(HWND) {}
+    // What the machine itself does with a message that the game does not handle.
+    virtual LRESULT default_procedure(HWND, UINT, WPARAM, LPARAM) { return 0; }
 
   protected:
     ~Windows() = default;

@@ -85,6 +85,10 @@ class WatchedMachine final : public Windows,
         tell("close_window", window);
         behind_.windows.close_window(window);
     }
+    // Every message may come by here.
+    LRESULT default_procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) override {
+        return behind_.windows.default_procedure(window, message, wparam, lparam);
+    }
 
     // ---- Messages ----
 
@@ -151,7 +155,7 @@ class WatchedMachine final : public Windows,
         behind_.display.animate_palette(palette, start, colors);
     }
     void copy_bitmap(DeviceContext context, std::int32_t x, std::int32_t y, const Bitmap &bitmap) override {
-        tell("copy_bitmap", context, x, y, bitmap.width, bitmap.height);
+        tell("copy_bitmap", context, x, y, bitmap.width, bitmap.height, bitmap.stride);
         behind_.display.copy_bitmap(context, x, y, bitmap);
     }
 

@@ -1,6 +1,7 @@
 // A window for the desktop test: shows a card of all colours, prints every message that matters to a game as
 // a line, and on closing says whether the palette of before came back. The picture it shows is saved as
 // card.ppm.
+#include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
@@ -46,6 +47,7 @@ int main(int argc, char **argv) {
         PushQuitProc([] { std::puts("quit procedure"); });
         fnErrorExit(HOST_open_window("Inkstone probe", 640, 480, nullptr), "The end of the probe");
     }
+    const bool loads = argc > 1 && std::strcmp(argv[1], "loading") == 0;
     std::uint8_t before[768], after[768];
     const HWND window = HOST_open_window("Inkstone probe", 640, 480, window_procedure);
     HOST_read_palette(before);
@@ -57,9 +59,18 @@ int main(int argc, char **argv) {
     WViewInit(window, 0, 0, 640, 480, buffer.data());
     WViewEnable();
     WViewBuffer2Screen();
+    if (loads) {
+        // A palette and the picture for it, then seconds of work without a pump.
+        SCR_get_palette(after);
+        std::reverse(after, after + sizeof after);
+        SCR_set_palette(after);
+        BUF_bar(200, 200, 440, 280, 7, buffer.data());
+        WViewBuffer2Screen();
+    }
     save_picture(window);
     std::printf("host %s\n", HOST_name());
     std::fflush(stdout);
+    if (loads) return std::getchar();
     while (!closed && HOST_wait_messages() != 0) {
     }
     ExecQuitProc();

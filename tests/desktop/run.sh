@@ -112,6 +112,20 @@ expect "closing the window puts the palette back" "close" "palette restored"
 wait "$probe_pid" && ok "the program ends with exit code 0" || not_ok "the program ends with exit code $?"
 
 start_mark
+mkfifo loaded
+"$probe" loading < loaded >> output 2>&1 &
+probe_pid=$!
+exec 7> loaded
+expect "another one loads for a while" "host sdl"
+window=$(find_window "Inkstone probe")
+sleep 0.5
+import -window "$window" loading.png
+convert loading.png -filter point -resize 640x480 loading-same.png
+same_picture loading-same.png card.ppm "a palette and a picture show though nobody pumps"
+echo > loaded
+wait "$probe_pid" || true
+
+start_mark
 "$probe" fatal >> output 2>&1 &
 probe_pid=$!
 box=$(find_window "SystemError")

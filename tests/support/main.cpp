@@ -1,10 +1,11 @@
 // Runs the tests on the headless machine, each in an empty directory and with the library as it is when a game
 // starts, so that they pass alone, together and in any order.
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
+#include <random>
+#include <string>
 
 #include "inkstone/chine.h"
 #include "inkstone/flic.h"
@@ -14,11 +15,36 @@
 #include "inkstone/mac.h"
 #include "inkstone/runtime.h"
 #include "inkstone/timer.h"
-#include "support/processes.h"
 
 namespace fs = std::filesystem;
 
 namespace {
+
+#if defined(_WIN32)
+// In the current directory: the paths that are compiled in have no drive, and are meant on this one.
+fs::path place_of_directories() {
+    return fs::current_path();
+}
+void set_environment(const char *name, const char *value) {
+    _putenv_s(name, value);
+}
+#else
+fs::path place_of_directories() {
+    return fs::temp_directory_path();
+}
+void set_environment(const char *name, const char *value) {
+    setenv(name, value, 1);
+}
+#endif
+
+// A directory that was not there before.
+fs::path make_directory() {
+    std::random_device random;
+    for (;;) {
+        const fs::path made = place_of_directories() / ("inkstone-test-" + std::to_string(random()));
+        if (fs::create_directory(made)) return made;
+    }
+}
 
 class Surroundings : public testing::EmptyTestEventListener {
   public:
@@ -54,12 +80,10 @@ class Surroundings : public testing::EmptyTestEventListener {
 int main(int argc, char **argv) {
     ::testing::InitGoogleTest(&argc, argv);
     GTEST_FLAG_SET(death_test_style, "fast");
-    setenv("INKSTONE_HOST", "headless", 1);
+    set_environment("INKSTONE_HOST", "headless");
 
-    std::string place = (fs::temp_directory_path() / "inkstone-test-XXXXXX").string();
-    if (mkdtemp(place.data()) == nullptr) return 1;
-    testing::UnitTest::GetInstance()->listeners().Append(new test::ProcessForEachTest(argv[0], place));
-    testing::UnitTest::GetInstance()->listeners().Append(new Surroundings(fs::path(place) / "test"));
+    const fs::path place = make_directory();
+    testing::UnitTest::GetInstance()->listeners().Append(new Surroundings(place / "test"));
     const fs::path before = fs::current_path();
     const int result = RUN_ALL_TESTS();
     fs::current_path(before);

@@ -10,7 +10,7 @@ namespace test {
 
 class Random {
   public:
-    Random() {
+    explicit Random(unsigned seed = 20240229) : engine_(seed) {
         for (std::uint8_t &pixel : pool_)
             pixel = static_cast<std::uint8_t>((*this)(0, 2) == 0 ? 0 : (*this)(0, 255));
     }
@@ -32,16 +32,8 @@ class Random {
     int near(int at) { return at + (*this)(-40, 40); }
 
   private:
-    std::mt19937 engine_{20240229};
+    std::mt19937 engine_;
     Bytes pool_ = Bytes(500'000);
 };
-
-inline Bytes image_block(int w, int h, const Bytes &pixels) {
-    Bytes block(4 + pixels.size());
-    for (std::size_t i = 0; i < 4; ++i)
-        block[i] = static_cast<std::uint8_t>((i < 2 ? w : h) >> (i % 2 == 0 ? 0 : 8));
-    std::copy(pixels.begin(), pixels.end(), block.begin() + 4);
-    return block;
-}
 
 }  // namespace test

@@ -1,40 +1,13 @@
 #include "charset/big5.h"
 
-#include <iconv.h>
-
 #include <algorithm>
 #include <array>
 #include <stdexcept>
 
+#include "charset/converter.h"
+
 namespace ink::tool {
 namespace {
-
-// Converts one character at a time. A character set that the system does not know converts nothing.
-class Converter {
-  public:
-    Converter(const char *to, const char *from) : handle_(iconv_open(to, from)) {}
-    ~Converter() {
-        if (known()) iconv_close(handle_);
-    }
-    Converter(const Converter &) = delete;
-    Converter &operator=(const Converter &) = delete;
-
-    // Nothing unless the whole of text is one character that has an exact counterpart.
-    std::optional<std::string> convert(std::string_view text) const {
-        if (!known()) return std::nullopt;
-        iconv(handle_, nullptr, nullptr, nullptr, nullptr);
-        std::array<char, 16> bytes;
-        char *in = const_cast<char *>(text.data()), *out = bytes.data();
-        std::size_t in_left = text.size(), out_left = bytes.size();
-        if (iconv(handle_, &in, &in_left, &out, &out_left) != 0 || in_left != 0) return std::nullopt;
-        return std::string(bytes.data(), bytes.size() - out_left);
-    }
-
-  private:
-    bool known() const { return handle_ != reinterpret_cast<iconv_t>(-1); }
-
-    iconv_t handle_;
-};
 
 // The Big5 of the most widespread system is asked first, then the one of the standard.
 constexpr const char *kFirstBig5 = "CP950", *kSecondBig5 = "BIG5";

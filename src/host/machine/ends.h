@@ -27,6 +27,9 @@ class Ends {
     virtual std::uint64_t service(VirtualMachine &, std::uint64_t /*now*/) {
         return std::numeric_limits<std::uint64_t>::max();
     }
+    // A picture or the palette has changed. What shows pictures at its own pace may have time for it now: a
+    // game that loads for a while does not pump.
+    virtual void screen_changed(VirtualMachine &) {}
     // Lets the processor rest until something happens, until that time at the latest. False when nothing will
     // ever happen before it.
     virtual bool rest(VirtualMachine &, std::uint64_t /*until*/) { return false; }

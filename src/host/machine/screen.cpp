@@ -127,10 +127,12 @@ void Screen::copy_bitmap(DeviceContext context, std::int32_t x, std::int32_t y, 
                     static_cast<std::size_t>(right - left));
     }
     window->changed = true;
+    if (changed_) changed_();
 }
 
 void Screen::mark_all_changed() {
     for (const auto &window : windows_) window->changed = true;
+    if (changed_) changed_();
 }
 
 }  // namespace ink::host

@@ -5,8 +5,10 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "host/host.h"
@@ -36,6 +38,9 @@ class Screen final : public Display {
     Window *focus() { return windows_.empty() ? nullptr : windows_.back().get(); }
     const std::vector<std::unique_ptr<Window>> &windows() const { return windows_; }
 
+    // What is done whenever a picture or the palette has changed.
+    void on_change(std::function<void()> action) { changed_ = std::move(action); }
+
     const Palette &hardware_palette() const { return hardware_; }
     // The client area through the hardware palette, three bytes a pixel.
     void read_picture(const Window &window, std::uint8_t *rgb) const;
@@ -54,6 +59,8 @@ class Screen final : public Display {
     // Null for a palette that is not there.
     Palette *find(PaletteHandle palette);
     void mark_all_changed();
+
+    std::function<void()> changed_;
 
     std::vector<std::unique_ptr<Window>> windows_;
     std::uintptr_t last_handle_ = 0;

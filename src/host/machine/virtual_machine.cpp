@@ -14,16 +14,6 @@ namespace {
 constexpr std::uint64_t kMillisecond = 1000, kSecond = 1000000;
 constexpr std::int32_t kLargestWindow = 4096;
 
-// The window timers of the early machines ticked 18 times a second whatever was asked of them, and all that
-// counts their ticks is made for that: the time of a disc, cursors, the steps of a fade.
-constexpr long kTimerResolution = 55;
-
-std::uint32_t timer_resolution() {
-    const char *text = std::getenv("INKSTONE_TIMER_RESOLUTION");
-    const long milliseconds = text != nullptr ? std::strtol(text, nullptr, 10) : kTimerResolution;
-    return static_cast<std::uint32_t>(std::clamp(milliseconds, 0L, 1000L));
-}
-
 // Times of day are seconds since 1 January 1970 without a time zone: they are local wherever the machine
 // runs. Years from 1 to 9999 can be told.
 std::int64_t seconds_of(const DateTime &time) {
@@ -65,8 +55,9 @@ VirtualMachine::VirtualMachine(const char *name, Clock clock, std::unique_ptr<En
       machine_{
           name, *this, *this, *this, *this, screen_, pointer_, loudspeaker_.mixer(), loudspeaker_.drive(),
           *this} {
-    set_timer_resolution(timer_resolution());
+    set_timer_resolution(usual_timer_resolution());
     set_setting("CHINESBIG5(88)", "yes");
+    screen_.on_change([this] { ends_->screen_changed(*this); });
     pointer_.on_change([this] { ends_->pointer_changed(*this); });
     pointer_.on_warp([this] {
         ends_->pointer_warped(*this);

@@ -48,27 +48,22 @@ class SdlEnds : public Ends {
     std::uint64_t service(VirtualMachine &machine, std::uint64_t now) override {
         SDL_Event event;
         while (SDL_PollEvent(&event) != 0) take(machine, event);
-        if (now >= next_frame_) {
-            next_frame_ = now + frame_time_;
-            for (const auto &made : windows_) {
-                Window *window = machine.screen().find(made->handle());
-                if (window == nullptr || !std::exchange(window->changed, false)) continue;
-                made->scan_out(*window, machine.screen().hardware_palette());
-            }
-        }
+        scan_out(machine, now);
         return now + kEventInterval;
     }
 
+    void screen_changed(VirtualMachine &machine) override { scan_out(machine, microseconds_since_start()); }
+
     bool rest(VirtualMachine &machine, std::uint64_t until) override {
         const std::uint64_t now = microseconds_since_start();
-        // A changed picture may be waiting for its turn to be scanned out.
-        const std::uint64_t end = std::min(until, std::max(next_frame_, now + kEventInterval));
+        const std::uint64_t end = picture_waits(machine) ? std::min(until, next_frame_) : until;
         if (end < now + kEventInterval) {
             // Nobody collects events so soon, and SDL does not wait for less than a millisecond.
             if (end > now) std::this_thread::sleep_for(std::chrono::microseconds(end - now));
             return true;
         }
-        SDL_WaitEventTimeout(nullptr, static_cast<int>((end - now) / kEventInterval));
+        constexpr std::uint64_t kLongest = 1000000;
+        SDL_WaitEventTimeout(nullptr, static_cast<int>(std::min(end - now, kLongest) / kEventInterval));
         service(machine, microseconds_since_start());
         return true;
     }
@@ -97,6 +92,27 @@ class SdlEnds : public Ends {
     }
 
   private:
+    // Shows what has changed, once in a frame's time. Frames without a change are saved up, a few of them: a
+    // palette and a picture set one after the other before a long load both show, though nobody pumps.
+    void scan_out(VirtualMachine &machine, std::uint64_t now) {
+        constexpr std::uint64_t kSaved = 3;
+        if (now < next_frame_) return;
+        bool shown = false;
+        for (const auto &made : windows_) {
+            Window *window = machine.screen().find(made->handle());
+            if (window == nullptr || !std::exchange(window->changed, false)) continue;
+            made->scan_out(*window, machine.screen().hardware_palette());
+            shown = true;
+        }
+        if (shown)
+            next_frame_ = std::max(next_frame_ + frame_time_, now - std::min(now, kSaved * frame_time_));
+    }
+    static bool picture_waits(VirtualMachine &machine) {
+        const auto &windows = machine.screen().windows();
+        return std::any_of(windows.begin(), windows.end(),
+                           [](const auto &window) { return window->changed; });
+    }
+
     SdlWindow *find(HWND handle) {
         for (const auto &made : windows_)
             if (made->handle() == handle) return made.get();

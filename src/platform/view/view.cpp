@@ -21,7 +21,8 @@ using ink::host::PaletteHandle;
 
 constexpr std::size_t kColors = 256, kPaletteBytes = kColors * 3;
 
-// A bitmap's description as the platform takes it: its size and the colours its pixels stand for.
+// The whole buffer's description as the platform takes it: its size and the colours its pixels stand for, which
+// are the only copy of the current palette. A new WViewInit leaves it as it is.
 struct Description {
     std::int32_t width = 0, height = 0;
     Color colors[kColors];
@@ -32,12 +33,11 @@ struct View {
     std::int16_t x = 0, y = 0;
     std::int32_t width = 0, height = 0;
     std::uint8_t *buffer = nullptr;
-    std::unique_ptr<Description> full;  // its colours are the only copy of the current palette
-    std::unique_ptr<Description> part;  // described anew for each rectangle
+    std::unique_ptr<Description> description;
     PaletteHandle palette = PaletteHandle::system;
-    PaletteHandle previous = PaletteHandle::system;
+    PaletteHandle previous = PaletteHandle::system;  // the window's before the view's own
 
-    bool enabled() const { return full != nullptr && part != nullptr; }
+    bool enabled() const { return description != nullptr; }
 };
 
 View view;
@@ -86,17 +86,13 @@ std::unique_ptr<Description> describe() {
     return description;
 }
 
-void release_descriptions() {
-    view.full.reset();
-    view.part.reset();
-}
-
-void present(std::int32_t x, std::int32_t y, const Description &description, std::int32_t stride,
+// Shows a top-left part of pixels whose rows begin stride bytes apart.
+void present(std::int32_t x, std::int32_t y, std::int32_t columns, std::int32_t rows, std::int32_t stride,
              const std::uint8_t *pixels) {
     Context context;
     std::uint32_t changed = 0;
     context.use(view.palette, changed);
-    const Bitmap bitmap{description.width, description.height, stride, pixels, description.colors};
+    const Bitmap bitmap{columns, rows, stride, pixels, view.description->colors};
     Context::display().copy_bitmap(context.get(), x, y, bitmap);
 }
 
@@ -108,9 +104,10 @@ void set_colors(std::int32_t start, std::int32_t count, const std::uint8_t *pale
     if (first >= end) return;
     palette += (first - start) * 3;
     for (std::int32_t i = first; i < end; ++i, palette += 3)
-        view.full->colors[i] = {palette[0], palette[1], palette[2]};
+        view.description->colors[i] = {palette[0], palette[1], palette[2]};
     Context::display().animate_palette(
-        view.palette, first, std::span(view.full->colors + first, static_cast<std::size_t>(end - first)));
+        view.palette, first,
+        std::span(view.description->colors + first, static_cast<std::size_t>(end - first)));
 }
 
 }  // namespace
@@ -125,17 +122,19 @@ void WViewInit(HWND window, int16_t x, int16_t y, int32_t width, int32_t height,
 }
 
 void WViewEnable(void) {
-    view.full = describe();
-    if (view.full == nullptr) fnErrorExit(view.window, "MEMORY ERROR !!!");
-    view.palette = Context::display().create_palette(view.full->colors);
-    view.previous = change_palette(view.palette);
-    view.part = describe();
-    if (view.part == nullptr) {
-        release_descriptions();
-        fnErrorExit(view.window, "MEMORY ERROR !!!");
-    }
+    const bool again = view.enabled();
+    view.description = describe();
+    if (view.description == nullptr) fnErrorExit(view.window, "MEMORY ERROR !!!");
+    const PaletteHandle own = view.palette;
+    view.palette = Context::display().create_palette(view.description->colors);
+    const PaletteHandle before = change_palette(view.palette);
+    // Enabled again, the window had the view's own palette: the former one is that of the first time.
+    if (again)
+        Context::display().delete_palette(own);
+    else
+        view.previous = before;
     if (PushQuitProc(WViewDisable) != 0) {
-        release_descriptions();
+        view.description.reset();
         fnErrorExit(view.window, "PUSHQUIT ERROR !!!");
     }
 }
@@ -144,11 +143,21 @@ void WViewDisable(void) {
     if (!view.enabled()) return;
     change_palette(view.previous);
     Context::display().delete_palette(std::exchange(view.palette, PaletteHandle::system));
-    release_descriptions();
+    view.description.reset();
 }
 
 void WViewBuffer2Screen(void) {
-    if (view.enabled()) present(view.x, view.y, *view.full, view.full->width, view.buffer);
+    if (!view.enabled()) return;
+    // After a new WViewInit the size is the new one and the rows are still as long as described: no more of
+    // them are shown than are described, and than the new buffer has bytes for.
+    const std::int32_t stride = view.description->width;
+    const std::int32_t columns = std::min(view.width, stride);
+    std::int32_t rows = std::min(view.height, view.description->height);
+    if (view.width != stride && columns > 0 && rows > 0) {
+        const std::int64_t bytes = std::int64_t{view.width} * view.height;
+        rows = static_cast<std::int32_t>(std::min<std::int64_t>(rows, (bytes - columns) / stride + 1));
+    }
+    present(view.x, view.y, columns, rows, stride, view.buffer);
 }
 
 void WViewRedrawScreen(void) {
@@ -171,10 +180,7 @@ void WViewMoveBuffer2Screen(int16_t x, int16_t y, int16_t width, int16_t height)
                     view.buffer + (std::int64_t{top} + row) * view.width + left,
                     static_cast<std::size_t>(columns));
     }
-    view.part->width = columns;
-    view.part->height = rows;
-    std::copy(std::begin(view.full->colors), std::end(view.full->colors), view.part->colors);
-    present(view.x + left, view.y + top, *view.part, stride, block.get());
+    present(view.x + left, view.y + top, columns, rows, stride, block.get());
 }
 
 void WViewSetNowBuffer(uint8_t *buffer) {
@@ -195,11 +201,12 @@ void WViewSetPartPalette(int16_t start, int16_t count, const uint8_t *palette) {
 }
 
 void WViewGetPalette(uint8_t *palette) {
-    if (view.full == nullptr) {
+    if (palette == nullptr) return;
+    if (view.description == nullptr) {
         std::memset(palette, 0, kPaletteBytes);
         return;
     }
-    for (const Color color : view.full->colors) {
+    for (const Color color : view.description->colors) {
         *palette++ = color.red;
         *palette++ = color.green;
         *palette++ = color.blue;
@@ -219,6 +226,7 @@ void SCR_set_palette(const uint8_t *palette) {
 }
 
 void SCR_get_palette(uint8_t *palette) {
+    if (palette == nullptr) return;
     WViewGetPalette(palette);
     std::transform(palette, palette + kPaletteBytes, palette,
                    [](std::uint8_t value) { return static_cast<std::uint8_t>(value >> 2); });

@@ -1,0 +1,2 @@
+/* Our headers name the type. */
+typedef struct _iobuf FILE;
