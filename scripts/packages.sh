@@ -4,6 +4,7 @@ say() { printf '\n== %s\n' "$*"; }
 
 # What building the library, the tools, the demo and its content takes.
 build_packages="g++ cmake ninja-build pkg-config libsdl2-dev libcli11-dev libfreetype-dev libpng-dev
+  libimagequant-dev libgif-dev libsamplerate0-dev
   xfonts-intl-chinese xfonts-base"
 # What the tests take on top.
 test_packages="libgtest-dev imagemagick netpbm libavcodec-dev libavformat-dev libavutil-dev"

@@ -8,16 +8,14 @@
 
 #include "inkstone/cdaudio.h"
 #include "support/sound.h"
+#include "support/tool.h"
 
 namespace {
 
 using test::Bytes;
+using test::ink;
 using test::operator+;
 
-// Runs the program; its messages go to the files out and err.
-int ink(const std::string &arguments) {
-    return std::system((std::string(INK_TOOL) + " " + arguments + " > out 2> err").c_str());
-}
 test::Heard track(std::int32_t number, std::size_t frames) {
     EXPECT_EQ(CDROM_play(number), 0);
     return test::listen(frames);
@@ -109,27 +107,29 @@ TEST(DiscTool, PlaysNotes) {
 
 TEST(DiscTool, RefusesWhatItCannotReadAndWritesNothing) {
     const std::pair<const char *, const char *> cases[] = {
-        {"", "0: there is no voice"},
-        {"voice v\nw A4\n", "2: there is no voice w"},
-        {"voice v volume=101\n", "1: \"101\" is out of range"},
-        {"voice v\nv H4\n", "2: \"H4\" is no note"},
-        {"voice v\nv A4:1/0\n", "2: \"1/0\" is out of range"},
-        {"voice v\nv [ A4\n", "2: voice v has a [ without its ]"},
-        {"voice v\nv A4 ]\n", "2: ] without a ["},
-        {"voice v\nv [ [ [ A4:64 ]1000 ]1000 ]1000\n", "2: the voice is too long"},
-        {"meter 4\nvoice v\nv A4:1 A4 A4 | A4\n", "3: the bar has 3 beats, not 4"},
+        {"", "ink: a.notes: there is no voice\n"},
+        {"voice v\nw A4\n", "a.notes:2:1: there is no voice w\n"},
+        {"voice piano\r\n paino A4\r\n", "a.notes:2:2: there is no voice paino; did you mean \"piano\"?\n"},
+        {"voice v volume=101\n", "a.notes:1:9: \"101\" is out of range\n"},
+        {"voice v wave\n", "a.notes:1:9: a setting is written NAME=VALUE\n"},
+        {"voice v\nv A4 H4\n", "a.notes:2:6: \"H4\" is no note\n"},
+        {"voice v\nv A4:1/0\n", "a.notes:2:3: \"1/0\" is out of range\n"},
+        {"voice v\nv [ A4\n", "a.notes:2:5: voice v has a [ without its ]\n"},
+        {"voice v\nv A4 ]\n", "a.notes:2:6: ] without a [\n"},
+        {"voice v\nv [ [ [ A4:64 ]1000 ]1000 ]1000\n", "a.notes:2:15: the voice is too long\n"},
+        {"meter 4\nvoice v\nv A4:1 A4 A4 | A4\n", "a.notes:3:14: the bar has 3 beats, not 4\n"},
     };
     for (const auto &[notes, message] : cases) {
         test::write_text("a.notes", notes);
-        EXPECT_NE(ink("disc build a.notes -o a.cue"), 0) << notes;
-        EXPECT_EQ(test::read_text("err"), std::string("ink: a.notes:") + message + "\n");
+        EXPECT_EQ(ink("disc build a.notes -o a.cue"), 1) << notes;
+        EXPECT_TRUE(test::read_text("err").starts_with(message)) << test::read_text("err");
     }
     test::write_file("b.wav", test::riff(test::chunk("fmt ", test::pcm(1, 44100, 16, 85)) +
                                          test::chunk("data", Bytes(4))));
     test::write_file(
         "c.wav", test::riff(test::chunk("fmt ", test::pcm(1, 44100, 16)) + test::chunk("data", {1}, 1000)));
     for (const char *name : {"b.wav", "c.wav", "none.wav"}) {
-        EXPECT_NE(ink(std::string("disc build ") + name + " -o a.cue"), 0);
+        EXPECT_EQ(ink(std::string("disc build ") + name + " -o a.cue"), 1);
         EXPECT_TRUE(test::read_text("err").starts_with(std::string("ink: ") + name))
             << test::read_text("err");
     }

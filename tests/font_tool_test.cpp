@@ -5,15 +5,12 @@
 #include <cstring>
 
 #include "inkstone/chine.h"
-#include "support/files.h"
+#include "support/tool.h"
 
 namespace {
 
 using test::Bytes;
-
-int ink(const std::string &arguments) {
-    return std::system((std::string(INK_TOOL) + " " + arguments + " > out 2> err").c_str());
-}
+using test::ink;
 
 // A bitmap font with characters of solid ink. Its cells are width x height, the last two rows below the base
 // line.
@@ -100,7 +97,7 @@ TEST(FontTool, WritesNothingWhenAFontDoesNotFit) {
         const std::string name(option, std::strcspn(option, " "));
         for (std::size_t at; (at = sources.find(name)) != std::string::npos;)
             sources.erase(at, sources.find("--", at + 2) - at);
-        EXPECT_NE(ink("font build " + sources + " " + option + " -o made"), 0);
+        EXPECT_EQ(ink("font build " + sources + " " + option + " -o made"), 1);
         EXPECT_NE(test::read_text("err").find(message), std::string::npos) << test::read_text("err");
         EXPECT_FALSE(test::exists("made"));
     }
@@ -115,7 +112,7 @@ TEST(StringsTool, CompilesTextsAsBig5) {
         "/* Made by ink strings: texts in Big5. */\nstatic const char A[] = \"\\263\\134\\042A\\077\";\n"
         "static const char B[] = \"~C1x\";\n");
     test::write_text("b.txt", "A = x\nB = 靐\n");
-    EXPECT_NE(ink("strings b.txt b.h"), 0);
-    EXPECT_EQ(test::read_text("err"), "ink: b.txt:2: Big5 has no character 靐\n");
+    EXPECT_EQ(ink("strings b.txt b.h"), 1);
+    EXPECT_EQ(test::read_text("err"), "b.txt:2:5: Big5 has no character 靐\n    B = 靐\n        ^\n");
     EXPECT_FALSE(test::exists("b.h"));
 }

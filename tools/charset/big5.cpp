@@ -28,6 +28,13 @@ std::size_t utf8_length(char byte) {
     return lead < 0x80 ? 1 : lead < 0xC2 ? 0 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : lead < 0xF5 ? 4 : 0;
 }
 
+// Code page 437 from 0x80 on: not every system's iconv has it.
+constexpr char32_t kUpperCp437[] =
+    U"ÇüéâäàåçêëèïîìÄÅÉæÆôöòûùÿÖÜ¢£¥₧ƒ"
+    U"áíóúñÑªº¿⌐¬½¼¡«»░▒▓│┤╡╢╖╕╣║╗╝╜╛┐"
+    U"└┴┬├─┼╞╟╚╔╩╦╠═╬╧╨╤╥╙╘╒╓╫╪┘┌█▄▌▐▀"
+    U"αßΓπΣσµτΦΘΩδ∞φε∩≡±≥≤⌠⌡÷≈°∙·√ⁿ²■\u00A0";
+
 }  // namespace
 
 std::optional<std::string> big5_of_character(std::string_view character) {
@@ -54,6 +61,8 @@ std::optional<std::string> character_of_big5(std::string_view bytes) {
 }
 
 std::string to_big5(std::string_view utf8) {
+    static const bool known = big5_of_character("一").has_value();
+    if (!known) throw std::runtime_error("this system's iconv does not know Big5");
     std::string result;
     for (std::size_t i = 0; i < utf8.size();) {
         const std::size_t length = utf8_length(utf8[i]);
@@ -66,6 +75,16 @@ std::string to_big5(std::string_view utf8) {
         i += length;
     }
     return result;
+}
+
+std::string from_big5(std::string_view big5) {
+    std::string text;
+    while (!big5.empty()) {
+        const std::size_t bytes = static_cast<unsigned char>(big5[0]) >= 0x80 && big5.size() > 1 ? 2 : 1;
+        text += character_of_big5(big5.substr(0, bytes)).value_or("?");
+        big5.remove_prefix(bytes);
+    }
+    return text;
 }
 
 std::vector<char32_t> unicode_of_big5(std::uint16_t code) {
@@ -81,11 +100,9 @@ std::vector<char32_t> unicode_of_big5(std::uint16_t code) {
 }
 
 char32_t unicode_of_cp437(std::uint8_t code) {
-    static const Converter cp437("UTF-32BE", "CP437");
     if (code < 0x20) return U" ☺☻♥♦♣♠•◘○◙♂♀♪♫☼►◄↕‼¶§▬↨↑↓→←∟↔▲▼"[code];
     if (code == 0x7F) return U'⌂';
-    const char byte = static_cast<char>(code);
-    return decode(cp437, {&byte, 1}).value_or(U' ');
+    return code < 0x80 ? code : kUpperCp437[code - 0x80];
 }
 
 }  // namespace ink::tool

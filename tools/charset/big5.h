@@ -1,5 +1,5 @@
-// Between Unicode and the character sets of the games: Big5 for text, code page 437 for the single-byte
-// fonts. Text in sources is UTF-8 and is turned into Big5 when content is built.
+// Between Unicode and the character sets of the games: Big5 for text, code page 437 for the fonts of single
+// bytes. Text in sources is UTF-8 and is turned into Big5 when content is built.
 #pragma once
 
 #include <cstdint>
@@ -13,13 +13,15 @@ namespace ink::tool {
 // The Big5 bytes of one UTF-8 character, none when there are none. ASCII stays as it is.
 std::optional<std::string> big5_of_character(std::string_view character);
 
-// The one UTF-8 character that the bytes stand for, none unless big5_of_character leads back to the same
-// bytes.
+// The one UTF-8 character that the bytes stand for; none unless big5_of_character leads back to them.
 std::optional<std::string> character_of_big5(std::string_view bytes);
 
-// The text as Big5. Throws std::runtime_error, which names the character, when the text is not UTF-8 or has a
-// character that Big5 lacks.
+// The text as Big5. Throws std::runtime_error when it is not UTF-8 or has a character that Big5 lacks, which
+// the message names, and where the system cannot convert at all.
 std::string to_big5(std::string_view utf8);
+
+// The text as UTF-8, to be shown: a byte that stands for nothing becomes a question mark.
+std::string from_big5(std::string_view big5);
 
 // The characters that a Big5 code (lead byte x 256 + trail byte) may stand for, the usual one first: vendors
 // differ over some punctuation. None for a code that is not in use.

@@ -1,27 +1,11 @@
 #include "film/can_file.h"
 
-#include <algorithm>
-#include <stdexcept>
-
 #include "core/reader.h"
-#include "draw/surface.h"
-#include "inkstone/compressed_image.h"
 
 namespace ink::tool {
 namespace {
 
 constexpr std::size_t kHeader = 20, kRecord = 8;
-
-Bytes compressed(const IndexedPicture &picture) {
-    if (picture.width > 0xFFFF || picture.height > 0xFFFF)
-        throw std::runtime_error("a frame can be 65535 pixels wide and high at most");
-    Bytes image(draw::kImageHeader), block(16 + 2 * picture.pixels.size());
-    draw::put_image_header(image.data(), static_cast<std::uint32_t>(picture.width),
-                           static_cast<std::uint32_t>(picture.height));
-    append(image, picture.pixels);
-    block.resize(static_cast<std::size_t>(fnCompressImage(image.data(), block.data(), 0)));
-    return block;
-}
 
 }  // namespace
 
@@ -31,7 +15,7 @@ Bytes can_file(const std::vector<IndexedPicture> &frames, int anchor_x, int anch
     put_u16(&file[16], static_cast<std::uint32_t>(anchor_x));
     put_u16(&file[18], static_cast<std::uint32_t>(anchor_y));
     for (std::size_t i = 0; i < frames.size(); ++i) {
-        const Bytes block = compressed(frames[i]);
+        const Bytes block = compressed_image(frames[i]);
         const std::size_t offset = file.size();
         put_u32(&file[kHeader + 4 * i], static_cast<std::uint32_t>(offset));
         file.resize(offset + kRecord);

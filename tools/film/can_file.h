@@ -1,7 +1,7 @@
 // CAN animation files, made of pictures.
 #pragma once
 
-#include "film/picture.h"
+#include "picture/picture.h"
 
 namespace ink::tool {
 

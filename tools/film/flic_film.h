@@ -4,7 +4,7 @@
 
 #include <optional>
 
-#include "film/picture.h"
+#include "picture/picture.h"
 
 namespace ink::tool::flic {
 

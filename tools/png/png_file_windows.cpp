@@ -4,6 +4,7 @@
 #include <objbase.h>
 #include <wincodec.h>
 
+#include <algorithm>
 #include <array>
 #include <fstream>
 #include <stdexcept>
@@ -88,11 +89,13 @@ std::vector<std::uint8_t> encode(int width, int height, std::span<const std::uin
 }
 
 std::vector<std::uint8_t> encode_indices(int width, int height, std::span<const std::uint8_t> indices,
-                                         std::span<const std::uint8_t, 768> palette) {
+                                         std::span<const std::uint8_t, 768> palette,
+                                         bool transparent = false) {
     std::array<WICColor, 256> colors;
     for (std::size_t i = 0; i < colors.size(); ++i)
         colors[i] = 0xFF000000U | static_cast<WICColor>(palette[3 * i] << 16 | palette[3 * i + 1] << 8 |
                                                         palette[3 * i + 2]);
+    if (transparent) colors[0] &= 0xFFFFFFU;
     Com<IWICPalette> made;
     check(factory().CreatePalette(made.to()), "there is no memory");
     check(made->InitializeCustom(colors.data(), static_cast<UINT>(colors.size())), "there is no memory");
@@ -175,6 +178,64 @@ RgbPicture read_png_rgb(const std::filesystem::path &name) {
         for (std::size_t i = 0; i < picture.rgb.size(); i += 3) std::swap(picture.rgb[i], picture.rgb[i + 2]);
         return picture;
     });
+}
+
+std::vector<std::uint8_t> encode_png(int width, int height, std::span<const std::uint8_t> indices,
+                                     std::span<const std::uint8_t, 768> palette, bool transparent) {
+    return encode_indices(width, height, indices, palette, transparent);
+}
+
+bool is_png(std::span<const std::uint8_t> file) {
+    constexpr std::array<std::uint8_t, 8> kMark{0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
+    return file.size() >= kMark.size() && std::equal(kMark.begin(), kMark.end(), file.begin());
+}
+
+PngPicture decode_png(std::span<const std::uint8_t> file) {
+    constexpr std::uint64_t kMostPixels = 1 << 26;
+    if (!is_png(file)) throw std::runtime_error("is no PNG file");
+    Com<IStream> stream;
+    Com<IWICBitmapFrameDecode> frame;
+    open_frame(file, stream, frame);
+    UINT width = 0, height = 0;
+    check(frame->GetSize(&width, &height), "is damaged");
+    if (std::uint64_t{width} * height > kMostPixels) throw std::runtime_error("the picture is too large");
+    PngPicture picture;
+    picture.width = static_cast<int>(width);
+    picture.height = static_cast<int>(height);
+    WICPixelFormatGUID format{};
+    check(frame->GetPixelFormat(&format), "is damaged");
+    const std::pair<const GUID *, unsigned> indexed[] = {{&GUID_WICPixelFormat1bppIndexed, 1},
+                                                         {&GUID_WICPixelFormat2bppIndexed, 2},
+                                                         {&GUID_WICPixelFormat4bppIndexed, 4},
+                                                         {&GUID_WICPixelFormat8bppIndexed, 8}};
+    for (const auto &[guid, bits] : indexed) {
+        if (!IsEqualGUID(format, *guid)) continue;
+        const UINT stride = (width * bits + 7) / 8;
+        std::vector<std::uint8_t> rows(std::size_t{stride} * height);
+        check(frame->CopyPixels(nullptr, stride, static_cast<UINT>(rows.size()), rows.data()), "is damaged");
+        for (UINT y = 0; y < height; ++y)
+            for (UINT x = 0; x < width; ++x) {
+                const unsigned bit = x * bits;
+                const std::uint8_t byte = rows[std::size_t{y} * stride + bit / 8];
+                picture.indices.push_back(
+                    static_cast<std::uint8_t>(byte >> (8 - bits - bit % 8) & ((1U << bits) - 1)));
+            }
+        Com<IWICPalette> palette;
+        std::array<WICColor, 256> colors{};
+        UINT count = 0;
+        check(factory().CreatePalette(palette.to()), "there is no memory");
+        check(frame->CopyPalette(palette.get()), "is damaged");
+        check(palette->GetColors(static_cast<UINT>(colors.size()), colors.data(), &count), "is damaged");
+        for (UINT i = 0; i < count; ++i)
+            picture.palette.push_back(
+                {static_cast<std::uint8_t>(colors[i] >> 16), static_cast<std::uint8_t>(colors[i] >> 8),
+                 static_cast<std::uint8_t>(colors[i]), static_cast<std::uint8_t>(colors[i] >> 24)});
+        return picture;
+    }
+    const std::vector<std::uint8_t> pixels = pixels_as(frame.get(), GUID_WICPixelFormat32bppBGRA, 4);
+    for (std::size_t i = 0; i + 3 < pixels.size(); i += 4)
+        picture.colours.push_back({pixels[i + 2], pixels[i + 1], pixels[i], pixels[i + 3]});
+    return picture;
 }
 
 }  // namespace ink::tool

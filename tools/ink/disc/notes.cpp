@@ -1,11 +1,13 @@
 #include "disc/notes.h"
 
 #include <algorithm>
-#include <cctype>
 #include <cmath>
 #include <map>
 #include <sstream>
 #include <stdexcept>
+
+#include "files/file.h"
+#include "files/source.h"
 
 namespace ink::tool {
 namespace {
@@ -28,24 +30,52 @@ class Parser {
     explicit Parser(std::string name) : name_(std::move(name)) {}
 
     Music parse(std::string_view text) {
-        std::istringstream lines{std::string(text)};
-        for (std::string line; std::getline(lines, line);) {
-            ++line_;
-            // A comment begins after a blank, so that a sharp does not.
-            for (std::size_t at = 0; (at = line.find('#', at)) != std::string::npos; ++at)
-                if (at == 0 || std::isspace(static_cast<unsigned char>(line[at - 1])) != 0) line.resize(at);
-            std::istringstream words(line);
-            if (std::string word; words >> word) read_line(word, words);
+        const std::vector<Place> lines = lines_of(name_, text);
+        require_utf8(lines);
+        for (const Place &line : lines) {
+            line_ = line;
+            words_ = words_of(line.line);
+            next_ = 0;
+            if (!words_.empty()) read_line(take("a word"));
         }
         for (const auto &[voice, cursor] : cursors_)
             if (!cursor.repeats.empty()) fail("voice " + voice + " has a [ without its ]");
-        if (music_.voices.empty()) fail("there is no voice");
+        if (music_.voices.empty()) throw FileError(path_of(name_), "there is no voice");
         return std::move(music_);
     }
 
   private:
+    struct Word {
+        std::string text;
+        std::size_t column;
+    };
+
+    // A comment begins after a blank, so that a sharp does not.
+    static std::vector<Word> words_of(std::string_view line) {
+        std::vector<Word> words;
+        for (std::size_t at = 0; at < line.size();) {
+            if (line[at] == ' ' || line[at] == '\t') {
+                ++at;
+                continue;
+            }
+            if (line[at] == '#') break;
+            const std::size_t end = std::min(line.find_first_of(" \t", at), line.size());
+            words.push_back({std::string(line.substr(at, end - at)), at});
+            at = end;
+        }
+        return words;
+    }
+
     [[noreturn]] void fail(const std::string &what) const {
-        throw std::runtime_error(name_ + ":" + std::to_string(line_) + ": " + what);
+        Place place = line_;
+        place.column = next_ > 0 ? words_[next_ - 1].column : 0;
+        throw SourceError(place, what);
+    }
+
+    bool more() const { return next_ < words_.size(); }
+    const std::string &take(const char *what) {
+        if (!more()) fail(std::string("expected ") + what + " after this");
+        return words_[next_++].text;
     }
 
     double number(const std::string &text, double least, double most) const {
@@ -54,9 +84,9 @@ class Parser {
         try {
             value = std::stod(text, &used);
             if (used < text.size() && text[used] == '/') {
-                std::size_t more = 0;
-                value /= std::stod(text.substr(used + 1), &more);
-                used += 1 + more;
+                std::size_t part = 0;
+                value /= std::stod(text.substr(used + 1), &part);
+                used += 1 + part;
             }
         } catch (const std::logic_error &) {
             fail("\"" + text + "\" is no number");
@@ -65,38 +95,51 @@ class Parser {
             fail("\"" + text + "\" is out of range");
         return value;
     }
-    double number(std::istream &words, double least, double most) const {
-        std::string word;
-        words >> word;
-        return number(word, least, most);
-    }
+    double number(double least, double most) { return number(take("a number"), least, most); }
 
-    void read_line(const std::string &word, std::istringstream &words) {
+    void read_line(const std::string &word) {
         if (word == "title") {
-            std::getline(words >> std::ws, music_.title);
-        } else if (word == "tempo") {
-            music_.tempo = number(words, 10, 1000);
+            take("a title");
+            music_.title = line_.line.substr(words_[1].column);
+            music_.title.erase(music_.title.find_last_not_of(" \t") + 1);
+            return;
+        }
+        if (word == "tempo") {
+            music_.tempo = number(10, 1000);
         } else if (word == "meter") {
-            meter_ = number(words, 0.25, 64);
+            meter_ = number(0.25, 64);
         } else if (word == "echo") {
-            music_.echo_beats = number(words, 0, 16);
-            music_.echo_level = number(words, 0, 90) / 100;
+            music_.echo_beats = number(0, 16);
+            music_.echo_level = number(0, 90) / 100;
         } else if (word == "voice") {
-            read_voice(words);
+            read_voice();
         } else {
-            const auto voice = std::find_if(music_.voices.begin(), music_.voices.end(),
-                                            [&](const MusicVoice &v) { return v.name == word; });
-            if (voice == music_.voices.end()) fail("there is no voice " + word);
-            for (std::string token; words >> token;) read_token(*voice, cursors_[word], token);
+            const auto voice = std::ranges::find(music_.voices, word, &MusicVoice::name);
+            if (voice == music_.voices.end())
+                fail("there is no voice " + word + suggestion(word, beginnings()));
+            Cursor &cursor = cursors_[word];
+            while (more()) read_token(*voice, cursor, take("a note"));
+        }
+        if (more()) {
+            ++next_;
+            fail("nothing follows here");
         }
     }
 
-    void read_voice(std::istringstream &words) {
+    std::vector<std::string> beginnings() const {
+        std::vector<std::string> words{"title", "tempo", "meter", "echo", "voice"};
+        for (const MusicVoice &voice : music_.voices) words.push_back(voice.name);
+        return words;
+    }
+
+    void read_voice() {
         MusicVoice voice;
-        words >> voice.name;
-        if (voice.name.empty() || cursors_.contains(voice.name)) fail("a voice needs a name of its own");
-        for (std::string setting; words >> setting;) {
-            const std::size_t equals = std::min(setting.find('='), setting.size() - 1);
+        voice.name = take("a name");
+        if (cursors_.contains(voice.name)) fail("there is a voice " + voice.name + " already");
+        while (more()) {
+            const std::string &setting = take("a setting");
+            const std::size_t equals = setting.find('=');
+            if (equals == std::string::npos) fail("a setting is written NAME=VALUE");
             const std::string key = setting.substr(0, equals), value = setting.substr(equals + 1);
             if (key == "wave") {
                 const auto waveform = kWaveforms.find(value);
@@ -119,12 +162,15 @@ class Parser {
                         {"attack", voice.attack, 0, 10000, 1000}, {"decay", voice.decay, 0, 10000, 1000},
                         {"sustain", voice.sustain, 0, 100, 100},  {"release", voice.release, 0, 10000, 1000},
                         {"vibrato", voice.vibrato, 0, 200, 100}};
-        for (const auto &s : settings)
+        std::vector<std::string> known{"wave"};
+        for (const auto &s : settings) {
             if (key == s.key) {
                 s.field = number(value, s.least, s.most) / s.unit;
                 return;
             }
-        fail("a voice has no setting " + key);
+            known.emplace_back(s.key);
+        }
+        fail("a voice has no setting " + key + suggestion(key, known));
     }
 
     void read_token(MusicVoice &voice, Cursor &cursor, const std::string &token) {
@@ -203,7 +249,9 @@ class Parser {
     }
 
     std::string name_;
-    int line_ = 0;
+    Place line_;
+    std::vector<Word> words_;  // of the line
+    std::size_t next_ = 0;     // the word that is read next
     double meter_ = 0;
     Music music_;
     std::map<std::string, Cursor> cursors_;

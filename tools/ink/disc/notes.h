@@ -32,8 +32,8 @@ struct Music {
     std::vector<MusicVoice> voices;
 };
 
-// Reads music from the text of a notes file. Throws std::runtime_error, with name and line, for a text that
-// is none.
+// Reads music from the text of a notes file. Throws SourceError, which names the place, for a text that is
+// none.
 Music parse_notes(std::string_view text, const std::string &name);
 
 }  // namespace ink::tool

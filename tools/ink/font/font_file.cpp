@@ -10,6 +10,8 @@
 #include <charconv>
 #include <stdexcept>
 
+#include "files/file.h"
+
 namespace ink::tool {
 namespace {
 
@@ -28,6 +30,7 @@ std::vector<unsigned char> read_whole(const std::string &name) {
     if (!std::filesystem::is_regular_file(name, ignored)) refuse(name, "no such file");
     const std::unique_ptr<gzFile_s, decltype(&gzclose)> file(gzopen(name.c_str(), "rb"), gzclose);
     if (!file) refuse(name, "cannot be opened");
+    note_read(path_of(name));
     std::vector<unsigned char> bytes;
     for (;;) {
         constexpr unsigned kPiece = 1U << 20;

@@ -1,5 +1,4 @@
-// Fonts as they are found on a system: bitmap fonts (PCF, BDF, compressed with gzip or not) and outline
-// fonts.
+// Fonts as they are found on a system: outline fonts, and bitmap fonts (PCF or BDF, also compressed by gzip).
 #pragma once
 
 #include <cstddef>
@@ -34,9 +33,9 @@ struct Drawn {
 
 class FontFile {
   public:
-    // source is FILE, FILE#FACE (of a collection) and FILE@PIXELS (the size of an outline font; otherwise it
-    // is drawn as high as the cells). Throws std::runtime_error when the file is no font that can be used, or
-    // its cells are larger than width x height.
+    // source is a file's name, with #FACE behind it for a face of a collection, and with @PIXELS for the size
+    // of an outline font, which otherwise is drawn as high as the cells. Throws std::runtime_error when the
+    // file is no font that can be used, or its cells are larger than width x height.
     FontFile(const std::string &source, int width, int height);
 
     const std::string &name() const { return name_; }

@@ -4,6 +4,8 @@
 #include <array>
 #include <filesystem>
 #include <limits>
+#include <set>
+#include <string_view>
 #include <utility>
 
 #include "core/reader.h"
@@ -17,6 +19,8 @@ namespace {
 constexpr int kDeepestInclude = 16;
 constexpr std::size_t kReservedWords = 4;
 constexpr std::size_t kLongestOperands = 255;
+constexpr std::size_t kMostErrors = 20;
+constexpr std::size_t kLongestScriptName = 79;
 constexpr const char *kNothingElse =
     "a source that gives the whole file has no procedures and no instructions";
 
@@ -30,6 +34,9 @@ enum class Form {
     byte,
 };
 
+// Which procedures an operand may name.
+enum class Reach { none, any, call };
+
 // An operand whose names may be defined further down.
 struct Pending {
     std::size_t at;  // in the code
@@ -37,6 +44,7 @@ struct Pending {
     Expression expression;
     Place place;
     int scope;
+    Reach procedure_for = Reach::none;
 };
 
 struct TableEntry {
@@ -46,32 +54,87 @@ struct TableEntry {
     int scope;
 };
 
+// A name that a wrong line would have defined.
+struct Missing {};
+
 class Assembler {
   public:
     explicit Assembler(const ReadSource &read) : read_(read) {}
 
     void source(const std::string &name, const std::string &text, int depth = 0) {
-        Place place{name, "", 0, 0};
-        for (std::size_t start = 0; start < text.size();) {
-            const std::size_t end = std::min(text.find('\n', start), text.size());
-            place.line = text.substr(start, end - start);
-            if (!place.line.empty() && place.line.back() == '\r') place.line.pop_back();
-            ++place.number;
-            Line line(place);
-            statement(line, depth);
-            if (!line.done()) line.fail_expected("the end of the line");
-            start = end + 1;
-        }
+        const std::vector<Place> lines = tool::lines_of(name, text);
+        attempt("", [&] {
+            tool::require_utf8(lines);
+            for (const Place &place : lines)
+                attempt(place.line, [&] {
+                    Line line(place);
+                    statement(line, depth);
+                    if (!line.done()) line.fail_expected("the end of the line");
+                });
+        });
     }
 
     Program finish() {
-        for (const Pending &pending : pending_) resolve(pending);
-        program_.file = file();
+        leave_procedure();
+        for (const Pending &pending : pending_) attempt("", [&] { resolve(pending); });
+        attempt("", [&] { program_.file = file(); });
+        if (!errors_.empty()) throw tool::SourceErrors(errors_);
+        warn_of_unreachable();
         std::erase_if(program_.symbols, [](const auto &symbol) { return symbol.first.front() == '.'; });
         return std::move(program_);
     }
 
   private:
+    // ---- What is wrong ----
+
+    // Notes what is wrong with a line and goes on with the next one, up to a number that fills a screen.
+    template <class Action>
+    void attempt(const std::string &line, Action action) {
+        const std::size_t pending = pending_.size();
+        try {
+            action();
+        } catch (const Missing &) {
+            // The line that should have defined it has been told of.
+        } catch (const SourceError &error) {
+            errors_.push_back(error);
+            if (errors_.size() == kMostErrors) throw tool::SourceErrors(errors_);
+            // Half an instruction has no operands to resolve.
+            if (!line.empty())
+                pending_.erase(pending_.begin() + static_cast<std::ptrdiff_t>(pending), pending_.end());
+            // What the line would have defined is not missed below.
+            for (std::size_t at = 0; at < line.size(); ++at) {
+                const std::size_t start = at;
+                while (at < line.size() &&
+                       std::string_view(" \t:,=#()[]").find(line[at]) == std::string_view::npos)
+                    ++at;
+                if (at > start) doubtful_.insert(line.substr(start, at - start));
+            }
+        }
+    }
+
+    void warn(Place place, std::size_t column, const std::string &message) {
+        place.column = column;
+        program_.warnings.emplace_back(place, "warning: " + message);
+    }
+
+    // A procedure whose last instruction leads on runs into what stands behind it.
+    void leave_procedure() {
+        if (leads_on_)
+            warn(procedure_place_, procedure_place_.column,
+                 "this procedure runs on into what follows it; end it with return, goto, stop or chain");
+        leads_on_ = false;
+    }
+
+    void warn_of_unreachable() {
+        const bool none = starts_.empty() && entries_.empty() && !program_.lines.empty() && !whole_file_;
+        const bool before = !starts_.empty() && entries_.empty() && !program_.lines.empty() &&
+                            std::ranges::none_of(starts_, [&](const auto &start) {
+                                return start.second <= program_.lines.begin()->first;
+                            });
+        if (none || before)
+            warn(first_place_, 0, "no procedure begins before this instruction, so nothing runs it");
+    }
+
     // ---- Statements ----
 
     void statement(Line &line, int depth) {
@@ -79,33 +142,53 @@ class Assembler {
             const Token name = line.take();
             line.take();
             define(line, name, {Symbol::Kind::label, here(), 0, {}});
+            leads_on_ = leads_on_ || (scope_ > 0 && here() > procedure_start_);
         }
         if (line.done()) return;
         const Token word = line.expect(Token::Kind::word, "an instruction");
-        if (word.text == "include") return include(line, depth);
-        if (word.text == "const") return define_constant(line);
-        if (word.text == "var") return define_variable(line);
-        if (word.text == "command") return define_command(line);
-        if (word.text == "file") return whole_file(line);
-        if (whole_file_) line.fail(word.column, kNothingElse);
-        if (word.text == "proc") return procedure(line);
-        if (word.text == "data") return data(line);
-        if (word.text == "op") return raw_instruction(line);
-        if (word.text == kIfWord) return if_instruction(line);
-        if (word.text == "header") return header(line);
-        if (word.text == "procs") {
-            procedures_ = bounded(line, "the number of procedures", 0, kMostProcedures);
-            return;
+        const auto meaning = directive(word.text);
+        if (whole_file_ && (!meaning || emits(*meaning))) line.fail(word.column, kNothingElse);
+        if (!meaning) return plain_instruction(line, word);
+        switch (*meaning) {
+            case Directive::include: return include(line, depth);
+            case Directive::constant: return define_constant(line);
+            case Directive::variable: return define_variable(line);
+            case Directive::command: return define_command(line);
+            case Directive::procedure: return procedure(line);
+            case Directive::raw: return raw_instruction(line);
+            case Directive::data: return data(line);
+            case Directive::header: return header(line);
+            case Directive::count:
+                procedures_ = bounded(line, "the number of procedures", 0, kMostProcedures);
+                return;
+            case Directive::entry: return entry(line);
+            case Directive::size: stated_size_ = immediate(line); return;
+            case Directive::file: return whole_file(line);
+            case Directive::if_: return if_instruction(line);
         }
-        if (word.text == "entry") return entry(line);
-        if (word.text == "size") {
-            stated_size_ = immediate(line);
-            return;
+    }
+
+    // Whether a source that gives the whole file cannot have it.
+    static bool emits(Directive directive) {
+        switch (directive) {
+            case Directive::include:
+            case Directive::constant:
+            case Directive::variable:
+            case Directive::command:
+            case Directive::file: return false;
+            default: return true;
         }
+    }
+
+    void plain_instruction(Line &line, const Token &word) {
         if (const Instruction *instruction = find_instruction(word.text)) return emit(line, *instruction);
-        line.fail(word.column, "there is no instruction \"" + word.text +
-                                   "\"; the game's own are declared with: command 24 " + word.text +
-                                   " number");
+        std::vector<std::string> words = statement_words();
+        for (const auto &[name, command] : program_.commands) words.push_back(name);
+        const std::string nearest = tool::suggestion(word.text, words);
+        line.fail(word.column, "there is no instruction \"" + word.text + '"' +
+                                   (nearest.empty() ? "; the game's own are declared with: command 24 " +
+                                                          word.text + " number"
+                                                    : nearest));
     }
 
     void include(Line &line, int depth) {
@@ -125,9 +208,14 @@ class Assembler {
 
     void define_variable(Line &line) {
         const Token name = line.expect(Token::Kind::word, "a name");
-        if (line.accept("="))
+        if (line.next_is("="))
+            line.fail(line.peek().column,
+                      "a variable has no value to begin with; for its place write: var " + name.text + " #5");
+        if (line.accept("#"))
             next_variable_ =
                 bounded(line, "the index of a variable", 0, std::numeric_limits<std::int32_t>::max());
+        if (const std::string taken = program_.variable_name(next_variable_); !taken.empty())
+            warn(line.place(), name.column, '"' + name.text + "\" has the same place as \"" + taken + '"');
         define(line, name, {Symbol::Kind::variable, next_variable_++, 0, {}});
     }
 
@@ -154,7 +242,10 @@ class Assembler {
     }
 
     void procedure(Line &line) {
+        leave_procedure();
         ++scope_;
+        procedure_place_ = line.place();
+        procedure_start_ = here();
         const Token first = line.peek();
         if (first.kind == Token::Kind::number)
             next_procedure_ = bounded(line, "the number of a procedure", 0, kMostProcedures - 1);
@@ -172,6 +263,7 @@ class Assembler {
     }
 
     void data(Line &line) {
+        leads_on_ = false;
         do {
             const Token token = line.peek();
             if (token.kind == Token::Kind::string || token.kind == Token::Kind::bytes) {
@@ -213,6 +305,9 @@ class Assembler {
     template <class Write>
     void instruction(Line &line, std::uint8_t opcode, Write write) {
         const std::size_t start = code_.size();
+        if (program_.lines.empty()) first_place_ = line.place();
+        program_.lines.emplace(static_cast<std::uint32_t>(start), brief(line.place()));
+        leads_on_ = scope_ > 0 && !ends_procedure(opcode);
         code_.push_back(opcode);
         code_.push_back(0);
         write();
@@ -222,13 +317,35 @@ class Assembler {
         code_[start + 1] = static_cast<std::uint8_t>(length);
     }
 
+    static bool ends_procedure(std::uint8_t opcode) {
+        return opcode == script::kReturn || opcode == script::kEnd || opcode == script::kGoto ||
+               opcode == script::kChain || opcode == script::kStop;
+    }
+
     void emit(Line &line, const Instruction &form) {
+        if (form.opcode == script::kChain) check_chain(line);
         instruction(line, form.opcode, [&] {
             for (std::size_t i = 0; i < form.operands.size(); ++i) {
                 if (i > 0) line.expect(",");
+                const std::size_t before = pending_.size();
                 operand(line, form.operands[i]);
+                if (form.operands[i] == Operand::procedure && pending_.size() > before)
+                    pending_.back().procedure_for = form.opcode == script::kCall ? Reach::call : Reach::any;
             }
         });
+    }
+
+    void check_chain(const Line &line) {
+        const Token &name = line.peek();
+        if (name.kind != Token::Kind::string) return;
+        if (name.bytes.size() > kLongestScriptName)
+            warn(line.place(), name.column,
+                 "this name takes " + std::to_string(name.bytes.size()) +
+                     " bytes; a script's name has at most 79");
+        if (std::ranges::any_of(name.bytes,
+                                [](char byte) { return static_cast<unsigned char>(byte) < 0x20; }))
+            warn(line.place(), name.column,
+                 "this name holds a control character; a backslash in a name is written \\\\");
     }
 
     // The place where a false comparison leads stands first in the code, last in the source.
@@ -324,7 +441,14 @@ class Assembler {
     const Symbol &find(const Token &name, const Place &place, int scope) const {
         const auto found = program_.symbols.find(key(name.text, scope));
         if (found != program_.symbols.end()) return found->second;
-        fail(place, name.column, "there is no \"" + name.text + '"');
+        if (doubtful_.contains(name.text)) throw Missing{};
+        std::vector<std::string> names;
+        for (const auto &[known, symbol] : program_.symbols)
+            if (const std::size_t mark = known.find('@'); mark == std::string::npos)
+                names.push_back(known);
+            else if (known.substr(mark + 1) == std::to_string(scope))
+                names.push_back(known.substr(0, mark));
+        fail(place, name.column, "there is no \"" + name.text + '"' + tool::suggestion(name.text, names));
     }
 
     [[noreturn]] static void fail(Place place, std::size_t column, const std::string &message) {
@@ -369,11 +493,17 @@ class Assembler {
 
         const std::int64_t value = pending.expression.value(pending.place, [&](const Token &name) {
             const Symbol &symbol = find(name, pending.place, pending.scope);
+            if (symbol.kind == Symbol::Kind::label && pending.procedure_for != Reach::none)
+                fail_at(name.column, '"' + name.text + "\" is a label; a procedure is meant here");
             if (symbol.kind == Symbol::Kind::variable && !index_wanted)
                 fail_at(name.column, '"' + name.text + "\" is a variable, whose value is not known here");
             const bool place_wanted = symbol.kind == Symbol::Kind::procedure && form == Form::word;
             return place_wanted ? symbol.start : symbol.value;
         });
+        if (pending.procedure_for != Reach::none && form == Form::constant) check_procedure(pending, value);
+        if (form == Form::by_variable && value >= script::kReadableVariables)
+            warn(pending.place, pending.expression.column(),
+                 "variables from 16000 on are 0 wherever their value is read");
         std::uint8_t *to = code_.data() + pending.at;
         if (form == Form::byte) {
             if (value < 0 || value > 255) fail_at(pending.expression.column(), "expected 0 to 255");
@@ -382,6 +512,16 @@ class Assembler {
         }
         if (form != Form::word) *to++ = form == Form::constant ? script::kConstant : script::kVariable;
         put_u32(to, static_cast<std::uint32_t>(value));
+    }
+
+    void check_procedure(const Pending &pending, std::int64_t number) {
+        const bool entered = std::ranges::any_of(
+            entries_, [number](const TableEntry &given) { return given.procedure == number; });
+        if (!starts_.contains(number) && !entered)
+            warn(pending.place, pending.expression.column(),
+                 "there is no procedure " + std::to_string(number));
+        else if (pending.procedure_for == Reach::call && number >= script::kCallableProcedures)
+            warn(pending.place, pending.expression.column(), "only procedures 0 to 1023 can be called");
     }
 
     // ---- The file ----
@@ -429,6 +569,11 @@ class Assembler {
     std::int64_t next_variable_ = 0, next_procedure_ = 0, procedures_ = 0;
     int scope_ = 0;
     bool whole_file_ = false;
+    Place procedure_place_, first_place_;  // of the procedure at hand, and of the first instruction
+    std::int64_t procedure_start_ = 0;
+    bool leads_on_ = false;  // from the last instruction of the procedure to what follows
+    std::vector<SourceError> errors_;
+    std::set<std::string> doubtful_;  // words of lines that were wrong
 };
 
 }  // namespace

@@ -12,7 +12,7 @@ namespace ink::mac {
 // The text of a file that a source includes; empty when it cannot be read.
 using ReadSource = std::function<std::optional<std::string>(const std::string &name)>;
 
-// Throws SourceError for the first thing that is wrong.
+// Throws SourceErrors for what is wrong, up to twenty places.
 Program assemble(const std::string &name, const std::string &text, const ReadSource &read);
 
 }  // namespace ink::mac

@@ -1,15 +1,13 @@
 // ink mac: builds scripts, lists them, tries them out.
+#include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
-#include <iterator>
 #include <memory>
-#include <optional>
 #include <string>
 
-#include "commands.h"
-#include "mac/assembler.h"
-#include "mac/diagnostic.h"
+#include "command_line.h"
+#include "files/file.h"
+#include "mac/declarations.h"
 #include "mac/disassembler.h"
 #include "mac/runner.h"
 
@@ -17,121 +15,68 @@ namespace ink::tool {
 namespace {
 namespace fs = std::filesystem;
 
-std::optional<std::string> read(const std::string &name) {
-    std::ifstream file(name, std::ios::binary);
-    std::string text(std::istreambuf_iterator<char>(file), {});
-    if (!file.is_open() || fs::is_directory(name)) return std::nullopt;
-    return text;
-}
-
-std::string read_or_fail(const std::string &name) {
-    auto text = read(name);
-    if (!text) throw std::runtime_error("cannot read " + name);
-    return *std::move(text);
-}
-
-void write(const std::string &name, std::string_view bytes) {
-    std::ofstream file(name, std::ios::binary);
-    if (!file.write(bytes.data(), static_cast<std::streamsize>(bytes.size())).flush())
-        throw std::runtime_error("cannot write " + name);
-}
-
-mac::Program assemble(const std::string &name) {
-    return mac::assemble(name, read_or_fail(name), read);
-}
-
-std::string_view as_text(const std::vector<std::uint8_t> &bytes) {
-    return {reinterpret_cast<const char *>(bytes.data()), bytes.size()};
-}
-
 struct Arguments {
     std::string input, output, declarations;
     mac::RunOptions run;
 };
 
-mac::Program declarations(const Arguments &arguments) {
-    if (arguments.declarations.empty()) return {};
-    mac::Program program = assemble(arguments.declarations);
-    if (program.file.size() != mac::assemble("", "", read).file.size())
-        throw std::runtime_error(arguments.declarations +
-                                 " has procedures or instructions; it may only declare names");
-    return program;
-}
-
 void build(const Arguments &arguments) {
-    const mac::Program program = assemble(arguments.input);
+    const mac::Program program = mac::assemble_file(arguments.input);
     const std::string output = arguments.output.empty()
                                    ? fs::path(arguments.input).replace_extension(".mac").string()
                                    : arguments.output;
-    if (output == arguments.input)
-        throw std::runtime_error("the script would replace its source; name another with -o");
-    write(output, as_text(program.file));
+    write_bytes(path_of(output), program.file);
 }
 
 void dump(const Arguments &arguments) {
-    const std::string file = read_or_fail(arguments.input);
+    const Bytes file = read_bytes(path_of(arguments.input));
     // Inclusions are relative to the file they stand in.
     const fs::path folder = fs::path(arguments.output).parent_path();
     const std::string include =
         arguments.declarations.empty()
             ? ""
             : fs::proximate(arguments.declarations, folder.empty() ? fs::path(".") : folder).generic_string();
-    const std::string source = mac::disassemble(
-        {reinterpret_cast<const std::uint8_t *>(file.data()), file.size()}, declarations(arguments), include);
-    if (arguments.output.empty())
-        std::cout << source;
-    else
-        write(arguments.output, source);
+    const std::string source =
+        mac::disassemble(file, mac::read_declarations(arguments.declarations), include);
+    write_text(arguments.output.empty() ? kStream : path_of(arguments.output), source);
 }
 
 void run(const Arguments &arguments) {
-    const std::string file = read_or_fail(arguments.input);
+    const Bytes file = read_bytes(path_of(arguments.input));
     mac::Program program;
     // A script's header has bytes of zero, a source has none.
-    if (file.find('\0') == std::string::npos) {
-        program = mac::assemble(arguments.input, file, read);
+    if (std::ranges::find(file, 0) == file.end()) {
+        program = mac::assemble_file(arguments.input);
     } else {
-        program = declarations(arguments);
-        program.file.assign(file.begin(), file.end());
+        program = mac::read_declarations(arguments.declarations);
+        program.file = file;
     }
     mac::run(program, arguments.run, std::cout);
-}
-
-// Errors in a source are told as compilers tell them, so that editors find the place.
-template <class Action>
-auto reporting(Action action, std::shared_ptr<Arguments> arguments) {
-    return [action, arguments] {
-        try {
-            action(*arguments);
-        } catch (const mac::SourceError &error) {
-            std::cerr << error.what() << '\n';
-            throw CLI::RuntimeError(1);
-        }
-    };
 }
 
 }  // namespace
 
 void add_mac(CLI::App &app) {
-    CLI::App &mac = *app.add_subcommand("mac", "Scripts: builds them, lists them, tries them out");
-    mac.require_subcommand(1);
+    CLI::App &mac = *add_group(app, "mac", "Scripts: builds them, lists them, tries them out");
     const auto arguments = std::make_shared<Arguments>();
+    const char *const declarations = "A source that declares the game's commands and variables";
 
-    CLI::App &builder = *mac.add_subcommand("build", "Makes a script file of a source");
+    CLI::App &builder =
+        *add_command(mac, "build", "Make a script file of a source", {"ink mac build gate.mas"});
     builder.add_option("source", arguments->input, "The source")->required();
     builder.add_option("-o,--output", arguments->output, "The script file (the source's name with .mac)");
-    builder.callback(reporting(build, arguments));
+    builder.callback([arguments] { build(*arguments); });
 
     CLI::App &dumper =
-        *mac.add_subcommand("dump", "Makes a source of a script file, which builds to the same bytes");
+        *add_command(mac, "dump", "Make a source of a script file, which builds to the same bytes",
+                     {"ink mac dump gate.mac -d commands.mas -o gate.mas"});
     dumper.add_option("script", arguments->input, "The script file")->required();
     dumper.add_option("-o,--output", arguments->output, "The source (standard output)");
-    dumper.add_option("-d,--declarations", arguments->declarations,
-                      "A source that declares the game's commands and variables");
-    dumper.callback(reporting(dump, arguments));
+    dumper.add_option("-d,--declarations", arguments->declarations, declarations);
+    dumper.callback([arguments] { dump(*arguments); });
 
-    CLI::App &runner =
-        *mac.add_subcommand("run", "Runs a procedure and shows the commands it gives the game");
+    CLI::App &runner = *add_command(mac, "run", "Run a procedure and show the commands it gives the game",
+                                    {"ink mac run gate.mas -p main -s gold=20"});
     runner.add_option("script", arguments->input, "The script file or its source")->required();
     runner.add_option("-p,--procedure", arguments->run.procedure, "Number or name (0)");
     runner.add_option("-s,--set", arguments->run.settings, "A variable's value before, as NAME=VALUE");
@@ -139,9 +84,8 @@ void add_mac(CLI::App &app) {
                       "How many variables there are at least (100)");
     runner.add_option("-l,--limit", arguments->run.limit,
                       "Instructions after which the run is broken off (10000000)");
-    runner.add_option("-d,--declarations", arguments->declarations,
-                      "For a script file: a source that declares the game's commands and variables");
-    runner.callback(reporting(run, arguments));
+    runner.add_option("-d,--declarations", arguments->declarations, declarations);
+    runner.callback([arguments] { run(*arguments); });
 }
 
 }  // namespace ink::tool

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <utility>
 
 #include "script/instruction_set.h"
@@ -39,8 +40,14 @@ constexpr std::pair<std::string_view, std::uint8_t> kComparisons[] = {
     {"!=", script::kNotEqual},
 };
 
-constexpr std::string_view kDirectives[] = {"include", "const", "var",   "command", "proc", "op",   "data",
-                                            "header",  "procs", "entry", "size",    "file", "else", kIfWord};
+constexpr std::pair<std::string_view, Directive> kDirectives[] = {
+    {"include", Directive::include}, {"const", Directive::constant}, {"var", Directive::variable},
+    {"command", Directive::command}, {"proc", Directive::procedure}, {"op", Directive::raw},
+    {"data", Directive::data},       {"header", Directive::header},  {"procs", Directive::count},
+    {"entry", Directive::entry},     {"size", Directive::size},      {"file", Directive::file},
+    {kIfWord, Directive::if_},
+};
+constexpr std::string_view kElseWord = "else";
 
 }  // namespace
 
@@ -73,8 +80,25 @@ std::optional<std::string_view> comparison(std::uint8_t byte) {
 }
 
 bool is_reserved(std::string_view word) {
-    return built_in(word) != nullptr || operand_kind(word) ||
-           std::ranges::find(kDirectives, word) != std::end(kDirectives);
+    return built_in(word) != nullptr || operand_kind(word) || directive(word) || word == kElseWord;
+}
+
+std::optional<Directive> directive(std::string_view word) {
+    for (const auto &[text, meaning] : kDirectives)
+        if (text == word) return meaning;
+    return std::nullopt;
+}
+
+std::vector<std::string> statement_words() {
+    std::vector<std::string> words;
+    for (const auto &[text, meaning] : kDirectives) words.emplace_back(text);
+    for (const Instruction &instruction : kBuiltIn) words.push_back(instruction.name);
+    return words;
+}
+
+std::string Program::line_of(std::int64_t place) const {
+    const auto after = place < 0 ? lines.begin() : lines.upper_bound(static_cast<std::uint32_t>(place));
+    return after == lines.begin() ? "" : " (" + std::prev(after)->second + ')';
 }
 
 const Instruction *Program::command(std::uint8_t opcode) const {

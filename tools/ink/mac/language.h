@@ -9,9 +9,11 @@
 #include <string_view>
 #include <vector>
 
-#include "mac/diagnostic.h"
+#include "files/source.h"
 
 namespace ink::mac {
+
+using tool::brief;
 
 enum class Operand {
     number,     // a constant or the value of a variable
@@ -35,7 +37,28 @@ struct Instruction {
 const Instruction *built_in(std::string_view name);
 const Instruction *built_in(std::uint8_t opcode);
 
+// The words that begin every other statement. "if" is one, too: its operands have a form of their own.
+enum class Directive {
+    include,
+    constant,
+    variable,
+    command,
+    procedure,
+    raw,
+    data,
+    header,
+    count,
+    entry,
+    size,
+    file,
+    if_
+};
+std::optional<Directive> directive(std::string_view word);
+
 inline constexpr std::string_view kIfWord = "if";
+
+// Every word that may begin a statement, but the game's own.
+std::vector<std::string> statement_words();
 
 // The comparison of "if" as written, by its byte and back.
 std::optional<std::uint8_t> comparison(std::string_view text);
@@ -55,10 +78,14 @@ struct Symbol {
 // A script file and what its source called things. Local labels have no name outside.
 struct Program {
     std::vector<std::uint8_t> file;
+    std::vector<tool::SourceError> warnings;     // what is allowed and hardly meant
+    std::map<std::uint32_t, std::string> lines;  // by where their instructions start in the code
     std::map<std::string, Symbol> symbols;
     std::map<std::string, Instruction> commands;
 
     const Instruction *command(std::uint8_t opcode) const;
+    // The line of the instruction at that place or before it, as " (file:line)"; empty when there is none.
+    std::string line_of(std::int64_t place) const;
     // The name of the variable with that index; empty when it has none.
     std::string variable_name(std::int64_t index) const;
 };

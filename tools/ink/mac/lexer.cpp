@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <optional>
 
 #include "charset/big5.h"
 
@@ -25,6 +26,26 @@ bool begins_word(char c) {
 }
 bool is_blank(char c) {
     return c == ' ' || c == '\t';
+}
+
+// Characters of Chinese typing that look like one of the language's: their UTF-8, and what is meant.
+struct Lookalike {
+    std::string_view text;
+    char meant;
+};
+constexpr Lookalike kLookalikes[] = {
+    {"\u3000", ' '}, {"\u3001", ','}, {"\u2018", '\''}, {"\u2019", '\''}, {"\u201C", '"'}, {"\u201D", '"'},
+};
+
+// The same for the wide forms of ASCII characters, but letters, which names may be made of.
+std::optional<Lookalike> lookalike(std::string_view text) {
+    for (const Lookalike &known : kLookalikes)
+        if (text.starts_with(known.text)) return known;
+    if (text.size() < 3 || text[0] != '\xEF' || (text[1] != '\xBC' && text[1] != '\xBD')) return std::nullopt;
+    const int meant = (text[1] == '\xBC' ? 0x20 : 0x60) + (static_cast<unsigned char>(text[2]) & 0x3F);
+    const bool letter = (meant >= 'A' && meant <= 'Z') || (meant >= 'a' && meant <= 'z');
+    if (meant > '~' || letter) return std::nullopt;
+    return Lookalike{text.substr(0, 3), static_cast<char>(meant)};
 }
 
 class Lexer {
@@ -54,6 +75,10 @@ class Lexer {
         Token token;
         token.column = at_;
         if (done() || peek() == ';') return token;
+        if (const auto wide = lookalike(line_.substr(at_)))
+            fail(at_, '"' + std::string(wide->text) + "\" is a character of another width; write " +
+                          (wide->meant == ' ' ? std::string("a plain blank")
+                                              : '"' + std::string(1, wide->meant) + '"'));
         if (is_digit(peek()))
             number(token);
         else if (begins_word(peek()))
@@ -87,7 +112,7 @@ class Lexer {
     void word(Token &token) {
         token.kind = Token::Kind::word;
         ++at_;
-        while (begins_word(peek()) || is_digit(peek())) ++at_;
+        while ((begins_word(peek()) || is_digit(peek())) && !lookalike(line_.substr(at_))) ++at_;
     }
 
     // A character after a backslash, or as it is; its Big5 bytes.

@@ -8,9 +8,13 @@
 #include <string_view>
 #include <vector>
 
-#include "mac/diagnostic.h"
+#include "files/source.h"
 
 namespace ink::mac {
+
+using tool::begins_character;
+using tool::Place;
+using tool::SourceError;
 
 struct Token {
     enum class Kind {

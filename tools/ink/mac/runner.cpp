@@ -2,48 +2,24 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstddef>
 #include <cstring>
-#include <filesystem>
-#include <fstream>
-#include <random>
 #include <sstream>
 #include <stdexcept>
 #include <system_error>
 
 #include "charset/big5.h"
 #include "core/reader.h"
+#include "files/workshop.h"
 #include "inkstone/host.h"
 #include "inkstone/mac.h"
-#include "mac/diagnostic.h"
 #include "script/instruction_set.h"
 
 namespace ink::mac {
 namespace {
-namespace fs = std::filesystem;
-
 constexpr UINT kLimitTimer = 1;
 // The headless machine's clock moves on by one microsecond with each instruction.
 constexpr std::uint32_t kInstructionsPerMillisecond = 1000;
-
-// A folder of its own for the script and its log, removed afterwards.
-class Folder {
-  public:
-    Folder() {
-        std::random_device random;
-        do path_ = fs::temp_directory_path() / ("ink-mac-" + std::to_string(random()));
-        while (!fs::create_directory(path_));
-    }
-    ~Folder() {
-        std::error_code ignored;
-        fs::remove_all(path_, ignored);
-    }
-    Folder(const Folder &) = delete;
-    Folder &operator=(const Folder &) = delete;
-    const fs::path &path() const { return path_; }
-
-  private:
-    fs::path path_;
-};
 
 // What the callback and the window procedure, which take no argument of ours, work with.
 struct Trace {
@@ -54,16 +30,6 @@ struct Trace {
 };
 Trace *trace = nullptr;
 
-std::string in_utf8(std::string_view big5) {
-    std::string text;
-    while (!big5.empty()) {
-        const std::size_t bytes = static_cast<unsigned char>(big5[0]) >= 0x80 && big5.size() > 1 ? 2 : 1;
-        text += tool::character_of_big5(big5.substr(0, bytes)).value_or("?");
-        big5.remove_prefix(bytes);
-    }
-    return text;
-}
-
 std::string next_operand(Operand kind) {
     switch (kind) {
         case Operand::number:
@@ -73,12 +39,15 @@ std::string next_operand(Operand kind) {
             const std::string name = trace->program->variable_name(index);
             return name.empty() ? '#' + std::to_string(index) : name;
         }
-        case Operand::offset: return std::to_string(MAC_get_long());
+        case Operand::offset: {
+            const std::int32_t to = MAC_get_long();
+            return std::to_string(to) + trace->program->line_of(to);
+        }
         case Operand::character: return std::to_string(MAC_get_char());
         case Operand::string: break;
     }
     const char *text = MAC_get_string();
-    return text != nullptr ? '"' + in_utf8(text) + '"' : "(no string)";
+    return text != nullptr ? '"' + tool::from_big5(text) + '"' : "(no string)";
 }
 
 std::int32_t command(std::uint8_t opcode) {
@@ -122,6 +91,16 @@ std::int32_t number_or_name(const Program &program, Symbol::Kind kind, const std
     return known ? static_cast<std::int32_t>(found->second.value) : number(text, what);
 }
 
+void require_procedure(const Program &program, std::int32_t number) {
+    Reader reader(program.file);
+    reader.seek(script::kProcedureCountAt);
+    const std::uint32_t count = reader.u32();
+    const auto wanted = static_cast<std::uint32_t>(number);
+    reader.seek(script::kFileHeader + 4 * std::size_t{wanted});
+    if (wanted >= count || reader.i32() < 0 || !reader.ok())
+        throw std::runtime_error("there is no procedure " + std::to_string(number));
+}
+
 std::uint32_t variable_count(const Program &program, std::uint32_t at_least) {
     std::int64_t count = at_least;
     for (const auto &[name, symbol] : program.symbols)
@@ -129,13 +108,16 @@ std::uint32_t variable_count(const Program &program, std::uint32_t at_least) {
     return static_cast<std::uint32_t>(count);
 }
 
-void set_variables(const Program &program, const std::vector<std::string> &settings) {
+void set_variables(const Program &program, std::uint32_t count, const std::vector<std::string> &settings) {
     for (const std::string &setting : settings) {
         const std::size_t equals = setting.find('=');
         if (equals == std::string::npos)
             throw std::runtime_error("\"" + setting + "\" is not of the form NAME=VALUE");
         const std::int32_t index =
             number_or_name(program, Symbol::Kind::variable, setting.substr(0, equals), "variable");
+        if (index < 0 || static_cast<std::uint32_t>(index) >= count)
+            throw std::runtime_error("there is no variable " + std::to_string(index) + "; there are " +
+                                     std::to_string(count) + ", more with --variables");
         MAC_set_variable(index, number(std::string_view(setting).substr(equals + 1), "value"));
     }
 }
@@ -146,6 +128,16 @@ std::string meaning(std::int32_t result) {
     if (result == -1) return "the script stopped itself";
     if (result == -2) return "the script left its code";
     return std::string("the script goes on in ") + reinterpret_cast<const char *>(trace->state.data());
+}
+
+// The line at which a run ended that did not come to its end: the record has where the next one would be.
+std::string last_line(std::int32_t result) {
+    if ((result == 0 && !trace->broken_off) || trace->state.size() < sizeof(MAC_INFO_STRUCT)) return {};
+    const auto code_size =
+        static_cast<std::int32_t>(get_u32(trace->state.data() + offsetof(MAC_INFO_STRUCT, size)));
+    const auto position =
+        static_cast<std::int32_t>(get_u32(trace->state.data() + offsetof(MAC_INFO_STRUCT, position)));
+    return position > 0 && position <= code_size ? trace->program->line_of(position - 1) : "";
 }
 
 void show_variables() {
@@ -163,22 +155,20 @@ void show_variables() {
 }  // namespace
 
 void run(const Program &program, const RunOptions &options, std::ostream &out) {
-    const Folder folder;
-    const std::string place = folder.path().string();
-    std::ofstream(folder.path() / "script.mac", std::ios::binary)
-        .write(reinterpret_cast<const char *>(program.file.data()),
-               static_cast<std::streamsize>(program.file.size()));
+    const tool::Workshop workshop;
+    workshop.put("script.mac", program.file);
     const std::int32_t procedure =
         number_or_name(program, Symbol::Kind::procedure, options.procedure, "procedure");
 
     Trace running{&program, &out, {}, false};
     trace = &running;
+    require_procedure(program, procedure);
+    const std::uint32_t variables = variable_count(program, options.variables);
     if (HOST_choose("headless") != 0)
         throw std::runtime_error("scripts are tried out on the headless machine only");
-    if (MAC_init(place.c_str(), place.c_str(), variable_count(program, options.variables), command) != 0 ||
-        MAC_load("script.mac") != 0)
+    if (MAC_init(".", ".", variables, command) != 0 || MAC_load("script.mac") != 0)
         throw std::runtime_error("the script cannot be loaded");
-    set_variables(program, options.settings);
+    set_variables(program, variables, options.settings);
 
     const HWND window = HOST_open_window("ink", 1, 1, break_off);
     HOST_set_timer_resolution(1);
@@ -189,11 +179,11 @@ void run(const Program &program, const RunOptions &options, std::ostream &out) {
     MAC_free();
 
     // The first line of the log tells that the script was loaded.
-    std::ifstream log(folder.path() / "ERROR.MSG");
+    std::istringstream log(workshop.log());
     std::string line;
     std::getline(log, line);
     while (std::getline(log, line)) out << "log: " << line << '\n';
-    out << "result " << result << ": " << meaning(result) << '\n';
+    out << "result " << result << ": " << meaning(result) << last_line(result) << '\n';
     show_variables();
     trace = nullptr;
 }

@@ -1,0 +1,33 @@
+// Any bytes as a file that ink info is asked about, and as an animation: known, refused or damaged, but read. The
+// first byte chooses what the name ends in.
+#include <array>
+#include <cstdlib>
+#include <stdexcept>
+
+#include "animation/formats.h"
+#include "info/report.h"
+#include "picture/picture_file.h"
+#include "png/png_file.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
+    using namespace ink::tool;
+    if (size == 0 || size > 1 << 16) return 0;
+    const Bytes file(data + 1, data + size);
+    const char *const names[] = {"-", "a.FON"};
+    try {
+        if (const auto report = describe(file, names[data[0] % 2])) {
+            if (report->format.empty() || page_of("a", *report).empty()) std::abort();
+            for (const auto &row : report->rows)
+                if (row.size() != report->columns.size()) std::abort();
+        }
+    } catch (const std::runtime_error &) {
+    }
+    try {
+        if (is_gif(file))
+            for (const RawFrame &frame : decode_gif(file).frames)
+                if (!frame.picture.colours) std::abort();
+        if (is_png(file)) decode_png(file);
+    } catch (const std::runtime_error &) {
+    }
+    return 0;
+}
