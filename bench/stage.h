@@ -52,26 +52,31 @@ struct Stage {
 #endif
 };
 
-// Measures draw(stage, x, y) under the name operation/who/size for every size.
+// Measures draw(stage, x, y) under the name operation/who/size.
+template <class Draw>
+void add_one(const std::string &operation, const std::string &who, int size, Draw draw,
+             void (*prepare)(Stage &) = nullptr) {
+    const std::string name = operation + "/" + who + "/" + std::to_string(size);
+    benchmark::RegisterBenchmark(name.c_str(), [=](benchmark::State &state) {
+        Stage stage(size);
+        if (prepare != nullptr) prepare(stage);
+        unsigned turn = 0;
+        for (auto _ : state) {
+            const auto x = static_cast<int>(turn * 37 % static_cast<unsigned>(kWidth - stage.w + 1));
+            const auto y = static_cast<int>(turn * 23 % static_cast<unsigned>(kHeight - stage.h + 1));
+            draw(stage, x, y);
+            benchmark::ClobberMemory();
+            turn = (turn + 1) % 16;
+        }
+        state.SetBytesProcessed(state.iterations() * stage.w * stage.h);
+    });
+}
+
+// The same for every size.
 template <class Draw>
 void add(const std::string &operation, const std::string &who, Draw draw,
          void (*prepare)(Stage &) = nullptr) {
-    for (const int size : {16, 32, 64, 256, kWidth}) {
-        const std::string name = operation + "/" + who + "/" + std::to_string(size);
-        benchmark::RegisterBenchmark(name.c_str(), [=](benchmark::State &state) {
-            Stage stage(size);
-            if (prepare != nullptr) prepare(stage);
-            unsigned turn = 0;
-            for (auto _ : state) {
-                const auto x = static_cast<int>(turn * 37 % static_cast<unsigned>(kWidth - stage.w + 1));
-                const auto y = static_cast<int>(turn * 23 % static_cast<unsigned>(kHeight - stage.h + 1));
-                draw(stage, x, y);
-                benchmark::ClobberMemory();
-                turn = (turn + 1) % 16;
-            }
-            state.SetBytesProcessed(state.iterations() * stage.w * stage.h);
-        });
-    }
+    for (const int size : {16, 32, 64, 256, kWidth}) add_one(operation, who, size, draw, prepare);
 }
 
 // The limit of every copy and fill: the system's own, row by row.

@@ -24,7 +24,7 @@ void round_trip(const std::vector<std::uint8_t> &file, const ink::mac::Program &
     try {
         if (ink::mac::assemble("source", source, read).file == file) return;
         std::fputs(source.c_str(), stderr);
-    } catch (const ink::tool::SourceError &error) {
+    } catch (const ink::tool::SourceErrors &error) {
         std::fprintf(stderr, "%s\n%s\n", source.c_str(), error.what());
     }
     std::abort();
@@ -39,7 +39,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     if (data[0] % 2 == 0) {
         try {
             file = ink::mac::assemble("source", std::string(file.begin(), file.end()), read).file;
-        } catch (const ink::tool::SourceError &) {
+        } catch (const ink::tool::SourceErrors &) {
             return 0;
         }
     }

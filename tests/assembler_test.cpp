@@ -168,11 +168,14 @@ TEST(InkMac, BuildsRunsAndListsTheExampleOfThePage) {
     EXPECT_EQ(read_file("gate.mac"), read_file("sub.mac"));
     const std::string start = "say \"守門人：「你要進城嗎？」\"\nask \"給他多少錢？\", ";
     EXPECT_EQ(ink("run gate.mas -s gold=20 -s answer=6"),
-              start + "answer\nresult 8: the script goes on in CITY.MAC (gate.mas:26)\ngold = 14\nanswer = 6\nluck = 5\n");
+              start +
+                  "answer\nresult 8: the script goes on in CITY.MAC (gate.mas:26)\ngold = 14\nanswer = "
+                  "6\nluck = 5\n");
     EXPECT_EQ(ink("run gate.mac -d commands.mas -p 0"),
               start + "#1\nsay \"「沒有 5 文錢，免談！」\"\nresult -1: the script stopped itself\n");
     write_text("loop.mas", "var n\nproc a\n.b: add n, 1\n goto .b\nproc c\n call c\n goto 99\n");
-    EXPECT_EQ(ink("run loop.mas -l 4000"), "result 0: broken off at the limit of instructions (loop.mas:3)\nn = 2000\n");
+    EXPECT_EQ(ink("run loop.mas -l 4000"),
+              "result 0: broken off at the limit of instructions (loop.mas:3)\nn = 2000\n");
     EXPECT_EQ(ink("run loop.mas -p c"),
               "log: MAC stack overflow\nlog: MAC address 99 outside code\n"
               "result -2: the script left its code (loop.mas:7)\n");

@@ -11,6 +11,7 @@
 #include "inkstone/inkstone.h"
 #include "support/blocks.h"
 #include "support/guarded.h"
+#include "support/new_process.h"
 #include "support/random_pictures.h"
 
 using test::Bytes;
@@ -170,7 +171,7 @@ TEST(Draw, TakesTheKernelsAskedFor) {
     EXPECT_EQ(kernels.copy, expected->copy);
 }
 
-TEST(Draw, GlassThatWasNeverMadeIsBlack) {
+TEST_IN_NEW_PROCESS(Draw, GlassThatWasNeverMadeIsBlack) {
     Bytes white(kWidth * kHeight, 15);
     BUF_glass_bar(0, 0, 9, 9, 3, white.data());
     EXPECT_EQ(std::count(white.begin(), white.end(), 0), 100);

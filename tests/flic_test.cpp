@@ -303,12 +303,12 @@ TEST(Ink, BuildsFilmsAndAnimations) {
     }
     ANI_free_ani(head);
     FLIC_close_flic_file();
-    EXPECT_EQ(0, std::system((ink + " can show -o a.png a.can >log").c_str()));
-    EXPECT_EQ(0, std::system((ink + " flic show -o b.png a.flc --frame 4 >log").c_str()));
-    EXPECT_TRUE(exists("a.png") && exists("b.png"));
+    EXPECT_EQ(0, std::system((ink + " can extract -o a.gif a.can >log").c_str()));
+    EXPECT_EQ(0, std::system((ink + " view --png b.png a.flc --frame 3 >log").c_str()));
+    EXPECT_TRUE(exists("a.gif") && exists("b.png"));
     EXPECT_NE(0, std::system((ink + " flic build b.flc log 2>log").c_str()));
     EXPECT_FALSE(exists("b.flc"));
-    EXPECT_EQ("PCX Header check error\n", take_log());
+    EXPECT_EQ("", take_log());
 }
 
 }  // namespace

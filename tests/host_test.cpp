@@ -12,6 +12,7 @@
 #include "inkstone/inkstone.h"
 #include "support/allocation.h"
 #include "support/calls.h"
+#include "support/new_process.h"
 
 namespace {
 
@@ -84,7 +85,7 @@ std::string time_of_day() {
     return text;
 }
 
-TEST(Host, KeepsTheSystemsTimeUntilItIsSet) {
+TEST_IN_NEW_PROCESS(Host, KeepsTheSystemsTimeUntilItIsSet) {
     // The date of one of two moments, between which midnight may lie.
     const auto date = [] {
         const std::time_t now = std::time(nullptr);
@@ -127,12 +128,14 @@ TEST(HostDeath, ServesExitHandlers) {
         test::record_calls();
         std::atexit([] {
             ExecQuitProc();
-            std::fprintf(stderr, "%s %s", test::calls.front().c_str(), test::calls.back().c_str());
+            std::fprintf(stderr, "%s ", test::calls.front().c_str());
+            for (const std::string &call : test::calls)
+                if (call.starts_with("delete_palette")) std::fputs(call.c_str(), stderr);
             HOST_observe(nullptr);
         });
         std::exit(3);
     };
-    EXPECT_EXIT(live(), testing::ExitedWithCode(3), "^stop_disc delete_palette .+$");
+    EXPECT_EXIT(live(), testing::ExitedWithCode(3), "^stop_disc delete_palette .+");
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include "inkstone/mac.h"
 #include "inkstone/runtime.h"
 #include "support/files.h"
+#include "support/new_process.h"
 #include "support/script.h"
 
 namespace {
@@ -240,7 +241,7 @@ LRESULT procedure(HWND, UINT message, WPARAM, LPARAM) {
     return 0;
 }
 
-TEST(Interpreter, AgreesWithANaiveOne) {
+TEST_IN_NEW_PROCESS(Interpreter, AgreesWithANaiveOne) {
     static const HWND window = HOST_open_window("t", 8, 8, procedure);
     const auto callback = [](std::uint8_t opcode) {
         look('c');

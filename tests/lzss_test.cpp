@@ -8,6 +8,7 @@
 #include "support/allocation.h"
 #include "support/files.h"
 #include "support/guarded.h"
+#include "support/new_process.h"
 #include "support/plain_lzss.h"
 
 namespace fs = std::filesystem;
@@ -91,7 +92,7 @@ TEST(Lzss, CodesAsWorkedOutByHand) {
 
 // One plain coder goes along with all calls: what a call leaves in the window decides some ties of the next,
 // and is what broken code copies from places that were not written yet.
-TEST(Lzss, DoesAsThePlainCoder) {
+TEST_IN_NEW_PROCESS(Lzss, DoesAsThePlainCoder) {
     std::mt19937 random(1);
     test::PlainLzss plain;
     for (unsigned i = 0; i < 150; ++i) {

@@ -12,6 +12,7 @@
 #include "inkstone/timer.h"
 #include "support/calls.h"
 #include "support/files.h"
+#include "support/new_process.h"
 
 namespace {
 
@@ -69,7 +70,7 @@ TEST(Mouse, EventsGiveTheirCodesPositionsAndFlags) {
     }
 }
 
-TEST(Mouse, CursorsAndTheirPlatformCalls) {
+TEST_IN_NEW_PROCESS(Mouse, CursorsAndTheirPlatformCalls) {
     test::record_calls();
     fnMouseInterrupt(WM_SETCURSOR, 0, 0);
     fnMouseInit(nullptr, nullptr, 10, 20, nullptr);
@@ -91,8 +92,10 @@ TEST(Mouse, CursorsAndTheirPlatformCalls) {
                      "show_cursor 1", "client_to_screen 0 40 65596", "set_cursor_position 40 65596"}));
     EXPECT_EQ(position(), At(30, 40));
     MOUSE_get_position(nullptr, nullptr);
+    MOUSE_reset();
     MOUSE_set_position(INT32_MAX, INT32_MIN);
     EXPECT_EQ(position(), At(-1, 0));
+    EXPECT_EQ(MOUSE_get_key(), 0);  // it is no event
 }
 
 TEST(Mouse, StartsAfreshWithEachInit) {

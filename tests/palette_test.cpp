@@ -16,6 +16,7 @@
 #include "inkstone/view.h"
 #include "support/files.h"
 #include "support/guarded.h"
+#include "support/new_process.h"
 
 namespace {
 
@@ -185,6 +186,7 @@ TEST(Palette, FilesKeepTheirEntriesAndNeverWriteOutside) {
 
 TEST_F(PaletteFade, StepsFromTheDisplayedPaletteToTheTarget) {
     static std::vector<Palette> seen;  // after each step, as the callback of the next one finds it
+    seen.clear();
     Palette start = filled(0), target = filled(63);
     set(start, 5, 63, 10, 20), set(target, 5, 0, 11, 20);
     display(start);
@@ -226,9 +228,12 @@ TEST_F(PaletteFade, LastsAsLongAsItsCounterAsksAndFollowsItsTarget) {
     EXPECT_LE(took, 64U * 166'000);
 }
 
-TEST_F(PaletteFade, InStepsThatWasNeverStartedIsFromBlack) {
+TEST_IN_NEW_PROCESS(Palette, FadeInStepsThatWasNeverStartedIsFromBlack) {
     const Palette bright = filled(63);
-    display(filled(40));
+    std::array<std::uint8_t, 64> pixels{};
+    WViewInit(nullptr, 0, 0, 8, 8, pixels.data());
+    WViewEnable();
+    SCR_set_palette(filled(40).data());
     PAL_fade_init(bright.data(), nullptr);
     PAL_step_fade_effect(1), PAL_step_fade_effect(1);
     EXPECT_EQ(hardware(), filled(1));

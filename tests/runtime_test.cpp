@@ -9,6 +9,7 @@
 #include "inkstone/timer.h"
 #include "support/calls.h"
 #include "support/files.h"
+#include "support/new_process.h"
 
 namespace {
 
@@ -27,34 +28,16 @@ TEST(ErrorLog, AppendsALineACall) {
     EXPECT_EQ(test::take_log(), "before\nabc\nabc\n\n\n");
 }
 
-TEST(QuitProcedures, RunNewestFirstAgainAndAgain) {
-    // In a process of its own, since what is pushed stays.
-    const auto fill = [] {
-        int places = 3;
-        PushQuitProc([] { std::fputc('1', stderr); });
-        PushQuitProc(nullptr);
-        PushQuitProc([] { std::fputc('2', stderr); });
-        while (PushQuitProc([] { std::fputc('3', stderr); }) == 0) ++places;
-        std::fprintf(stderr, "%d %d|", places, PushQuitProc([] { std::fputc('x', stderr); }));
-        ExecQuitProc();
-        std::fputc('|', stderr);
-        ExecQuitProc();
-        std::fputc('|', stderr);
-        std::exit(0);
-    };
-    // Alone in its process it finds all 64 places free.
-    EXPECT_EXIT(fill(), testing::ExitedWithCode(0), "^64 -1.3+21.3+21.$");
-}
-
-TEST(QuitProcedures, ThereIsRoomFor64) {
-    GTEST_FLAG_SET(death_test_style, "threadsafe");  // a new process, in which nothing was pushed
-    const auto count = [] {
-        int places = 0;
-        while (PushQuitProc([] {}) == 0) ++places;
-        std::exit(places);
-    };
-    EXPECT_EXIT(count(), testing::ExitedWithCode(64), "");
-    GTEST_FLAG_SET(death_test_style, "fast");
+TEST_IN_NEW_PROCESS(QuitProcedures, RunNewestFirstAgainAndAgain) {
+    ExecQuitProc();
+    EXPECT_EQ(PushQuitProc([] { trace += '1'; }), 0);
+    EXPECT_EQ(PushQuitProc([] { trace += '2'; }), 0);
+    EXPECT_EQ(PushQuitProc(nullptr), 0);
+    for (int i = 3; i < 64; ++i) EXPECT_EQ(PushQuitProc([] { trace += '3'; }), 0) << i;
+    EXPECT_EQ(PushQuitProc([] { trace += 'x'; }), -1);
+    ExecQuitProc();
+    ExecQuitProc();
+    EXPECT_EQ(trace, std::string(61, '3') + "21" + std::string(61, '3') + "21");
 }
 
 TEST(MessagePump, DispatchesAllThatWaitsAndSwallowsAQuitRequest) {

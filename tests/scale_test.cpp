@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "support/guarded.h"
+#include "support/new_process.h"
 #include "support/random_pictures.h"
 
 namespace {
@@ -102,7 +103,7 @@ TEST(Scale, AnyArgumentsEndSoonAndStayInside) {
     EXPECT_TRUE(screen.intact());
 }
 
-TEST(Scale, ZoomShowsItsWindow) {
+TEST_IN_NEW_PROCESS(Scale, ZoomShowsItsWindow) {
     Random random(32);
     const Pixels source = random_pixels(random, kWidth * kHeight);
     test::Guarded actual(kWidth * kHeight);

@@ -13,6 +13,7 @@
 #include "inkstone/runtime.h"
 #include "support/allocation.h"
 #include "support/calls.h"
+#include "support/new_process.h"
 #include "support/sound.h"
 
 namespace {
@@ -158,7 +159,7 @@ TEST(Wave, EveryRateIsResampledWell) {
     EXPECT_GT(signal_to_noise(200000, 90000, 30000), 80);
 }
 
-TEST(Wave, MakesItsPlatformCallsInOrder) {
+TEST_IN_NEW_PROCESS(Wave, MakesItsPlatformCallsInOrder) {
     test::record_calls();
     DS_init(nullptr);
     DS_init(nullptr);  // closes the device first
@@ -188,7 +189,7 @@ TEST(Wave, GetsOverLostMemoryAndUnknownStatus) {
     test::write_wave("a.wav", {5, 6});
     HOST_observe([](const char *call) -> std::int32_t {
         test::calls.emplace_back(call);
-        return test::calls.size() == 2 ? 2 : test::calls.back() == "buffer_status 1" ? 1 : 0;
+        return test::calls.size() == 2 ? 2 : test::calls.back().starts_with("buffer_status") ? 1 : 0;
     });
     EXPECT_EQ(DS_load_wave("a.wav"), 0);
     DS_start(0, 1);

@@ -30,9 +30,11 @@ std::int64_t make_span(std::int64_t start, std::int64_t end) {
 // How far the walk round the whole circle has come at an angle.
 double walk_position(double radius, std::int64_t angle) {
     const std::int64_t quarters = angle >= 90 ? angle / 90 : 0;
-    const double rest = static_cast<double>(angle - quarters * 90) * kRadians;
-    return 2 * radius * static_cast<double>(quarters) + radius - radius * std::cos(rest) +
-           radius * std::sin(rest);
+    const std::int64_t degrees = angle - quarters * 90;
+    const double whole = 2 * radius * static_cast<double>(quarters);
+    if (degrees == 0) return whole;
+    const double rest = static_cast<double>(degrees) * kRadians;
+    return whole + radius - radius * std::cos(rest) + radius * std::sin(rest);
 }
 
 // The steps of the walk along the arc. Away from the quarters the positions have fractions, and for some
@@ -113,7 +115,9 @@ class Walk {
          const WalkAxis<Number> &second)
         : place_(place), colour_(colour), radius_(radius), first_(first), second_(second) {}
 
-    void plot() const { plot(place_); }
+    void plot() const {
+        if (place_.visible()) *place_.address() = colour_;
+    }
 
     void step() {
         if (error_ >= 0) {
@@ -141,10 +145,6 @@ class Walk {
   private:
     using Axis = WalkAxis<Number>;
 
-    void plot(const Place &place) const {
-        if (place.visible()) *place.address() = colour_;
-    }
-
     void move(Axis &along, Axis &across) {
         along.sum += along.share;
         if (along.sum < radius_) return;
@@ -170,70 +170,95 @@ class Walk {
     // of the octant, where the slopes become equal or the major axis is crossed. One of the radii is the
     // circle's, so the offset moves with every step along its axis.
     std::int64_t stretch(Axis &major, Axis &minor, Number &error, std::int64_t left) {
-        if (error < -std::abs(minor.slope)) return 0;
-        if (major.share != radius_) return pairs<false, true>(major, minor, error, left);
+        constexpr std::int64_t kSmall = 4;  // where a slope may end before the slopes are equal
+        if (radius_ < kSmall || error < -std::abs(minor.slope)) return 0;
+        // One of the slopes comes from below 0 and the other goes on above, but in arcs that leave the ellipse.
+        if ((major.slope < 0) == (minor.slope < 0)) return 0;
+        return major.slope < 0 ? stretch<-2>(major, minor, error, left)
+                               : stretch<2>(major, minor, error, left);
+    }
+    template <int change>
+    std::int64_t stretch(Axis &major, Axis &minor, Number &error, std::int64_t left) {
+        if (major.share != radius_) return pairs<change, false, true>(major, minor, error, left);
         if (major.leaves_out) return 0;
-        return minor.share != radius_ ? pairs<true, false>(major, minor, error, left)
-                                      : pairs<true, true>(major, minor, error, left);
+        return minor.share != radius_ ? pairs<change, true, false>(major, minor, error, left)
+                                      : pairs<change, true, true>(major, minor, error, left);
     }
 
-    // The masks are all ones for yes: the loop has no branch but its end.
-    template <bool major_whole, bool minor_whole>
-    std::int64_t pairs(Axis &major, Axis &minor, Number &error, std::int64_t left) {
-        Number major_slope = std::abs(major.slope), minor_slope = std::abs(minor.slope);
-        const Number major_change = major.slope < 0 ? -2 : 2, minor_change = minor.slope < 0 ? -2 : 2;
+    // The masks are all ones for yes: the loop has no branch but its end. All it needs stands in variables of
+    // its own, which a pixel that is written cannot be taken to change. The major slope's size changes by so
+    // much with each step, and the minor slope's by as much the other way.
+    template <int change, bool major_whole, bool minor_whole>
+    std::int64_t pairs(Axis &major, Axis &minor, Number &sum, std::int64_t left) {
+        Number error = sum, major_slope = std::abs(major.slope), minor_slope = std::abs(minor.slope);
         std::int64_t most = left / 2;
-        if (major_change < 0) most = std::min(most, major_slope / 2 - 1);
+        if (change < 0) most = std::min(most, major_slope / 2 - 1);
         if (most <= 0) return 0;
-        const Number start = major_slope, end = start + most * major_change, minor_start = minor_slope;
+        const Number start = major_slope, end = start + most * change, minor_start = minor_slope;
 
         Place place = place_;
         const auto major_move = place.move(major.dx, major.dy), minor_move = place.move(minor.dx, minor.dy);
+        const std::uint8_t colour = colour_;
+        const std::int64_t radius = radius_, major_share = major.share, minor_share = minor.share;
         // What is missing for the next move.
-        std::int64_t major_lack = radius_ - 1 - major.sum, minor_lack = radius_ - 1 - minor.sum;
+        std::int64_t major_lack = radius - 1 - major.sum, minor_lack = radius - 1 - minor.sum;
         std::int64_t major_left_out = major.leaves_out ? -1 : 0, minor_left_out = minor.leaves_out ? -1 : 0;
-        std::uint8_t nowhere = 0, *spot = &nowhere;
-        while (major_slope != end && minor_slope >= major_slope && minor_slope > 2) {
+        // One pair's steps; whether the minor offset moves.
+        const auto step_both = [&] {
             const std::int64_t turn = error >> 63;
             error += (turn & minor_slope) - major_slope;
-            major_slope += major_change;
-            minor_slope += turn & minor_change;
-            const std::int64_t across = minor_whole ? turn : moves(minor_lack, turn & minor.share);
-            if constexpr (major_whole) {
-                // One of two places is plotted: that before the minor move, or the one after it.
-                place.go(minor_move, across & minor_left_out);
-                plot(place);
-                place.go(minor_move, across & ~minor_left_out);
+            major_slope += change;
+            minor_slope += turn * change;
+            return minor_whole ? turn : moves(minor_lack, turn & minor_share, radius);
+        };
+        const auto more = [&] { return major_slope != end && (change < 0 || minor_slope >= major_slope); };
+        if constexpr (major_whole) {
+            // The place before the minor move is plotted, and that after it left out, until an offset moves alone.
+            while (minor_left_out == 0 && more()) {
+                const std::int64_t across = step_both();
+                if (place.visible()) *place.address() = colour;
+                place.go(minor_move, across);
                 place.go(major_move);
-                minor_left_out |= ~across;
-            } else {
-                const std::int64_t before = across & ~minor_left_out;
+                minor_left_out = ~across;
+            }
+            // From then on it is the other way round.
+            while (more()) {
+                place.go(minor_move, step_both());
+                if (place.visible()) *place.address() = colour;
+                place.go(major_move);
+            }
+        } else {
+            std::uint8_t nowhere = 0, *spot = &nowhere;
+            while (more()) {
+                const std::int64_t across = step_both(), before = across & ~minor_left_out;
                 spot = choose(before, place, spot);
-                *spot = colour_;
+                *spot = colour;
                 place.go(minor_move, across);
                 major_left_out = before | (~across & major_left_out);
                 minor_left_out &= ~across;
-                const std::int64_t along = moves(major_lack, major.share), between = along & ~major_left_out;
+                const std::int64_t along = moves(major_lack, major_share, radius),
+                                   between = along & ~major_left_out;
                 spot = choose(between, place, spot);
-                *spot = colour_;
+                *spot = colour;
                 place.go(major_move, along);
                 minor_left_out = between | (~along & minor_left_out);
                 major_left_out &= ~along;
             }
         }
         place_ = place;
-        major.sum = radius_ - 1 - major_lack, minor.sum = radius_ - 1 - minor_lack;
+        sum = error;
+        major.sum = radius - 1 - major_lack, minor.sum = radius - 1 - minor_lack;
         major.leaves_out = major_left_out != 0, minor.leaves_out = minor_left_out != 0;
-        major.slope = major_change < 0 ? -major_slope : major_slope;
-        minor.slope = minor_change < 0 ? -minor_slope : minor_slope;
-        return (major_slope - start) / major_change + (minor_slope - minor_start) / minor_change;
+        major.slope = change < 0 ? -major_slope : major_slope;
+        minor.slope = change < 0 ? minor_slope : -minor_slope;
+        return (major_slope - start - (minor_slope - minor_start)) / change;
     }
 
     // Whether a step along an axis, which takes its share of what is missing, moves the offset.
-    std::int64_t moves(std::int64_t &lack, std::int64_t share) const {
+    static std::int64_t moves(std::int64_t &lack, std::int64_t share, std::int64_t radius) {
         lack -= share;
         const std::int64_t moved = lack >> 63;
-        lack += moved & radius_;
+        lack += moved & radius;
         return moved;
     }
 
@@ -250,7 +275,7 @@ class Walk {
 };
 
 bool whole(double number) {
-    return number == std::floor(number);
+    return number == static_cast<double>(static_cast<std::int64_t>(number));
 }
 
 // Whether an arc that turns clockwise from straight below lies on the surface, with room for the pixels by

@@ -38,7 +38,7 @@ class Messages {
     // Waits for the next message and takes it; false when it is the quit request, or when nothing can ever
     // come.
     virtual bool get(Message &message) = 0;
-    virtual void translate(const Message &) {}
+    virtual void translate(const Message &);
     virtual void dispatch(const Message &message) = 0;
     virtual void post(const Message &message) = 0;
     virtual void post_quit(std::int32_t exit_code) = 0;

@@ -136,5 +136,9 @@ code=0; wait "$probe_pid" || code=$?
 expect "the quit procedures run after it" "quit procedure"
 [ "$code" = 1 ] && ok "and the program ends with exit code 1" || not_ok "exit code $code instead of 1"
 
+start_mark
+SDL_AUDIODRIVER=dummy "$probe" disc >> output 2>&1
+expect "a disc is heard without a gap while it is read ahead" "disc whole"
+
 echo "$passed passed, $failed failed"
 [ "$failed" = 0 ]

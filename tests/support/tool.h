@@ -1,14 +1,14 @@
 // The authoring tool, run as a user runs it.
 #pragma once
 
-#if !defined(_WIN32)
-#include <sys/wait.h>
-#endif
-
 #include <cstdlib>
 #include <string>
 
 #include "support/files.h"
+
+#if !defined(_WIN32)
+#include <sys/wait.h>
+#endif
 
 namespace test {
 

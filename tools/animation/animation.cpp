@@ -13,7 +13,7 @@ namespace fs = std::filesystem;
 
 constexpr std::int64_t kMostPixels = 1 << 26;
 
-RawAnimation read_one(const fs::path &name) {
+RawAnimation read_one(const fs::path &name, bool placed) {
     if (name.extension() == ".sheet") return read_sheet(name);
     const Bytes file = read_bytes(name);
     if (is_gif(file)) {
@@ -24,7 +24,7 @@ RawAnimation read_one(const fs::path &name) {
         }
     }
     RawFrame frame{read_any_picture(name)};
-    if (frame.picture.indexed) {
+    if (placed && frame.picture.indexed) {
         frame.x = frame.picture.indexed->x;
         frame.y = frame.picture.indexed->y;
     }
@@ -99,10 +99,10 @@ std::pair<IndexedPicture, std::string> sheet_of(const Animation &animation, cons
 
 }  // namespace
 
-RawAnimation read_raw_animation(const std::vector<std::string> &names) {
+RawAnimation read_raw_animation(const std::vector<std::string> &names, bool placed) {
     RawAnimation all;
     for (const std::string &name : expand_patterns(names)) {
-        RawAnimation one = read_one(path_of(name));
+        RawAnimation one = read_one(path_of(name), placed);
         all.anchor_x += one.anchor_x;
         all.anchor_y += one.anchor_y;
         std::ranges::move(one.frames, std::back_inserter(all.frames));

@@ -32,9 +32,9 @@ struct RawAnimation {
     int anchor_x = 0, anchor_y = 0;
 };
 
-// Reads pictures, animated GIFs and descriptions of sheets, one after another. Throws FileError and
-// SourceError.
-RawAnimation read_raw_animation(const std::vector<std::string> &names);
+// Reads pictures, animated GIFs and descriptions of sheets, one after another. placed says that pictures lie
+// where their own files place them; descriptions place them in any case. Throws FileError and SourceError.
+RawAnimation read_raw_animation(const std::vector<std::string> &names, bool placed = true);
 
 // All frames as pictures of indices: as they are where every one has a palette and none is to be coloured
 // again, otherwise in the colours of one palette for all of them.

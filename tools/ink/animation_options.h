@@ -37,7 +37,9 @@ struct AnimationArguments {
         command.add_flag("--transparent", transparent, "Let colour 0 be transparent");
     }
 
-    Animation read() const { return coloured(read_raw_animation(frames), colouring.read()); }
+    Animation read(bool placed) const {
+        return coloured(read_raw_animation(frames, placed), colouring.read());
+    }
 
     // Writes what was built, and the palette where it is wanted.
     void write(const Bytes &file, const Animation &animation) const {

@@ -107,8 +107,9 @@ void add_manual(CLI::App &app) {
     const auto output = std::make_shared<std::string>(kStream);
     command->add_flag("--bash", *bash, "Print what makes bash complete commands and options");
     command->add_option("-o,--output", *output, "The file to write (standard output)");
-    command->callback(
-        [&app, bash, output] { write_text(path_of(*output), *bash ? bash_completion(app) : manual_page(app)); });
+    command->callback([&app, bash, output] {
+        write_text(path_of(*output), *bash ? bash_completion(app) : manual_page(app));
+    });
 }
 
 }  // namespace ink::tool

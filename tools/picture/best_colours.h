@@ -1,4 +1,4 @@
-// Which colours pictures of any colours look best in.
+// Choosing the colours of a palette.
 #pragma once
 
 #include <array>
@@ -10,8 +10,8 @@ namespace ink::tool {
 
 using Rgb = std::array<int, 3>;
 
-// At most count colours, with components of 0 to 63. Pixels that are not there have no say. Throws
-// std::runtime_error.
+// At most count colours with which the pictures look best, components of 0 to 63. Pixels that are not there
+// have no say. Throws std::runtime_error when memory runs out.
 std::vector<Rgb> best_colours(const std::vector<ColourPicture> &pictures, int count);
 
 }  // namespace ink::tool

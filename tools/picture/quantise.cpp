@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <climits>
-#include <cmath>
-#include <memory>
 #include <stdexcept>
 #include <unordered_map>
 

@@ -10,13 +10,45 @@
 #include <stdexcept>
 #include <string>
 
-#include "png/imaging.h"
 #include "png/png_file.h"
 
 namespace ink::tool {
 namespace {
 
-constexpr std::uint64_t kMostPixels = 1 << 28;
+// Fails with the words for what was tried.
+void check(HRESULT result, const char *what) {
+    if (FAILED(result)) throw std::runtime_error(what);
+}
+
+// An object of the component's, released with its owner.
+template <class Interface>
+class Com {
+  public:
+    Com() = default;
+    ~Com() {
+        if (object_ != nullptr) object_->Release();
+    }
+    Com(const Com &) = delete;
+    Com &operator=(const Com &) = delete;
+    Interface *operator->() const { return object_; }
+    Interface *get() const { return object_; }
+    Interface **to() { return &object_; }
+
+  private:
+    Interface *object_ = nullptr;
+};
+
+IWICImagingFactory &factory() {
+    static IWICImagingFactory &made = []() -> IWICImagingFactory & {
+        CoInitializeEx(nullptr, COINIT_MULTITHREADED);
+        void *object = nullptr;
+        check(CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER, IID_IWICImagingFactory,
+                               &object),
+              "Windows has no imaging component");
+        return *static_cast<IWICImagingFactory *>(object);
+    }();
+    return made;
+}
 
 std::vector<std::uint8_t> contents(IStream *stream) {
     STATSTG status{};
@@ -40,7 +72,7 @@ std::vector<std::uint8_t> encode(int width, int height, std::span<const std::uin
     Com<IWICBitmapEncoder> encoder;
     Com<IWICBitmapFrameEncode> frame;
     check(CreateStreamOnHGlobal(nullptr, TRUE, stream.to()), kWhat);
-    check(imaging().CreateEncoder(GUID_ContainerFormatPng, nullptr, encoder.to()), kWhat);
+    check(factory().CreateEncoder(GUID_ContainerFormatPng, nullptr, encoder.to()), kWhat);
     check(encoder->Initialize(stream.get(), WICBitmapEncoderNoCache), kWhat);
     check(encoder->CreateNewFrame(frame.to(), nullptr), kWhat);
     check(frame->Initialize(nullptr), kWhat);
@@ -61,11 +93,11 @@ std::vector<std::uint8_t> encode_indices(int width, int height, std::span<const 
                                          bool transparent = false) {
     std::array<WICColor, 256> colors;
     for (std::size_t i = 0; i < colors.size(); ++i)
-        colors[i] =
-            (transparent && i == 0 ? 0 : 0xFF000000U) |
-            static_cast<WICColor>(palette[3 * i] << 16 | palette[3 * i + 1] << 8 | palette[3 * i + 2]);
+        colors[i] = 0xFF000000U | static_cast<WICColor>(palette[3 * i] << 16 | palette[3 * i + 1] << 8 |
+                                                        palette[3 * i + 2]);
+    if (transparent) colors[0] &= 0xFFFFFFU;
     Com<IWICPalette> made;
-    check(imaging().CreatePalette(made.to()), "there is no memory");
+    check(factory().CreatePalette(made.to()), "there is no memory");
     check(made->InitializeCustom(colors.data(), static_cast<UINT>(colors.size())), "there is no memory");
     return encode(width, height, indices, 1, GUID_WICPixelFormat8bppIndexed, made.get());
 }
@@ -92,22 +124,24 @@ void open_frame(std::span<const std::uint8_t> file, Com<IStream> &stream, Com<IW
     check(stream->Write(file.data(), static_cast<ULONG>(file.size()), &written), "there is no memory");
     check(stream->Seek({}, STREAM_SEEK_SET, nullptr), "there is no memory");
     Com<IWICBitmapDecoder> decoder;
-    check(imaging().CreateDecoder(GUID_ContainerFormatPng, nullptr, decoder.to()), kWhat);
+    check(factory().CreateDecoder(GUID_ContainerFormatPng, nullptr, decoder.to()), kWhat);
     check(decoder->Initialize(stream.get(), WICDecodeMetadataCacheOnDemand), kWhat);
     check(decoder->GetFrame(0, frame.to()), kWhat);
 }
 
-// Its pixels as blue, green, red and opacity, row by row: the one form that every other is turned into.
-std::vector<std::uint8_t> bgra_of(IWICBitmapSource *source) {
+// Its pixels in that format, pixel_bytes each, row by row.
+std::vector<std::uint8_t> pixels_as(IWICBitmapSource *source, const WICPixelFormatGUID &format,
+                                    std::size_t pixel_bytes) {
     UINT width = 0, height = 0;
     check(source->GetSize(&width, &height), "is damaged");
     Com<IWICFormatConverter> converter;
-    check(imaging().CreateFormatConverter(converter.to()), "there is no memory");
-    check(converter->Initialize(source, GUID_WICPixelFormat32bppBGRA, WICBitmapDitherTypeNone, nullptr, 0,
+    check(factory().CreateFormatConverter(converter.to()), "there is no memory");
+    check(converter->Initialize(source, format, WICBitmapDitherTypeNone, nullptr, 0,
                                 WICBitmapPaletteTypeCustom),
           "is of an unknown kind");
-    std::vector<std::uint8_t> pixels(std::size_t{width} * 4 * height);
-    check(converter->CopyPixels(nullptr, width * 4, static_cast<UINT>(pixels.size()), pixels.data()),
+    std::vector<std::uint8_t> pixels(width * pixel_bytes * height);
+    check(converter->CopyPixels(nullptr, static_cast<UINT>(width * pixel_bytes),
+                                static_cast<UINT>(pixels.size()), pixels.data()),
           "is damaged");
     return pixels;
 }
@@ -116,26 +150,6 @@ std::vector<std::uint8_t> load(const std::filesystem::path &name) {
     std::ifstream from(name, std::ios::binary);
     if (!from) throw std::runtime_error("it cannot be opened");
     return {std::istreambuf_iterator<char>(from), {}};
-}
-
-// The frame's palette indices, of which its rows may hold several in a byte.
-std::vector<std::uint8_t> indices_of(IWICBitmapSource *source, UINT width, UINT height) {
-    WICPixelFormatGUID format{};
-    check(source->GetPixelFormat(&format), "is damaged");
-    const UINT bits = format == GUID_WICPixelFormat1bppIndexed   ? 1
-                      : format == GUID_WICPixelFormat2bppIndexed ? 2
-                      : format == GUID_WICPixelFormat4bppIndexed ? 4
-                                                                 : 8;
-    const UINT stride = (width * bits + 7) / 8;
-    std::vector<std::uint8_t> rows(std::size_t{stride} * height), indices;
-    check(source->CopyPixels(nullptr, stride, static_cast<UINT>(rows.size()), rows.data()), "is damaged");
-    for (UINT y = 0; y < height; ++y)
-        for (UINT x = 0; x < width; ++x) {
-            const std::uint8_t byte = rows[std::size_t{stride} * y + x * bits / 8];
-            indices.push_back(
-                static_cast<std::uint8_t>(byte >> (8 - bits - x * bits % 8) & ((1U << bits) - 1)));
-        }
-    return indices;
 }
 
 }  // namespace
@@ -159,8 +173,9 @@ RgbPicture read_png_rgb(const std::filesystem::path &name) {
         open_frame(load(name), stream, frame);
         UINT width = 0, height = 0;
         check(frame->GetSize(&width, &height), "is damaged");
+        // By way of the form that every other can be turned into.
+        const std::vector<std::uint8_t> bgra = pixels_as(frame.get(), GUID_WICPixelFormat32bppBGRA, 4);
         RgbPicture picture{static_cast<int>(width), static_cast<int>(height), {}};
-        const std::vector<std::uint8_t> bgra = bgra_of(frame.get());
         for (std::size_t i = 0; i < bgra.size(); i += 4)
             picture.rgb.insert(picture.rgb.end(), {bgra[i + 2], bgra[i + 1], bgra[i]});
         return picture;
@@ -173,11 +188,12 @@ std::vector<std::uint8_t> encode_png(int width, int height, std::span<const std:
 }
 
 bool is_png(std::span<const std::uint8_t> file) {
-    constexpr std::array<std::uint8_t, 8> kSignature{0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
-    return file.size() >= kSignature.size() && std::equal(kSignature.begin(), kSignature.end(), file.begin());
+    constexpr std::array<std::uint8_t, 8> kMark{0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
+    return file.size() >= kMark.size() && std::equal(kMark.begin(), kMark.end(), file.begin());
 }
 
 PngPicture decode_png(std::span<const std::uint8_t> file) {
+    constexpr std::uint64_t kMostPixels = 1 << 26;
     if (!is_png(file)) throw std::runtime_error("is no PNG file");
     Com<IStream> stream;
     Com<IWICBitmapFrameDecode> frame;
@@ -188,27 +204,39 @@ PngPicture decode_png(std::span<const std::uint8_t> file) {
     PngPicture picture;
     picture.width = static_cast<int>(width);
     picture.height = static_cast<int>(height);
-    // The kind of colours stands behind the size, in the file's first chunk: 3 is a palette's.
-    constexpr std::size_t kColourType = 25;
-    if (file.size() > kColourType && file[kColourType] == 3) {
+    WICPixelFormatGUID format{};
+    check(frame->GetPixelFormat(&format), "is damaged");
+    const std::pair<const GUID *, unsigned> indexed[] = {{&GUID_WICPixelFormat1bppIndexed, 1},
+                                                         {&GUID_WICPixelFormat2bppIndexed, 2},
+                                                         {&GUID_WICPixelFormat4bppIndexed, 4},
+                                                         {&GUID_WICPixelFormat8bppIndexed, 8}};
+    for (const auto &[guid, bits] : indexed) {
+        if (!IsEqualGUID(format, *guid)) continue;
+        const UINT stride = (width * bits + 7) / 8;
+        std::vector<std::uint8_t> rows(std::size_t{stride} * height);
+        check(frame->CopyPixels(nullptr, stride, static_cast<UINT>(rows.size()), rows.data()), "is damaged");
+        for (UINT y = 0; y < height; ++y)
+            for (UINT x = 0; x < width; ++x) {
+                const unsigned bit = x * bits;
+                const std::uint8_t byte = rows[std::size_t{y} * stride + bit / 8];
+                picture.indices.push_back(
+                    static_cast<std::uint8_t>(byte >> (8 - bits - bit % 8) & ((1U << bits) - 1)));
+            }
         Com<IWICPalette> palette;
-        std::array<WICColor, 256> colours{};
+        std::array<WICColor, 256> colors{};
         UINT count = 0;
-        check(imaging().CreatePalette(palette.to()), "there is no memory");
+        check(factory().CreatePalette(palette.to()), "there is no memory");
         check(frame->CopyPalette(palette.get()), "is damaged");
-        check(palette->GetColors(static_cast<UINT>(colours.size()), colours.data(), &count), "is damaged");
-        for (UINT i = 0; i < count; ++i) {
-            const WICColor colour = colours[i];
+        check(palette->GetColors(static_cast<UINT>(colors.size()), colors.data(), &count), "is damaged");
+        for (UINT i = 0; i < count; ++i)
             picture.palette.push_back(
-                {static_cast<std::uint8_t>(colour >> 16), static_cast<std::uint8_t>(colour >> 8),
-                 static_cast<std::uint8_t>(colour), static_cast<std::uint8_t>(colour >> 24)});
-        }
-        picture.indices = indices_of(frame.get(), width, height);
+                {static_cast<std::uint8_t>(colors[i] >> 16), static_cast<std::uint8_t>(colors[i] >> 8),
+                 static_cast<std::uint8_t>(colors[i]), static_cast<std::uint8_t>(colors[i] >> 24)});
         return picture;
     }
-    const std::vector<std::uint8_t> bgra = bgra_of(frame.get());
-    for (std::size_t i = 0; i < bgra.size(); i += 4)
-        picture.colours.push_back({bgra[i + 2], bgra[i + 1], bgra[i], bgra[i + 3]});
+    const std::vector<std::uint8_t> pixels = pixels_as(frame.get(), GUID_WICPixelFormat32bppBGRA, 4);
+    for (std::size_t i = 0; i + 3 < pixels.size(); i += 4)
+        picture.colours.push_back({pixels[i + 2], pixels[i + 1], pixels[i], pixels[i + 3]});
     return picture;
 }
 

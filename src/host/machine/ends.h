@@ -20,7 +20,7 @@ class Ends {
 
     // A window was opened, or is about to close. Returning false refuses it.
     virtual bool window_opened(Window &, const char * /*title*/) { return true; }
-    virtual void window_closing(Window &) {}
+    virtual void window_closing(HWND) {}
 
     // Called from the pump when the time it asked for last has come: collects what the user did and scans the
     // picture out. Returns when it wants to be called again, in microseconds of the machine's clock.

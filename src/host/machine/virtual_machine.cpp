@@ -84,10 +84,8 @@ void VirtualMachine::close_window(HWND handle) {
     Window *window = screen_.find(handle);
     if (window == nullptr) return;
     if (window->procedure != nullptr) std::exchange(window->procedure, nullptr)(handle, WM_DESTROY, 0, 0);
-    // The procedure may have closed it once more.
-    window = screen_.find(handle);
-    if (window == nullptr) return;
-    ends_->window_closing(*window);
+    // The procedure may have closed it once more: from here on it goes by its handle.
+    ends_->window_closing(handle);
     queue_.forget(handle);
     timers_.forget(handle);
     screen_.close(handle);

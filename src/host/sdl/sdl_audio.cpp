@@ -2,6 +2,8 @@
 
 #include <SDL.h>
 
+#include <cstdlib>
+
 #include "host/sound/loudspeaker.h"
 
 namespace ink::host {
@@ -17,9 +19,8 @@ void take(void *loudspeaker, Uint8 *bytes, int size) {
 
 }  // namespace
 
-bool SdlAudio::open(Loudspeaker &loudspeaker) {
-    initialised_ = SDL_InitSubSystem(SDL_INIT_AUDIO) == 0;
-    if (!initialised_) return false;
+bool open_audio(Loudspeaker &loudspeaker) {
+    if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) return false;
     SDL_AudioSpec wanted{};
     wanted.freq = kMixRate;
     wanted.format = AUDIO_S16SYS;
@@ -27,15 +28,13 @@ bool SdlAudio::open(Loudspeaker &loudspeaker) {
     wanted.samples = kDeviceFrames;
     wanted.callback = take;
     wanted.userdata = &loudspeaker;
-    device_ = SDL_OpenAudioDevice(nullptr, 0, &wanted, nullptr, 0);
-    if (device_ == 0) return false;
-    SDL_PauseAudioDevice(device_, 0);
+    static SDL_AudioDeviceID device = 0;
+    device = SDL_OpenAudioDevice(nullptr, 0, &wanted, nullptr, 0);
+    if (device == 0) return false;
+    SDL_PauseAudioDevice(device, 0);
+    // The loudspeaker stays, but what SDL stands on is torn down when the process ends.
+    std::atexit([] { SDL_CloseAudioDevice(device); });
     return true;
-}
-
-SdlAudio::~SdlAudio() {
-    if (device_ != 0) SDL_CloseAudioDevice(device_);
-    if (initialised_) SDL_QuitSubSystem(SDL_INIT_AUDIO);
 }
 
 }  // namespace ink::host

@@ -2,25 +2,12 @@
 // device.
 #pragma once
 
-#include <SDL_audio.h>
-
 namespace ink::host {
 
 class Loudspeaker;
 
-class SdlAudio {
-  public:
-    SdlAudio() = default;
-    SdlAudio(const SdlAudio &) = delete;
-    SdlAudio &operator=(const SdlAudio &) = delete;
-    ~SdlAudio();
-
-    // False when there is no sound device.
-    bool open(Loudspeaker &loudspeaker);
-
-  private:
-    bool initialised_ = false;
-    SDL_AudioDeviceID device_ = 0;
-};
+// Lets a device take sound from the loudspeaker from now on, on a thread of its own, until the process ends.
+// False when there is none.
+bool open_audio(Loudspeaker &loudspeaker);
 
 }  // namespace ink::host

@@ -41,8 +41,8 @@ class SdlEnds : public Ends {
         windows_.push_back(std::move(made));
         return true;
     }
-    void window_closing(Window &window) override {
-        std::erase_if(windows_, [&](const auto &made) { return made->handle() == window.handle; });
+    void window_closing(HWND window) override {
+        std::erase_if(windows_, [window](const auto &made) { return made->handle() == window; });
     }
 
     std::uint64_t service(VirtualMachine &machine, std::uint64_t now) override {
@@ -68,7 +68,7 @@ class SdlEnds : public Ends {
         return true;
     }
 
-    bool sound_wanted(Loudspeaker &loudspeaker) override { return audio_.open(loudspeaker); }
+    bool sound_wanted(Loudspeaker &loudspeaker) override { return open_audio(loudspeaker); }
 
     void message_box(HWND owner, const char *text, const char *caption) override {
         SdlWindow *made = find(owner);
@@ -212,7 +212,6 @@ class SdlEnds : public Ends {
         return cursor.get();
     }
 
-    SdlAudio audio_;
     std::vector<std::unique_ptr<SdlWindow>> windows_;
     std::map<std::int32_t, std::unique_ptr<SDL_Cursor, FreeCursor>> cursors_;
     bool switching_ = false;  // Enter is held since Alt+Enter

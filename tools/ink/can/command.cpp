@@ -15,7 +15,7 @@ struct Arguments : AnimationArguments {
 };
 
 void build(const Arguments &arguments) {
-    Animation animation = arguments.read();
+    Animation animation = arguments.read(true);
     if (arguments.trimmed) trim(animation);
     std::vector<IndexedPicture> frames;
     for (const Frame &frame : animation.frames) frames.push_back(frame.picture);

@@ -6,7 +6,7 @@
 namespace ink::tool {
 namespace {
 
-constexpr std::size_t kTable = 20, kRecord = 8, kBlockHeader = 16;
+constexpr std::size_t kRecord = 8, kBlockHeader = 16;
 constexpr std::int32_t kMostFrames = 1 << 20;
 
 // Animations have no mark of their own; their frames have one.

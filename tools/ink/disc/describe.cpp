@@ -19,7 +19,7 @@ std::optional<Report> describe_wave(const Bytes &file) {
         report.fault(4, "the file has " + std::to_string(file.size() - 8) + " more bytes and states " +
                             std::to_string(stated));
     reader.seek(12);
-    std::int64_t bytes_per_second = 0;
+    double bytes_per_second = 0;
     bool has_format = false, has_data = false;
     while (reader.left() >= 8) {
         const std::size_t at = reader.position();
@@ -37,7 +37,7 @@ std::optional<Report> describe_wave(const Bytes &file) {
             const std::uint32_t rate = chunk.u32();
             chunk.skip(6);
             const int bits = chunk.u16();
-            bytes_per_second = std::int64_t{rate} * channels * bits / 8;
+            bytes_per_second = 1.0 * rate * channels * bits / 8;
             report.add("frames a second", rate);
             report.add("channels", channels);
             report.add("bits", bits);
@@ -51,8 +51,7 @@ std::optional<Report> describe_wave(const Bytes &file) {
         } else if (name == "data" && !has_data) {
             has_data = true;
             report.add("bytes", size);
-            if (bytes_per_second > 0)
-                report.add("seconds", static_cast<double>(size) / static_cast<double>(bytes_per_second));
+            if (bytes_per_second > 0) report.add("seconds", size / bytes_per_second);
             if (!has_format) report.fault(at, "the sound stands before its format");
         }
         if (size % 2 != 0 && reader.left() > 0) reader.skip(1);

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "core/reader.h"
-#include "disc/resampling.h"
+#include "disc/resample.h"
 
 namespace ink::tool {
 namespace {
@@ -111,7 +111,7 @@ Track decode_wave(std::span<const std::uint8_t> file) {
     const Format format = read_format(Reader(format_chunk->contents));
     if (!format.known()) throw std::runtime_error("is a wave file of a form that is not known here");
 
-    const std::vector<float> samples = at_track_rate(samples_of(data_chunk->contents, format), format.rate);
+    const std::vector<float> samples = resampled(samples_of(data_chunk->contents, format), format.rate);
     Track track;
     for (std::size_t i = 0; i + 1 < samples.size(); i += 2)
         track.push_back({to_sample(samples[i]), to_sample(samples[i + 1])});

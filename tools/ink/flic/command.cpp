@@ -26,7 +26,8 @@ int time_of(const Animation &animation) {
 }
 
 void build(const Arguments &arguments) {
-    const Animation animation = arguments.read();
+    // A film fills its field: where a picture would lie on a screen does not count.
+    const Animation animation = arguments.read(false);
     const int time = arguments.milliseconds > 0 ? arguments.milliseconds : time_of(animation);
     std::vector<IndexedPicture> pictures;
     for (const Frame &frame : animation.frames) {

@@ -1,6 +1,4 @@
-// By libsamplerate and not by the library's resampler: that one must be ready at every moment, this one may take
-// its time.
-#include "disc/resampling.h"
+#include "disc/resample.h"
 
 #include <samplerate.h>
 
@@ -10,7 +8,7 @@
 
 namespace ink::tool {
 
-std::vector<float> at_track_rate(const std::vector<float> &samples, std::uint32_t rate) {
+std::vector<float> resampled(const std::vector<float> &samples, std::uint32_t rate) {
     if (rate == kTrackRate || samples.empty()) return samples;
     const double ratio = static_cast<double>(kTrackRate) / rate;
     std::vector<float> made(2 *

@@ -1,11 +1,11 @@
-#include "picture/best_colours.h"
-
 #include <libimagequant.h>
 
 #include <algorithm>
 #include <memory>
 #include <stdexcept>
 #include <string>
+
+#include "picture/best_colours.h"
 
 namespace ink::tool {
 namespace {
@@ -34,6 +34,7 @@ std::vector<Rgb> best_colours(const std::vector<ColourPicture> &pictures, int co
     check(liq_set_min_posterization(attributes.get(), 2));
     const auto histogram = owned(liq_histogram_create(attributes.get()));
     for (const ColourPicture &picture : pictures) {
+        // Pixels that are not there have no say.
         std::vector<ColourPicture::Colour> opaque;
         for (const auto &pixel : picture.pixels)
             if (pixel[3] >= kOpaque) opaque.push_back({pixel[0], pixel[1], pixel[2], 255});
