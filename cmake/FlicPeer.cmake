@@ -1,7 +1,9 @@
 # Another FLIC decoder to compare with, libavcodec's, where its development files are installed. What links this target
-# has HAS_FLIC_PEER defined then.
+# has HAS_FLIC_PEER defined then. That of the build machine serves no other system.
 add_library(inkstone_flic_peer INTERFACE)
-find_package(PkgConfig)
+if(NOT CMAKE_CROSSCOMPILING)
+  find_package(PkgConfig)
+endif()
 if(PkgConfig_FOUND)
   pkg_check_modules(LIBAV IMPORTED_TARGET libavcodec libavutil)
 endif()

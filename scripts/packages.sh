@@ -14,7 +14,7 @@ ci_packages="clang-14 clang libclang-rt-14-dev clang-format-14 clang-format xvfb
   libbenchmark-dev liballegro4-dev liblua5.4-dev sox debootstrap"
 # What building for Windows takes, and a Windows to test it on.
 windows_packages="g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix googletest libcli11-dev wine wine64
-  libasound2-plugins lld-14 llvm-14 clang-14 xvfb x11-utils xdotool openbox imagemagick debootstrap unzip"
+  libz-mingw-w64-dev libasound2-plugins lld-14 llvm-14 clang-14 xvfb x11-utils xdotool openbox imagemagick debootstrap unzip"
 
 need_packages() {
     local missing="" package

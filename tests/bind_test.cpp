@@ -118,6 +118,7 @@ TEST(Bind, LeavesTheArchiveAloneUntilTheListIsRead) {
                     {nullptr, "list", "file  open error\n"},
                     {"/dev/full", "list", "file /dev/full write error\n"}};
     for (const auto &[to, list, log] : failures) {
+        if (!test::kHasFullDevice && log.find("/dev/full") != log.npos) continue;
         EXPECT_EQ(BIND_bind_file(to, list), -1);
         EXPECT_EQ(test::take_log(), log);
     }
@@ -126,6 +127,7 @@ TEST(Bind, LeavesTheArchiveAloneUntilTheListIsRead) {
 
 // Whatever allocation fails, each function gives its failure result with one line, or does without.
 TEST(Bind, BearsExhaustedMemory) {
+    if (!test::kAllocationsCanFail) GTEST_SKIP() << "the library has an operator new of its own";
     test::write_text("list", "a\nanother\n");
     test::write_text("a", "aa");
     test::write_text("another", "bbb");
@@ -224,10 +226,13 @@ TEST(Bind, ChopsWhatItBound) {
     test::write_text("a", "some longer file that stands there");
     EXPECT_EQ(BIND_chop_file("../in/all.bnd", nullptr), 0);
     EXPECT_EQ(test::read_text("a"), "first");
+#if !defined(_WIN32)
     EXPECT_FALSE(test::exists("A"));
+#endif
     EXPECT_EQ(test::read_text("SUB/B"), long_file);
     EXPECT_TRUE(test::exists("EMPTY"));
     EXPECT_EQ(test::take_log(), "");
+    if (!test::kHasFullDevice) return;
     fs::remove("EMPTY");
     fs::create_symlink("/dev/full", "SUB/B.LNK");
     fs::remove("SUB/B");

@@ -135,6 +135,7 @@ TEST(Can, BrokenFramesAreBlankAndHostileFilesRefused) {
 }
 
 TEST(Can, ExhaustedMemoryLeavesNothingBehind) {
+    if (!test::kAllocationsCanFail) GTEST_SKIP() << "the library has an operator new of its own";
     write_file("a.can", can_file(kFrames));
     ANI_DATA_STRUCT *head = nullptr;
     std::int32_t result = 0, x = 0, y = 0;

@@ -16,6 +16,9 @@ TEST(FileName, IsFoundWhateverItsSeparatorsAndCase) {
 }
 
 TEST(FileName, PrefersTheNameAsWritten) {
+#if defined(_WIN32)
+    GTEST_SKIP() << "the system itself takes any letter case";
+#endif
     test::write_text("Name", "");
     test::write_text("NAME", "");
     log_error_to_file("x", "NAME");

@@ -20,11 +20,11 @@ struct Canvas {
     int width, height;
     std::vector<std::uint8_t> pixels;
 
-    bool inside(long x, long y) const { return x >= 0 && x < width && y >= 0 && y < height; }
-    int read(long x, long y) const {
+    bool inside(std::int64_t x, std::int64_t y) const { return x >= 0 && x < width && y >= 0 && y < height; }
+    int read(std::int64_t x, std::int64_t y) const {
         return inside(x, y) ? pixels[static_cast<std::size_t>(y * width + x)] : 0;
     }
-    void write(long x, long y, int colour) {
+    void write(std::int64_t x, std::int64_t y, int colour) {
         if (inside(x, y)) pixels[static_cast<std::size_t>(y * width + x)] = static_cast<std::uint8_t>(colour);
     }
 };
@@ -32,32 +32,34 @@ struct Canvas {
 // The place of pixel k of a line and the number of its pixels, from the rule that the minor coordinate has
 // taken floor(k x minor / major) steps.
 struct NaiveLine {
-    long x1, y1, x2, y2, major, minor;
+    std::int64_t x1, y1, x2, y2, major, minor;
 
-    NaiveLine(long ax, long ay, long bx, long by) : x1(ax), y1(ay), x2(bx), y2(by) {
+    NaiveLine(std::int64_t ax, std::int64_t ay, std::int64_t bx, std::int64_t by)
+        : x1(ax), y1(ay), x2(bx), y2(by) {
         if (x2 > x1 || (x2 == x1 && y2 < y1)) std::swap(x1, x2), std::swap(y1, y2);
         if (y1 == y2) std::swap(x1, x2);  // horizontal lines go from left to right
         major = std::max(std::abs(x2 - x1), std::abs(y2 - y1));
         minor = std::min(std::abs(x2 - x1), std::abs(y2 - y1));
     }
-    std::pair<long, long> at(long k) const {
+    std::pair<std::int64_t, std::int64_t> at(std::int64_t k) const {
         const auto late =
-            static_cast<long>(static_cast<unsigned long>(k) * static_cast<unsigned long>(minor) /
-                              static_cast<unsigned long>(std::max(major, 1L)));
+            static_cast<std::int64_t>(static_cast<std::uint64_t>(k) * static_cast<std::uint64_t>(minor) /
+                                      static_cast<std::uint64_t>(std::max(major, std::int64_t{1})));
         const bool flat = std::abs(x2 - x1) >= std::abs(y2 - y1);
         return {x1 + (flat ? k : late) * (x2 < x1 ? -1 : 1), y1 + (flat ? late : k) * (y2 < y1 ? -1 : 1)};
     }
 };
 
-void naive_dash(Canvas &canvas, const NaiveLine &line, int colour, int length, long from, long to) {
-    for (long k = from; k <= to; ++k) {
+void naive_dash(Canvas &canvas, const NaiveLine &line, int colour, int length, std::int64_t from,
+                std::int64_t to) {
+    for (std::int64_t k = from; k <= to; ++k) {
         const auto [x, y] = line.at(k);
-        if (length > 0 && (k + 1) % (2L * length) >= length) canvas.write(x, y, colour);
+        if (length > 0 && (k + 1) % (std::int64_t{2} * length) >= length) canvas.write(x, y, colour);
     }
 }
 
-double position(double r, long t) {
-    const long q = t >= 90 ? t / 90 : 0;
+double position(double r, std::int64_t t) {
+    const std::int64_t q = t >= 90 ? t / 90 : 0;
     const double rest = static_cast<double>(t >= 90 ? t % 90 : t) * (3.1415926 / 180);
     return 2 * r * static_cast<double>(q) + r - r * std::cos(rest) + r * std::sin(rest);
 }
@@ -65,23 +67,24 @@ double position(double r, long t) {
 void naive_circle(Canvas &canvas, int cx, int cy, int rv, int rh, int start, int end, int colour) {
     const double r = std::max(rv, rh), t = start * (3.1415926 / 180);
     const double c0 = std::cos(t) * r + 0.5, s0 = std::sin(t) * r + 0.5;
-    long span = long{end} - start;
+    std::int64_t span = long{end} - start;
     while (span > 360) span -= 360;
     while (span < -360) span += 360;
     if (span == 0) span = 360;
     int du = (s0 > 0) == (span > 0) ? -1 : 1, dv = (c0 > 0) == (span > 0) ? 1 : -1;
     if (s0 == 0) du = c0 > 0 ? -1 : 1;
     if (c0 == 0) dv = s0 > 0 ? -1 : 1;
-    const long e = start + span;
+    const std::int64_t e = start + span;
     const double steps = span > 0 ? position(r, e) - position(r, start) - 1
                          : e >= 0 ? position(r, start) - position(r, e) - 1
                                   : position(r, start) + position(r, -e) - 1;
     double w = 0, ku = 2 * du * c0 + 1, kv = 2 * dv * s0 + 1, au = 0, av = 0;
     bool pu = false, pv = false;
-    long v = static_cast<long>(std::cos(t) * rv + 0.5), h = static_cast<long>(std::sin(t) * rh + 0.5);
+    std::int64_t v = static_cast<std::int64_t>(std::cos(t) * rv + 0.5),
+                 h = static_cast<std::int64_t>(std::sin(t) * rh + 0.5);
     const auto plot = [&] { canvas.write(cx - h, cy + v, colour); };
     plot();
-    for (long n = std::lround(steps); n > 0; --n) {
+    for (std::int64_t n = std::lround(steps); n > 0; --n) {
         if (w >= 0) {
             au += rv;
             if (au >= r) {
@@ -179,7 +182,7 @@ void compare(Operation operation, int width, int height, Random &random, int rea
     const NaiveLine line(x1, y1, x2, y2);
     switch (operation) {
         case kLine:
-            for (long k = 0; k <= line.major; ++k)
+            for (std::int64_t k = 0; k <= line.major; ++k)
                 expected.write(line.at(k).first, line.at(k).second, colour);
             on_screen ? BUF_line(x1, y1, x2, y2, colour + 256, actual)
                       : MEM_line(x1, y1, x2, y2, colour + 256, width, height, actual);
@@ -251,10 +254,10 @@ TEST(Line, FarEndsCostOnlyTheVisiblePixels) {
         Canvas expected{97, 61, std::vector<std::uint8_t>(97 * 61)};
         test::Guarded actual(expected.pixels.size());
         // Through the canvas or near it, with ends anywhere beyond.
-        const auto far = [&](int centre) {
+        const auto away = [&](int centre) {
             return random(0, 1) == 0 ? random(kMin, centre) : random(centre, kMax);
         };
-        int ends[4] = {far(0), far(0), far(50), far(50)};
+        int ends[4] = {away(0), away(0), away(50), away(50)};
         if (i % 4 != 0) {
             const int run = random(-900'000'000, 900'000'000), rise = random(-900'000'000, 900'000'000);
             ends[0] = random(0, 96) - run, ends[1] = random(0, 60) - rise;
@@ -264,8 +267,10 @@ TEST(Line, FarEndsCostOnlyTheVisiblePixels) {
         const NaiveLine line(ends[0], ends[1], ends[2], ends[3]);
         // The major coordinate says which numbers can be visible; a margin of them is looked at one by one.
         const bool flat = std::abs(line.x2 - line.x1) >= std::abs(line.y2 - line.y1);
-        const long start = flat ? line.x1 : line.y1, step = (flat ? line.x2 : line.y2) < start ? -1 : 1;
-        const long first = std::max(0L, step > 0 ? -start : start - 100), last = first + 210;
+        const std::int64_t start = flat ? line.x1 : line.y1,
+                           step = (flat ? line.x2 : line.y2) < start ? -1 : 1;
+        const std::int64_t first = std::max(std::int64_t{0}, step > 0 ? -start : start - 100),
+                           last = first + 210;
         const int length = i % 2 == 0 ? random(1, 20) : random(1, kMax);
         naive_dash(expected, line, 4, length, first, std::min(last, line.major));
         MEM_dash_line(ends[0], ends[1], ends[2], ends[3], 4, length, 97, 61, actual);

@@ -142,19 +142,19 @@ TEST(Lzss, ExpandsInPlace) {
 
 TEST(Lzss, TellsWhichFileCannotBeOpened) {
     test::write_text("here", "here");
-    const struct {
-        std::int32_t (*function)(const char *, const char *);
+    // Functions of a DLL have more than one address, so none is compared with another.
+    struct {
+        bool expand;
         const char *input, *output, *named;
-    } rows[] = {
-        {LZSS_compress_file, "missing", "out", "missing"}, {LZSS_compress_file, "here", "no/out", "no/out"},
-        {LZSS_compress_file, nullptr, "out", ""},          {LZSS_compress_file, "here", nullptr, ""},
-        {LZSS_compress_file, "here", "HERE", "HERE"},      {LZSS_expand_file, "here", "no/out", "no/out"},
-        {LZSS_expand_file, "HERE", "here", "here"},        {LZSS_expand_file, "here", nullptr, ""},
-        {LZSS_expand_file, "missing", "out", "missing"}};
-    for (const auto &[function, input, output, named] : rows) {
+    } const rows[] = {{false, "missing", "out", "missing"}, {false, "here", "no/out", "no/out"},
+                      {false, nullptr, "out", ""},          {false, "here", nullptr, ""},
+                      {false, "here", "HERE", "HERE"},      {true, "here", "no/out", "no/out"},
+                      {true, "HERE", "here", "here"},       {true, "here", nullptr, ""},
+                      {true, "missing", "out", "missing"}};
+    for (const auto &[expand, input, output, named] : rows) {
         EXPECT_FALSE(test::exists("out"));
-        EXPECT_EQ(function(input, output), -1);
-        const char *name = function == LZSS_expand_file ? "LZSS_expand_file" : "LZSS_compress_file";
+        EXPECT_EQ((expand ? LZSS_expand_file : LZSS_compress_file)(input, output), -1);
+        const char *name = expand ? "LZSS_expand_file" : "LZSS_compress_file";
         EXPECT_EQ(test::take_log(), std::string("ERROR : file ") + named + " open error(" + name + ")\n");
     }
     EXPECT_EQ(test::read_file("out"), Bytes());
@@ -174,10 +174,12 @@ TEST(Lzss, TellsWhichFileCannotBeOpened) {
         0u);
     EXPECT_EQ(test::read_text("out"), "here");
     // A full disk: a line for packed bits that are lost, none for expanded bytes.
-    EXPECT_EQ(LZSS_compress_file("here", "/dev/full"), 0);
-    EXPECT_EQ(test::take_log(), "BITIO_close_output_bit_file error\n");
-    EXPECT_EQ(LZSS_expand_file(packed_name.c_str(), "/dev/full"), 0);
-    EXPECT_EQ(test::take_log(), "");
+    if (test::kHasFullDevice) {
+        EXPECT_EQ(LZSS_compress_file("here", "/dev/full"), 0);
+        EXPECT_EQ(test::take_log(), "BITIO_close_output_bit_file error\n");
+        EXPECT_EQ(LZSS_expand_file(packed_name.c_str(), "/dev/full"), 0);
+        EXPECT_EQ(test::take_log(), "");
+    }
     std::uint32_t length = 4;
     EXPECT_EQ(LZSS_compress_data(nullptr, nullptr, nullptr, &length), 0);
     EXPECT_EQ(LZSS_expand_data(nullptr, nullptr, &length, nullptr), 0);

@@ -54,8 +54,9 @@ TEST(Pcx, SavedFileByteForByte) {
               read_file("part.pcx"));
     EXPECT_EQ(-1, PCX_save_file("none/part.pcx", 0, 0, 1, 1, screen.data(), 1, 0));
     EXPECT_EQ(-1, PCX_save_file(nullptr, 0, 0, 1, 1, screen.data(), 1, 0));
-    EXPECT_EQ(
-        0, PCX_save_file("/dev/full", 0, 0, 640, 480, screen.data(), 640, 0));  // write errors are not told
+    if (test::kHasFullDevice) {  // write errors are not told
+        EXPECT_EQ(0, PCX_save_file("/dev/full", 0, 0, 640, 480, screen.data(), 640, 0));
+    }
     EXPECT_EQ("", take_log());
 
     ASSERT_EQ(0, PCX_save_file("screen.pcx", 0, 0, 640, 480, screen.data(), 640, 0));
@@ -139,6 +140,7 @@ TEST(Pcx, RefusalsChangeNothing) {
 }
 
 TEST(Pcx, ExhaustedMemoryChangesNothing) {
+    if (!test::kAllocationsCanFail) GTEST_SKIP() << "the library has an operator new of its own";
     write_file("a.pcx", pcx_file(0, 0, 3, 2, 4, {1, 2, 3, 0, 4, 5, 6, 0}));
     const Bytes before(768, 33);
     std::int32_t result = 0, width = -1, height = -1;

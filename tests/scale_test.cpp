@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <limits>
 #include <vector>
 
@@ -14,7 +15,7 @@ namespace {
 
 using Pixels = std::vector<std::uint8_t>;
 constexpr int kMin = std::numeric_limits<int>::min(), kMax = std::numeric_limits<int>::max();
-constexpr long kWidth = 640, kHeight = 480;
+constexpr std::int64_t kWidth = 640, kHeight = 480;
 
 using test::Random;
 
@@ -33,9 +34,9 @@ struct Call {
 void check(const Call &call, const Pixels &source) {
     test::Guarded actual(kWidth * kHeight, 77);
     Pixels expected = actual.contents();
-    for (long y = 0; y < kHeight; ++y)
-        for (long x = 0; x < kWidth; ++x) {
-            const long i = x - call.x, j = y - call.y;
+    for (std::int64_t y = 0; y < kHeight; ++y)
+        for (std::int64_t x = 0; x < kWidth; ++x) {
+            const std::int64_t i = x - call.x, j = y - call.y;
             if (i < 0 || j < 0 || i >= call.dw || j >= call.dh || call.sw <= 0 || call.sh <= 0) continue;
             const auto pixel =
                 source[static_cast<std::size_t>(j * call.sh / call.dh * call.sw + i * call.sw / call.dw)];
@@ -111,7 +112,7 @@ TEST_IN_NEW_PROCESS(Scale, ZoomShowsItsWindow) {
 
     struct Window {
         int hw, hh, cx, cy;
-        long left, top, right, bottom;
+        std::int64_t left, top, right, bottom;
     };
     std::vector<Window> windows{
         {160, 120, 320, 240, 160, 120, 480, 360}, {160, 120, 600, 240, 440, 120, 640, 360},
@@ -127,11 +128,11 @@ TEST_IN_NEW_PROCESS(Scale, ZoomShowsItsWindow) {
     for (const Window &window : windows) {
         MEM_zoom_control(window.hw, window.hh, window.cx, window.cy);
         MEM_scale_bitmap(actual, source.data());
-        const long step_x = (window.right - window.left) * 65536 / 640,
-                   step_y = (window.bottom - window.top) * 65536 / 480;
+        const std::int64_t step_x = (window.right - window.left) * 65536 / 640,
+                           step_y = (window.bottom - window.top) * 65536 / 480;
         Pixels expected;
-        for (long y = 0; y < kHeight; ++y)
-            for (long x = 0; x < kWidth; ++x)
+        for (std::int64_t y = 0; y < kHeight; ++y)
+            for (std::int64_t x = 0; x < kWidth; ++x)
                 expected.push_back(source[static_cast<std::size_t>(
                     (window.top + y * step_y / 65536) * kWidth + window.left + x * step_x / 65536)]);
         // A screen may be magnified in place.

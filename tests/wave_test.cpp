@@ -254,7 +254,7 @@ TEST(WaveDeath, EveryRefusalOfTheDeviceIsFatal) {
         {"stop_buffer", "DS: can not stop sound"}};
     for (const auto &[call, message] : cases)
         EXPECT_EXIT(whole_life(call), testing::ExitedWithCode(1),
-                    std::string("message_box [1-9][0-9]* 8240 SystemError ") + message + "\n");
+                    std::string("message_box .+ 8240 SystemError ") + message + "\n");
     // A format that the mixer does not have is refused by the device too.
     for (const Bytes &format :
          {test::pcm(1, 44100, 12), test::pcm(3, 44100, 16), test::pcm(1, 99, 8), test::pcm(2, 200001, 8)}) {

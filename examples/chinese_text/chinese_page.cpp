@@ -131,8 +131,8 @@ void draw_effects(std::uint8_t *screen) {
         CHINE_print16(x + 8, 424, text, kTransparent, screen);
         x += 60;
     }
-    CHINE_print24(x, 394, OPAQUE, kSeal * 256, screen);
-    CHINE_print16(x + 8, 424, OPAQUE, kSeal * 256, screen);
+    CHINE_print24(x, 394, ON_GROUND, kSeal * 256, screen);
+    CHINE_print16(x + 8, 424, ON_GROUND, kSeal * 256, screen);
     set_gradient(0, kGold);
     CHINE_print24(x + 60, 394, GRADIENT, kTransparent, screen);
     CHINE_print16(x + 68, 424, GRADIENT, kTransparent, screen);

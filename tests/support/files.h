@@ -34,10 +34,22 @@ inline Bytes read_file(const std::string &name) {
     std::ifstream file(name, std::ios::binary);
     return Bytes(std::istreambuf_iterator<char>(file), {});
 }
+// Lines end in a line feed alone, whatever they do in the text files of this system.
 inline std::string read_text(const std::string &name) {
     const Bytes bytes = read_file(name);
-    return std::string(bytes.begin(), bytes.end());
+    std::string text(bytes.begin(), bytes.end());
+#if defined(_WIN32)
+    for (std::size_t at = 0; (at = text.find("\r\n", at)) != text.npos;) text.erase(at, 1);
+#endif
+    return text;
 }
+// Whether there is a device that takes nothing, to write to.
+#if defined(_WIN32)
+inline constexpr bool kHasFullDevice = false;
+#else
+inline constexpr bool kHasFullDevice = true;
+#endif
+
 inline bool exists(const std::string &name) {
     return std::filesystem::exists(name);
 }

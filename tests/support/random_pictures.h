@@ -27,9 +27,9 @@ class Random {
     }
     // A start from which the length ends up inside, across either border, or beside the target.
     int place(int length, int target) {
-        return (*this)(0, 1) == 0 ? near(-length) : near(target - length / 2);
+        return (*this)(0, 1) == 0 ? around(-length) : around(target - length / 2);
     }
-    int near(int at) { return at + (*this)(-40, 40); }
+    int around(int at) { return at + (*this)(-40, 40); }
 
   private:
     std::mt19937 engine_;

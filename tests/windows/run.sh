@@ -101,8 +101,8 @@ probe() { "$wine" "$build/bin/windows_probe.exe" "$@" | tr -d '\r'; }
 {
     present() { printf '%s\n' "get_context W" "select_palette P" realize_palette "copy_bitmap C $1" "release_context W"; }
     printf '%s\n' "host win32" "create_palette 256" "get_context W" "select_palette P" realize_palette "release_context W"
-    present "3 4 64 48"
-    present "8 10 7 8"
+    present "3 4 64 48 64"
+    present "8 10 7 8 8"
     printf '%s\n' "animate_palette P 0 256" "animate_palette P 5 1" "animate_palette P 16 16" timers
     printf 'set_timer W %d 5\n' $(seq 16)
     echo quit

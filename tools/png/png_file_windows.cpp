@@ -173,9 +173,11 @@ RgbPicture read_png_rgb(const std::filesystem::path &name) {
         open_frame(load(name), stream, frame);
         UINT width = 0, height = 0;
         check(frame->GetSize(&width, &height), "is damaged");
-        RgbPicture picture{static_cast<int>(width), static_cast<int>(height),
-                           pixels_as(frame.get(), GUID_WICPixelFormat24bppBGR, 3)};
-        for (std::size_t i = 0; i < picture.rgb.size(); i += 3) std::swap(picture.rgb[i], picture.rgb[i + 2]);
+        // By way of the form that every other can be turned into.
+        const std::vector<std::uint8_t> bgra = pixels_as(frame.get(), GUID_WICPixelFormat32bppBGRA, 4);
+        RgbPicture picture{static_cast<int>(width), static_cast<int>(height), {}};
+        for (std::size_t i = 0; i < bgra.size(); i += 4)
+            picture.rgb.insert(picture.rgb.end(), {bgra[i + 2], bgra[i + 1], bgra[i]});
         return picture;
     });
 }
