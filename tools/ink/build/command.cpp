@@ -42,8 +42,7 @@ std::vector<Stamp> stamps_of(const std::vector<fs::path> &names) {
     std::vector<Stamp> stamps;
     for (const fs::path &name : names) stamps.push_back(stamp_of(name));
     std::ranges::sort(stamps, {}, &Stamp::name);
-    const auto [first, last] = std::ranges::unique(stamps, {}, &Stamp::name);
-    stamps.erase(first, last);
+    stamps.erase(std::unique(stamps.begin(), stamps.end()), stamps.end());
     return stamps;
 }
 
