@@ -75,7 +75,7 @@ manager_pid=$!
 if [ -z "${SKIP_TESTS:-}" ]; then
     code=0
     (cd "$build" && "$wine" "$build/bin/inkstone_tests.exe" --gtest_brief=1) > tests.log 2>&1 || code=$?
-    [ "$code" = 0 ] && ok "all tests: $(tail -n 1 tests.log | tr -d '\r')" ||
+    [ "$code" = 0 ] && ok "all tests: $(grep -a PASSED tests.log | tr -d '\r')" ||
         { not_ok "tests end with exit code $code"; tail -n 60 tests.log; }
 fi
 

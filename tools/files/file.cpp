@@ -114,7 +114,8 @@ Bytes read_bytes(const fs::path &name) {
     errno = 0;
     std::ifstream file(name, std::ios::binary);
     Bytes bytes;
-    if (const auto size = fs::file_size(name, error); !error) bytes.reserve(size);
+    if (const auto size = fs::file_size(name, error); !error)
+        bytes.reserve(static_cast<std::size_t>(std::min<std::uintmax_t>(size, bytes.max_size())));
     bytes.assign(std::istreambuf_iterator<char>(file), {});
     if (!file.is_open() || file.bad()) throw FileError(name, reason_of(errno));
     note_read(name);
