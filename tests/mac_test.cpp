@@ -382,9 +382,11 @@ TEST(MacDriver, RunsProceduresFromCallbacks) {
         EXPECT_EQ(MAC_driver(2), 0);
         EXPECT_EQ(depth, 32 * round);
         EXPECT_EQ(take_log(), "MAC stack overflow\n");
+#if !defined(_WIN32) || defined(_WIN64)  // where exceptions pass from one module into another
         // Runs that the game leaves by an exception are over too.
         action = [&](std::uint8_t) -> std::int32_t { throw depth; };
         EXPECT_THROW(MAC_driver(2), int);
+#endif
         action = [&](std::uint8_t) { return ++depth, MAC_driver(2); };
     }
 }

@@ -218,8 +218,10 @@ TEST(Polling, SurvivesAProcedureThatChangesItsOwnList) {
     PollingInit(0);
     PollingAppend(0, replace_self);  // what it appends may lie where it lay itself
     EXPECT_EQ(run(0), "r8");
+#if !defined(_WIN32) || defined(_WIN64)  // where exceptions pass from one module into another
     PollingAppend(0, [] { throw 1; });
     EXPECT_THROW(PollingExecute(0), int);
+#endif
     PollingClear(0);  // the execution that was left does not count any more
 }
 
