@@ -58,7 +58,7 @@ using Heard = std::vector<std::array<std::int16_t, 2>>;
 // Everything heard in the time of that many frames.
 inline Heard listen(std::size_t frames) {
     HOST_capture_sound(1);
-    HOST_advance_clock((frames * 1000000 + 44099) / 44100);
+    HOST_advance_clock((std::uint64_t{frames} * 1000000 + 44099) / 44100);
     Heard heard(frames);
     heard.resize(
         static_cast<std::size_t>(HOST_read_sound(heard.front().data(), static_cast<std::int32_t>(frames))));
