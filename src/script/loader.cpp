@@ -77,7 +77,7 @@ bool read_script(host::InputFile &file) {
     if (head_size > std::numeric_limits<std::int32_t>::max())
         return false;  // it is given out as such a number
 
-    state.head = zeroed(head_size);
+    state.head = zeroed(static_cast<std::size_t>(head_size));
     state.code = zeroed(size + kMargin);
     if (!state.head || !state.code || !state.steps.create(size)) return false;
     state.procedure_count = count;

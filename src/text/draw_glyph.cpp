@@ -51,7 +51,9 @@ constexpr auto kMasks = [] {
 // The mask of the pixels of row from column at on.
 template <typename T>
 T mask(Bits row, std::size_t at) {
-    const auto masks = [row](std::size_t column) { return load<Word>(kMasks[row << column >> 56].data()); };
+    const auto masks = [row](std::size_t column) {
+        return load<Word>(kMasks[static_cast<std::size_t>(row << column >> 56)].data());
+    };
     if constexpr (sizeof(T) == kNarrow) {
         return masks(at);
     } else {

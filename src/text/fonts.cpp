@@ -72,7 +72,8 @@ bool Fonts::load_pack() {
     }
     std::span<const std::uint8_t> left(block, file.read(kPackDataOffset, {block, present}));
     for (std::size_t font = 0; font < kFontCount; ++font) {
-        bitmaps_[font] = left.first(std::min<std::size_t>(sizes[font], left.size()));
+        bitmaps_[font] =
+            left.first(static_cast<std::size_t>(std::min<std::uint64_t>(sizes[font], left.size())));
         left = left.subspan(bitmaps_[font].size());
     }
     return true;

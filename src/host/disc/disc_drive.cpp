@@ -130,7 +130,7 @@ void DiscDrive::mix(std::int32_t *stereo, std::size_t frames) {
             sector_read_ = disc_->read(static_cast<std::uint32_t>(number), sector_);
         if (!sector_read_) return;  // a drive that starts up is silent and stays where it is
         sector_number_ = number;
-        const std::uint8_t *frame = &sector_[4 * (at_ % kFramesPerSector)];
+        const std::uint8_t *frame = &sector_[static_cast<std::size_t>(4 * (at_ % kFramesPerSector))];
         stereo[0] += static_cast<std::int16_t>(get_u16(frame));
         stereo[1] += static_cast<std::int16_t>(get_u16(frame + 2));
         ++at_;
