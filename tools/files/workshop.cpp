@@ -37,7 +37,8 @@ Bytes Workshop::take(const std::string &name) const {
 std::string Workshop::log() const {
     const Bytes bytes = take("ERROR.MSG");
     std::string text(as_text(bytes));
-    while (!text.empty() && (text.back() == '\n' || text.back() == '\r')) text.pop_back();
+    std::erase(text, '\r');  // on Windows every line ends in one
+    while (!text.empty() && text.back() == '\n') text.pop_back();
     return text;
 }
 
