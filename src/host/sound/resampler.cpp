@@ -66,11 +66,11 @@ Resampler::Resampler(std::uint32_t from, std::uint32_t to)
     const std::int64_t reach = kZeroCrossings * std::int64_t{std::max(from, to)} / to + 1;
     taps_ = 2 * reach;
     first_ = 1 - reach;
-    const std::uint64_t rows = to / part_step_, row_size = static_cast<std::uint64_t>(taps_);
-    all_rows_ = rows * row_size <= kMostWeights;
-    weights_.resize(static_cast<std::size_t>(all_rows_ ? rows * row_size : row_size));
-    for (std::uint64_t i = 0; all_rows_ && i < rows; ++i)
-        weigh(static_cast<std::uint32_t>(i * part_step_), &weights_[static_cast<std::size_t>(i * row_size)]);
+    const std::uint32_t rows = to / part_step_;
+    const auto row_size = static_cast<std::size_t>(taps_);
+    all_rows_ = std::uint64_t{rows} * row_size <= kMostWeights;
+    weights_.resize(all_rows_ ? rows * row_size : row_size);
+    for (std::uint32_t i = 0; all_rows_ && i < rows; ++i) weigh(i * part_step_, &weights_[i * row_size]);
 }
 
 const std::int32_t *Resampler::row(std::uint32_t part) const {
