@@ -194,7 +194,8 @@ class Assembler {
     void include(Line &line, int depth) {
         const Token name = line.expect(Token::Kind::string, "a file name in quotes");
         if (depth == kDeepestInclude) line.fail(name.column, "too many files include each other");
-        const auto path = (std::filesystem::path(line.place().file).parent_path() / name.text).generic_string();
+        const auto path =
+            (std::filesystem::path(line.place().file).parent_path() / name.text).generic_string();
         const auto text = read_(path);
         if (!text) line.fail(name.column, "cannot read " + path);
         source(path, *text, depth + 1);
