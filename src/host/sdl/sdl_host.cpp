@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdlib>
+#include <limits>
 #include <map>
 #include <memory>
 #include <thread>
@@ -56,7 +57,10 @@ class SdlEnds : public Ends {
 
     bool rest(VirtualMachine &machine, std::uint64_t until) override {
         const std::uint64_t now = microseconds_since_start();
-        const std::uint64_t end = picture_waits(machine) ? std::min(until, next_frame_) : until;
+        const std::uint64_t end =
+            picture_waits(machine)
+                ? std::min(until, static_cast<std::uint64_t>(std::max(next_frame_, std::int64_t{0})))
+                : until;
         if (end < now + kEventInterval) {
             // Nobody collects events so soon, and SDL does not wait for less than a millisecond.
             if (end > now) std::this_thread::sleep_for(std::chrono::microseconds(end - now));
@@ -92,11 +96,12 @@ class SdlEnds : public Ends {
     }
 
   private:
-    // Shows what has changed, once in a frame's time. Frames without a change are saved up, a few of them: a
-    // palette and a picture set one after the other before a long load both show, though nobody pumps.
+    // Shows what has changed, once in a frame's time. Frames without a change are saved up, some of them: what
+    // opens a view and shows its first palette and picture before a long load all shows, though nobody pumps.
     void scan_out(VirtualMachine &machine, std::uint64_t now) {
-        constexpr std::uint64_t kSaved = 3;
-        if (now < next_frame_) return;
+        constexpr std::int64_t kSaved = 8;
+        const auto present = static_cast<std::int64_t>(now);
+        if (present < next_frame_) return;
         bool shown = false;
         for (const auto &made : windows_) {
             Window *window = machine.screen().find(made->handle());
@@ -104,8 +109,7 @@ class SdlEnds : public Ends {
             made->scan_out(*window, machine.screen().hardware_palette());
             shown = true;
         }
-        if (shown)
-            next_frame_ = std::max(next_frame_ + frame_time_, now - std::min(now, kSaved * frame_time_));
+        if (shown) next_frame_ = std::max(next_frame_ + frame_time_, present - kSaved * frame_time_);
     }
     static bool picture_waits(VirtualMachine &machine) {
         const auto &windows = machine.screen().windows();
@@ -214,9 +218,9 @@ class SdlEnds : public Ends {
 
     std::vector<std::unique_ptr<SdlWindow>> windows_;
     std::map<std::int32_t, std::unique_ptr<SDL_Cursor, FreeCursor>> cursors_;
-    bool switching_ = false;  // Enter is held since Alt+Enter
-    std::uint64_t next_frame_ = 0;
-    std::uint64_t frame_time_ = 1000000 / 60;
+    bool switching_ = false;                                                  // Enter is held since Alt+Enter
+    std::int64_t next_frame_ = std::numeric_limits<std::int64_t>::min() / 2;  // all are saved up
+    std::int64_t frame_time_ = 1000000 / 60;
 };
 
 Machine *open_machine() {

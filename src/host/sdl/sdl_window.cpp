@@ -95,12 +95,12 @@ Point SdlWindow::from_client(Point position) const {
     return {axis(position.x, place.x, place.w, width_), axis(position.y, place.y, place.h, height_)};
 }
 
-std::uint64_t SdlWindow::frame_time() const {
+std::int64_t SdlWindow::frame_time() const {
     SDL_DisplayMode mode{};
     const int display = SDL_GetWindowDisplayIndex(window_.get());
     if (display < 0 || SDL_GetCurrentDisplayMode(display, &mode) != 0 || mode.refresh_rate <= 0)
         mode.refresh_rate = 60;
-    return 1000000U / static_cast<unsigned>(mode.refresh_rate);
+    return 1000000 / mode.refresh_rate;
 }
 
 }  // namespace ink::host

@@ -25,7 +25,7 @@ class SdlWindow {
     Point to_client(Point position) const;
     Point from_client(Point position) const;
     // How long one picture of the display lasts, in microseconds.
-    std::uint64_t frame_time() const;
+    std::int64_t frame_time() const;
 
   private:
     template <auto destroy>
