@@ -1,72 +1,13 @@
 // `ink strings`: texts are written in UTF-8 in a table and compiled into a game as Big5.
-#include <cctype>
-#include <cstdint>
-#include <memory>
-#include <stdexcept>
-#include <string>
-#include <string_view>
+#include "strings/table.h"
 
-#include "charset/big5.h"
+#include <memory>
+#include <utility>
+
 #include "command_line.h"
-#include "files/source.h"
+#include "files/file.h"
 
 namespace ink::tool {
-namespace {
-
-bool is_identifier(std::string_view name) {
-    if (name.empty() || std::isdigit(static_cast<unsigned char>(name[0]))) return false;
-    for (const char letter : name)
-        if (letter != '_' &&
-            (static_cast<unsigned char>(letter) >= 0x80 || !std::isalnum(static_cast<unsigned char>(letter))))
-            return false;
-    return true;
-}
-
-// As a C string literal. Every byte that is not a plain character becomes three octal digits, which, unlike
-// hexadecimal ones, end where they should; the second byte of a Big5 character may look like any character.
-std::string literal(std::string_view big5) {
-    std::string result = "\"";
-    for (std::size_t i = 0; i < big5.size(); ++i) {
-        const auto byte = static_cast<std::uint8_t>(big5[i]);
-        const auto octal = [&result](std::uint8_t value) {
-            for (const int shift : {6, 3, 0}) result += static_cast<char>('0' + (value >> shift & 7));
-        };
-        if (byte >= 0x20 && byte < 0x7F && byte != '"' && byte != '\\' && byte != '?') {
-            result += big5[i];
-            continue;
-        }
-        result += '\\';
-        octal(byte);
-        if (byte >= 0x80 && i + 1 < big5.size()) {
-            result += '\\';
-            octal(static_cast<std::uint8_t>(big5[++i]));
-        }
-    }
-    return result + '"';
-}
-
-std::string make_header(const std::string &source) {
-    std::string header = "/* Made by ink strings: texts in Big5. */\n";
-    const std::vector<Place> lines = lines_of(source, read_text(path_of(source)));
-    require_utf8(lines);
-    for (Place line : lines) {
-        if (line.line.empty() || line.line[0] == ';') continue;
-        const std::size_t equals = line.line.find(" = ");
-        const std::string name = line.line.substr(0, equals);
-        if (equals == std::string::npos || !is_identifier(name))
-            throw SourceError(line, "a line is NAME = text, NAME a name of the C language");
-        line.column = equals + 3;
-        try {
-            header += "static const char " + name +
-                      "[] = " + literal(to_big5(line.line.substr(line.column))) + ";\n";
-        } catch (const std::runtime_error &error) {
-            throw SourceError(line, error.what());
-        }
-    }
-    return header;
-}
-
-}  // namespace
 
 void add_strings(CLI::App &app) {
     const auto names = std::make_shared<std::pair<std::string, std::string>>();
@@ -76,7 +17,7 @@ void add_strings(CLI::App &app) {
         {"ink strings texts.txt texts.h"});
     strings->add_option("source", names->first, "The table")->required();
     strings->add_option("header", names->second, "The header to write")->required();
-    strings->callback([names] { write_text(path_of(names->second), make_header(names->first)); });
+    strings->callback([names] { write_text(path_of(names->second), header_of_table(names->first)); });
 }
 
 }  // namespace ink::tool

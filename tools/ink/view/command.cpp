@@ -62,7 +62,9 @@ void view(const Arguments &arguments) {
             const Palette palette = read_palette(path_of(arguments.palette)).colours;
             for (Frame &frame : look->frames) frame.picture.palette = palette;
         }
-        if (arguments.picture.empty()) return show_in_window(arguments.file, *look);
+        // A font's pages are turned by hand.
+        if (arguments.picture.empty())
+            return show_in_window(arguments.file, *look, !describe_font(file, name));
         if (arguments.frame > look->frames.size())
             throw FileError(name, "has " + std::to_string(look->frames.size()) + " frames");
         const IndexedPicture picture = on_field(*look, look->frames[arguments.frame - 1]);
@@ -87,9 +89,9 @@ void add_view(CLI::App &app) {
                     "Show a picture, palette, animation, film or font in a window, and anything else as text",
                     {"ink view walk.can --palette game.pal", "ink view intro.flc --png shot.png --frame 12"},
                     "In the window Space stops an animation and lets it go on, Left and Right step through "
-                    "its frames or a font's "
-                    "pages, C turns the palette round, and Esc ends it. Scripts are listed, archives and "
-                    "settings described.");
+                    "its frames or turn a font's pages, C turns the palette round, and Esc ends it. What is "
+                    "small is enlarged by a whole factor. Scripts are listed, archives and settings "
+                    "described.");
     command->add_option("file", arguments->file, "The file")->required();
     command->add_option("--palette", arguments->palette, "Colours for what has none of its own");
     command->add_option("--png", arguments->picture, "Write a picture instead of opening a window");

@@ -7,9 +7,9 @@
 
 namespace ink::tool {
 
-// Shows the frames at their pace until Esc or the window's end: Space stops and goes on, Left and Right step, C
-// turns the palette round. What is larger than 640 x 480 is cut. Throws std::runtime_error where there is no
-// display.
-void show_in_window(const std::string &title, const Animation &animation);
+// Shows the frames until Esc or the window's end, at their pace when they are moving: Space stops and goes on,
+// Left and Right step, C turns the palette round. What is larger than 640 x 480 is cut, what is smaller enlarged
+// by a whole factor. Throws std::runtime_error where there is no display.
+void show_in_window(const std::string &title, const Animation &animation, bool moving);
 
 }  // namespace ink::tool
