@@ -36,14 +36,15 @@ view() {
         sleep 0.1
     done
     [ -n "$window" ] || fail "$1 opens a window"
-    xdotool windowactivate --sync "$window"
+    # The window manager may still be at work on it.
+    xdotool windowactivate --sync "$window" 2>/dev/null || xdotool windowactivate --sync "$window"
 }
 # shows NAME: within some seconds the window is filled by the picture NAME.png, each pixel two or more wide and high; one
 # of 640 columns may stand as it is.
 shows() {
     local try times
     for try in $(seq 50); do
-        import -window "$window" shown.png
+        import -window "$window" shown.png 2>/dev/null || { sleep 0.1; continue; }
         times=$(($(identify -format %w shown.png) / $(identify -format %w "$1.png")))
         [ "$times" -ge 2 ] || [ "$(identify -format %w "$1.png")" = 640 ] || fail "$1 is enlarged"
         convert "$1.png" -sample "$((times * 100))%" wanted.png
