@@ -232,7 +232,11 @@ TEST(Polling, ReportsMemoryThatRunsOut) {
         return test::fail_each_allocation([&] { result = call(); }, [&] { EXPECT_EQ(result, -2); });
     };
     test::take_log();
-    EXPECT_EQ(fails([] { return PollingInit(5); }), 1U);
+    EXPECT_EQ(fails([] {
+                  PollingClear(5);
+                  return PollingInit(5);
+              }),
+              1U);
     EXPECT_EQ(test::take_log(), "PollingInit(5) error\nPollingInit(5) error\n");
     EXPECT_EQ(fails([] { return PollingAppend(5, say<'5'>); }), 1U);
     EXPECT_EQ(fails([] { return PollingInsert(5, say<'6'>, say<'5'>); }), 1U);
