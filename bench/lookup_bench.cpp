@@ -181,4 +181,28 @@ BENCHMARK(bind_fetch_allegro)
     ->Unit(benchmark::kMicrosecond);
 #endif
 
+// How cost grows with lines and entries.
+BENCHMARK(info_load)
+    ->Name("Growth/INFO files, lines/INFO_open_file")
+    ->RangeMultiplier(10)
+    ->Range(100, 100000);
+BENCHMARK(info_look_up)
+    ->Name("Growth/INFO files, lines/INFO_read_config")
+    ->RangeMultiplier(10)
+    ->Range(100, 100000);
+BENCHMARK(bind_fetch)
+    ->Name("Growth/archives, entries/BIND_open, BIND_read")
+    ->RangeMultiplier(10)
+    ->Range(10, 60000);
+BENCHMARK(bind_limit)
+    ->Name("Growth/archives, entries/fread of the directory")
+    ->RangeMultiplier(10)
+    ->Range(10, 60000);
+#if defined(INKSTONE_BENCH_ALLEGRO)
+BENCHMARK(info_look_up_allegro)
+    ->Name("Growth/INFO files, lines/get_config_string of Allegro 4")
+    ->RangeMultiplier(10)
+    ->Range(100, 10000);
+#endif
+
 }  // namespace
