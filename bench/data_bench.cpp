@@ -232,7 +232,7 @@ void bits_fputc(benchmark::State &state) {
     }
     state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * kSize));
 }
-BENCHMARK(bits_fputc)->Name("Data/BITIO_output_bits, 256 KiB as codes of so many bits/fputc");
+BENCHMARK(bits_fputc)->Name("Data/BITIO_output_bits, 256 KiB as codes of so many bits/plain fputc");
 
 void bits_in(benchmark::State &state) {
     const bench::ScratchDirectory place;
@@ -263,6 +263,6 @@ void bits_fgetc(benchmark::State &state) {
     }
     state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * kSize));
 }
-BENCHMARK(bits_fgetc)->Name("Data/BITIO_input_bits, 256 KiB as codes of so many bits/fgetc");
+BENCHMARK(bits_fgetc)->Name("Data/BITIO_input_bits, 256 KiB as codes of so many bits/plain fgetc");
 
 }  // namespace

@@ -117,7 +117,7 @@ void expand_by_the_byte(benchmark::State &state) {
     count_pixels(state, kPixels);
 }
 BENCHMARK(expand_by_the_byte)
-    ->Name("Pictures and films/fnUncompressImage 640 x 480/byte by byte")
+    ->Name("Pictures and films/fnUncompressImage 640 x 480/plain byte by byte")
     ->DenseRange(kDrawn, kNoise);
 
 // A picture of the size of a character of a game, 200 x 150, cut out of the larger one.

@@ -75,7 +75,7 @@ void zoom_by_division(benchmark::State &state) {
         benchmark::ClobberMemory();
     }
 }
-BENCHMARK(zoom_by_division)->Name("Scaling/MEM_scale_bitmap/a division a pixel");
+BENCHMARK(zoom_by_division)->Name("Scaling/MEM_scale_bitmap/plain division a pixel");
 
 void copy_screen(benchmark::State &state) {
     const Pixels picture = make_picture(kWidth, kHeight);

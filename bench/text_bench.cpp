@@ -194,12 +194,13 @@ constexpr struct {
         row(page, "inkstone", [style, mode](benchmark::State &state) { page_of(state, style, mode); });
         row(page, "limit memcpy of pixels", [](benchmark::State &state) { expanded_page(state, copy_rows); });
     }
-    row("CHINE_print24, opaque", "put image of pixels",
+    row("CHINE_print24, opaque", "plain copies of pixels",
         [](benchmark::State &state) { expanded_page(state, put_image); });
-    row("CHINE_print24, opaque", "bit by bit", [](benchmark::State &state) { bit_by_bit(state, true); });
-    row("CHINE_print24, transparent", "pest image of pixels",
+    row("CHINE_print24, opaque", "plain bit by bit",
+        [](benchmark::State &state) { bit_by_bit(state, true); });
+    row("CHINE_print24, transparent", "plain transparent copies of pixels",
         [](benchmark::State &state) { expanded_page(state, pest_image); });
-    row("CHINE_print24, transparent", "bit by bit",
+    row("CHINE_print24, transparent", "plain bit by bit",
         [](benchmark::State &state) { bit_by_bit(state, false); });
     for (const auto &[name, style] : {std::pair{"patterned", ""}, {"patterned outline", "~O1"}})
         row(std::string("CHINE_print24, ") + name, "inkstone",

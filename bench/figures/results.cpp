@@ -5,6 +5,7 @@
 #include <istream>
 #include <map>
 #include <optional>
+#include <utility>
 
 namespace figures {
 
@@ -31,27 +32,33 @@ double median(std::vector<double> values) {
 
 struct Measured {
     std::string name, label;
+    int family = 0, instance = 0;  // the order in which they were registered; they are run in any
     std::vector<double> times;
 };
 
+// Every repetition; what the benchmarks themselves make of them is passed over.
 std::vector<Measured> read_times(std::istream &json) {
-    std::vector<Measured> all;
-    std::map<std::string, std::size_t> places;
-    std::string name, label;
+    std::map<std::string, Measured> all;
+    Measured now;
+    bool repetition = false;
     double time = 0;
-    const auto keep = [&](double unit) {
-        const auto [place, added] = places.try_emplace(name, all.size());
-        if (added) all.push_back({name, "", {}});
-        all[place->second].times.push_back(time * unit);
-    };
     for (std::string line; std::getline(json, line);) {
-        if (const auto value = field(line, "name")) name = *value;
+        if (const auto value = field(line, "run_name")) now.name = *value;
+        if (const auto value = field(line, "family_index")) now.family = std::atoi(value->c_str());
+        if (const auto value = field(line, "per_family_instance_index"))
+            now.instance = std::atoi(value->c_str());
+        if (const auto value = field(line, "run_type")) repetition = *value == "iteration";
         if (const auto value = field(line, "cpu_time")) time = std::strtod(value->c_str(), nullptr);
-        if (const auto value = field(line, "time_unit")) keep(nanoseconds(*value));
-        if (const auto value = field(line, "label"); value && places.contains(name))
-            all[places[name]].label = *value;
+        if (const auto value = field(line, "time_unit"); value && repetition)
+            all.try_emplace(now.name, now).first->second.times.push_back(time * nanoseconds(*value));
+        if (const auto value = field(line, "label"); value && repetition) all[now.name].label = *value;
     }
-    return all;
+    std::vector<Measured> sorted;
+    for (auto &[name, measured] : all) sorted.push_back(std::move(measured));
+    std::sort(sorted.begin(), sorted.end(), [](const Measured &a, const Measured &b) {
+        return std::pair(a.family, a.instance) < std::pair(b.family, b.instance);
+    });
+    return sorted;
 }
 
 std::vector<std::string> split(const std::string &name) {

@@ -42,8 +42,9 @@ struct Results {
 // Reads what --benchmark_format=json writes.
 Results read_results(std::istream &json);
 
-// Us; and the rivals: a limit's name begins with that word, all others are peers.
+// Us; and who stands beside: a limit's name begins with that word, that of plain code of our own, which is measured
+// to know what clever code is worth, with the other. All others are peers.
 inline constexpr const char *kOurs = "inkstone";
-inline constexpr const char *kLimit = "limit ";
+inline constexpr const char *kLimit = "limit ", *kPlain = "plain ";
 
 }  // namespace figures

@@ -42,7 +42,8 @@ std::optional<Rival> best(const Row &row, bool limits) {
     std::optional<Rival> found;
     const double ours = row.times.at(kOurs);
     for (const auto &[who, time] : row.times)
-        if (who != kOurs && who.starts_with(kLimit) == limits && (!found || time / ours < found->ratio))
+        if (who != kOurs && !who.starts_with(kPlain) && who.starts_with(kLimit) == limits &&
+            (!found || time / ours < found->ratio))
             found = Rival{who, time / ours};
     if (found && limits) found->who.erase(0, std::string(kLimit).size());
     return found;
