@@ -1,6 +1,9 @@
 // The copies with an effect.
 #include "inkstone/effect.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "call.h"
 #include "drawing_peers.h"
 #include "inkstone/draw.h"
@@ -26,6 +29,24 @@ void enlarge(Stage &s) {
     BUF_outline_pest_image(0, 0, s.image, 3, 1, s.screen, s.work);
 }
 
+const Rival kKeyCopy{"limit memcpy, memset", [](Stage &s, int x, int y) {
+                         kCopy.draw(s, x, y);
+                         std::swap(s.screen, s.keys);
+                         kFill.draw(s, x, y);
+                         std::swap(s.screen, s.keys);
+                     }};
+// A shadow is cleared, filled row by row and drawn.
+const Rival kShadow{"limit memset, memcpy, read 2, write", [](Stage &s, int x, int y) {
+                        const int w = s.w + s.w / 4, h = 3 * s.h / 4, left = std::max(0, x - s.w / 4);
+                        std::memset(s.work, 0, static_cast<std::size_t>(w * h));
+                        for (int row = 0; row < h; ++row) {
+                            std::uint8_t *shadow = s.work + row * w;
+                            std::memcpy(shadow, s.pixels + row * s.w, static_cast<std::size_t>(s.w));
+                            loops().merge(s.screen + (y + row) * kWidth + left, shadow, nullptr,
+                                          std::min(w, x + s.w - left));
+                        }
+                    }};
+
 const Rivals kMask = beside(kMerge, kMaskPeers), kMesh = beside(kMerge), kTurn = beside(kMerge, kTurnPeers),
              kReverse = beside(kMerge, kReversePeers), kGlassMask = beside(kTable, kGlassMaskPeers);
 
@@ -40,10 +61,10 @@ const Rivals kMask = beside(kMerge, kMaskPeers), kMesh = beside(kMerge), kTurn =
      {"MEM_turn_pest_bitmap", CALL(MEM_turn_pest_bitmap(SPRITE, MEMORY)), kTurn},
      {"MEM_reverse_pest_image", CALL(MEM_reverse_pest_image(x, y, s.image, MEMORY)), kReverse},
      {"MEM_reverse_pest_bitmap", CALL(MEM_reverse_pest_bitmap(SPRITE, MEMORY)), kReverse},
-     {"BUF_key_put_image", CALL(BUF_key_put_image(x, y, s.image, s.screen, 3, s.keys)), beside(kKeyed)},
+     {"BUF_key_put_image", CALL(BUF_key_put_image(x, y, s.image, s.screen, 3, s.keys)), beside(kKeyCopy)},
      {"BUF_key_pest_image", CALL(BUF_key_pest_image(x, y, s.image, s.screen, 3, s.keys)),
       beside(kKeyed, kPestPeers)},
-     {"BUF_shadow_pest_bitmap", CALL(BUF_shadow_pest_bitmap(SPRITE, s.screen, s.work)), beside(kMerge)},
+     {"BUF_shadow_pest_bitmap", CALL(BUF_shadow_pest_bitmap(SPRITE, s.screen, s.work)), beside(kShadow)},
      {"BUF_glass_bar", CALL(BUF_glass_bar(RECTANGLE, 0, s.screen)), beside(kTable, kGlassBarPeers)},
      {"BUF_glass_box", CALL(BUF_glass_box(RECTANGLE, 0, s.screen))},
      {"BUF_glass_mask_pest_image", CALL(BUF_glass_mask_pest_image(x, y, s.image, s.screen, 0)), kGlassMask},

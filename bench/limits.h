@@ -9,21 +9,24 @@
 
 namespace bench {
 
-// One row of so many pixels: the target with itself, with a source, with a source and keys.
-using Loop = void (*)(std::uint8_t *to, const std::uint8_t *from, const std::uint8_t *keys, int columns);
+// One row of so many pixels: the target with itself, the target with a source, the target and keys with a source.
+using Loop = void (*)(std::uint8_t *to, const std::uint8_t *from, std::uint8_t *keys, int columns);
 
 #define LOOPS(SET, ...)                                                                                   \
-    __VA_ARGS__ inline void update_##SET(std::uint8_t *to, const std::uint8_t *, const std::uint8_t *,    \
+    __VA_ARGS__ inline void update_##SET(std::uint8_t *to, const std::uint8_t *, std::uint8_t *,          \
                                          int columns) {                                                   \
         for (int i = 0; i < columns; ++i) to[i] = static_cast<std::uint8_t>(to[i] ^ 1);                   \
     }                                                                                                     \
     __VA_ARGS__ inline void merge_##SET(std::uint8_t *__restrict to, const std::uint8_t *__restrict from, \
-                                        const std::uint8_t *, int columns) {                              \
+                                        std::uint8_t *, int columns) {                                    \
         for (int i = 0; i < columns; ++i) to[i] = static_cast<std::uint8_t>(to[i] ^ from[i]);             \
     }                                                                                                     \
     __VA_ARGS__ inline void keyed_##SET(std::uint8_t *__restrict to, const std::uint8_t *__restrict from, \
-                                        const std::uint8_t *__restrict keys, int columns) {               \
-        for (int i = 0; i < columns; ++i) to[i] = static_cast<std::uint8_t>(to[i] ^ from[i] ^ keys[i]);   \
+                                        std::uint8_t *__restrict keys, int columns) {                     \
+        for (int i = 0; i < columns; ++i) {                                                               \
+            to[i] = static_cast<std::uint8_t>(to[i] ^ from[i]);                                           \
+            keys[i] = static_cast<std::uint8_t>(keys[i] ^ from[i]);                                       \
+        }                                                                                                 \
     }
 
 LOOPS(baseline)

@@ -162,7 +162,7 @@ inline const Rival kUpdate{"limit read, write",
                            [](Stage &s, int x, int y) { loop_rows(s, x, y, loops().update); }};
 inline const Rival kMerge{"limit read 2, write",
                           [](Stage &s, int x, int y) { loop_rows(s, x, y, loops().merge); }};
-inline const Rival kKeyed{"limit read 3, write",
+inline const Rival kKeyed{"limit read 3, write 2",
                           [](Stage &s, int x, int y) { loop_rows(s, x, y, loops().keyed); }};
 
 }  // namespace bench
