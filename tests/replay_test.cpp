@@ -117,6 +117,7 @@ void play(Change change, bool fed) {
     WViewBuffer2Screen();
     HOST_close_window(window);
     ExecQuitProc();
+    test::write_text("state", std::to_string(state));
     std::exit(0);
 }
 
@@ -130,6 +131,11 @@ void enter_place() {
     } else {
         fs::current_path(place);
     }
+}
+
+void live_play() {
+    HOST_set_local_time(1999, 12, 31, 23, 59, 40);
+    play(Change::none, true);
 }
 
 void record_play() {
@@ -158,6 +164,10 @@ class ReplayDeath : public testing::Test {
 
 TEST_F(ReplayDeath, RunsAProgramAgainPictureForPictureAndSoundForSound) {
     EXPECT_EXIT(replay_play(Change::none), testing::ExitedWithCode(0), "replay: 4\\.. seconds, equal");
+    // And neither recording nor replaying changes what it sees and hears.
+    const std::string replayed = test::read_text("state");
+    EXPECT_EXIT(live_play(), testing::ExitedWithCode(0), "^$");
+    EXPECT_EQ(test::read_text("state"), replayed);
     // What is kept of every second agrees with its check value.
     EXPECT_EQ(test::ink("info play.rec"), 0);
     EXPECT_NE(test::read_text("out").find("with the program"), std::string::npos);
