@@ -112,6 +112,27 @@ expect "closing the window puts the palette back" "close" "palette restored"
 wait "$probe_pid" && ok "the program ends with exit code 0" || not_ok "the program ends with exit code $?"
 
 start_mark
+INKSTONE_RECORD=$place/play.rec "$probe" >> output 2>&1 &
+probe_pid=$!
+expect "a play is recorded" "host sdl"
+window=$(find_window "Inkstone probe")
+xdotool windowactivate --sync "$window"
+xdotool mousemove --window "$window" 100 200 click 1 mousemove --window "$window" 300 120 click 3; sleep 0.3
+xdotool key a Up; sleep 1.2; xdotool keydown shift key F12 keyup shift; sleep 0.3
+xdotool key alt+F4
+wait "$probe_pid" || not_ok "the recorded program ends with exit code $?"
+tail -n +$((mark + 1)) output > played
+grep -q "^button 201" played && grep -q "^down 058" played || not_ok "keys and clicks are in the play: $(cat played)"
+# replays MACHINE TEXT: the program hears and shows there what it did when it was played.
+replays() {
+    INKSTONE_HOST=$1 INKSTONE_REPLAY=$place/play.rec timeout 60 "$probe" > replayed 2> verdict || true
+    cmp -s played replayed && grep -q "seconds, equal" verdict && ok "$2" ||
+        not_ok "$2: $(cat verdict; diff played replayed)"
+}
+replays headless "the play runs again without a display"
+replays sdl "and in a window at its pace"
+
+start_mark
 mkfifo loaded
 "$probe" loading < loaded >> output 2>&1 &
 probe_pid=$!

@@ -60,6 +60,7 @@ void add_mac(CLI::App &app);
 void add_new(CLI::App &app);
 void add_palette(CLI::App &app);
 void add_picture(CLI::App &app);
+void add_replay(CLI::App &app);
 void add_save(CLI::App &app);
 void add_strings(CLI::App &app);
 void add_view(CLI::App &app);

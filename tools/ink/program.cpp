@@ -26,6 +26,7 @@ void run_program(std::vector<std::string> words) {
     add_save(app);
     add_expr(app);
     add_disc(app);
+    add_replay(app);
     add_manual(app);
     // The parser takes the last word first.
     std::ranges::reverse(words);

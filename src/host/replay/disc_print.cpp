@@ -6,7 +6,7 @@
 
 #include "host/disc/disc.h"
 #include "host/disc/disc_device.h"
-#include "host/replay/record_file.h"
+#include "host/replay/picture.h"
 
 namespace ink::host {
 

@@ -7,7 +7,6 @@
 
 #include "core/reader.h"
 #include "host/disc/disc_device.h"
-#include "host/replay/record_file.h"
 
 namespace ink::host {
 namespace {
@@ -49,17 +48,7 @@ std::uint32_t Mirror::picture_check() {
     bool changed = !std::exchange(looked_, true) || windows_ != screen.windows().size();
     windows_ = screen.windows().size();
     for (const auto &window : screen.windows()) changed |= std::exchange(window->changed, false);
-    if (!changed) return picture_check_;
-    picture_check_ = 0;
-    std::array<std::uint8_t, 8> size{};
-    std::vector<std::uint8_t> rgb;
-    for (const auto &window : screen.windows()) {
-        put_u32(size.data(), static_cast<std::uint32_t>(window->width));
-        put_u32(size.data() + 4, static_cast<std::uint32_t>(window->height));
-        rgb.resize(3 * window->pixels.size());
-        screen.read_picture(*window, rgb.data());
-        picture_check_ = check_value(rgb, check_value(size, picture_check_));
-    }
+    if (changed) picture_check_ = check_value_of(picture());
     return picture_check_;
 }
 

@@ -4,12 +4,20 @@
 #include <cstring>
 
 #include "core/reader.h"
-#include "host/file_name.h"
 
 namespace ink::host {
 namespace {
 
 constexpr std::uint64_t kMostPanes = 256, kLargestSide = 4096;
+
+constexpr auto kCheckTable = [] {
+    std::array<std::uint32_t, 256> table{};
+    for (std::uint32_t i = 0; i < 256; ++i) {
+        table[i] = i;
+        for (int bit = 0; bit < 8; ++bit) table[i] = table[i] >> 1 ^ ((table[i] & 1) != 0 ? 0xEDB88320U : 0);
+    }
+    return table;
+}();
 
 std::uint8_t minus(std::uint8_t one, std::uint8_t other) {
     return static_cast<std::uint8_t>(one - other);
@@ -17,34 +25,29 @@ std::uint8_t minus(std::uint8_t one, std::uint8_t other) {
 
 }  // namespace
 
-bool write_bitmap(const char *name, const Pane &pane, const std::array<Color, 256> &palette) {
-    constexpr std::uint32_t kBefore = 14 + 40 + 4 * 256;
-    const auto width = static_cast<std::uint32_t>(pane.width),
-               height = static_cast<std::uint32_t>(pane.height);
-    const std::uint32_t stride = (width + 3) / 4 * 4;
-    std::array<std::uint8_t, kBefore> before{};
-    before[0] = 'B', before[1] = 'M';
-    put_u32(&before[2], kBefore + stride * height);
-    put_u32(&before[10], kBefore);
-    put_u32(&before[14], 40);
-    put_u32(&before[18], width);
-    put_u32(&before[22], height);
-    put_u16(&before[26], 1);
-    put_u16(&before[28], 8);
-    for (std::size_t i = 0; i < palette.size(); ++i) {
-        std::uint8_t *entry = &before[54 + 4 * i];
-        entry[0] = palette[i].blue, entry[1] = palette[i].green, entry[2] = palette[i].red;
+std::uint32_t check_value(std::span<const std::uint8_t> bytes, std::uint32_t before) {
+    std::uint32_t value = ~before;
+    for (const std::uint8_t byte : bytes) value = value >> 8 ^ kCheckTable[(value ^ byte) & 0xFF];
+    return ~value;
+}
+
+std::uint32_t check_value_of(const Picture &picture) {
+    std::uint32_t check = 0;
+    std::vector<std::uint8_t> bytes;
+    for (const Pane &pane : picture.panes) {
+        bytes.resize(8 + 3 * pane.pixels.size());
+        put_u32(bytes.data(), static_cast<std::uint32_t>(pane.width));
+        put_u32(bytes.data() + 4, static_cast<std::uint32_t>(pane.height));
+        std::uint8_t *rgb = bytes.data() + 8;
+        for (const std::uint8_t pixel : pane.pixels) {
+            const Color color = picture.palette[pixel];
+            *rgb++ = color.red;
+            *rgb++ = color.green;
+            *rgb++ = color.blue;
+        }
+        check = check_value(bytes, check);
     }
-    File file = open_file(name, "wb");
-    if (!file) return false;
-    bool written = std::fwrite(before.data(), before.size(), 1, file.get()) == 1;
-    // The rows of such files go upwards.
-    for (std::uint32_t y = height; y-- > 0;) {
-        constexpr std::uint8_t kPadding[4] = {};
-        written &= std::fwrite(&pane.pixels[std::size_t{y} * width], 1, width, file.get()) == width;
-        written &= std::fwrite(kPadding, 1, stride - width, file.get()) == stride - width;
-    }
-    return close_file(std::move(file)) && written;
+    return check;
 }
 
 template <class Coder>

@@ -4,12 +4,17 @@
 
 #include <array>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 #include "host/host.h"
 #include "host/replay/range_coder.h"
 
 namespace ink::host {
+
+// The usual check value of 32 bits (the polynomial 0xEDB88320), to be gone on with from that of what came
+// before.
+std::uint32_t check_value(std::span<const std::uint8_t> bytes, std::uint32_t before = 0);
 
 struct Pane {
     std::int32_t width = 0, height = 0;
@@ -26,8 +31,8 @@ struct Picture {
     bool operator==(const Picture &) const = default;
 };
 
-// As a file that every system shows. False when it cannot be written.
-bool write_bitmap(const char *name, const Pane &pane, const std::array<Color, 256> &palette);
+// The check value of what is seen: of every window its size and its colours.
+std::uint32_t check_value_of(const Picture &picture);
 
 class PictureModel {
   public:

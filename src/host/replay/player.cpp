@@ -7,8 +7,9 @@
 #include <utility>
 
 #include "host/input_file.h"
+#include "host/replay/bitmap_file.h"
 #include "host/replay/disc_print.h"
-#include "host/replay/record_file.h"
+#include "host/replay/record_reader.h"
 #include "host/replay/tape.h"
 #include "host/replay/traced_display.h"
 #include "host/replay/traced_sound.h"

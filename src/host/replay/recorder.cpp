@@ -10,7 +10,7 @@
 
 #include "host/disc/disc_device.h"
 #include "host/replay/disc_print.h"
-#include "host/replay/record_file.h"
+#include "host/replay/record_writer.h"
 #include "host/replay/tape.h"
 #include "host/replay/traced_display.h"
 #include "host/replay/traced_sound.h"

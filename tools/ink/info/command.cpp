@@ -40,8 +40,8 @@ void add_info(CLI::App &app) {
         app, "info", "Say what files are, what is in them, and where they break their format",
         {"ink info *.can", "ink info --json old/disk.bnd"},
         "A file is known by its content: pictures, palettes, animations, films, archives, packed files, "
-        "fonts, scripts and their saved states, settings, sounds and discs. The command fails when a "
-        "file is of no known format or breaks it.");
+        "fonts, scripts and their saved states, settings, sounds, discs and records. The command fails when "
+        "a file is of no known format or breaks it.");
     command->add_option("files", arguments->files, "Files, or patterns of names")->required();
     command->add_flag("--json", arguments->json, "For programs");
     command->callback([arguments] { info(*arguments); });

@@ -109,6 +109,7 @@ std::optional<Report> describe(const Bytes &file, const std::filesystem::path &n
     using Describe = std::optional<Report> (*)(const Bytes &);
     if (auto report = describe_flic(file)) return report;
     if (auto report = describe_bind(file)) return report;
+    if (auto report = describe_record(file)) return report;
     if (auto report = describe_wave(file)) return report;
     for (const Describe one :
          {describe_can, describe_palette, describe_picture, describe_script, describe_saved_state})

@@ -58,6 +58,7 @@ std::optional<Report> describe_font(const Bytes &file, const std::filesystem::pa
 std::optional<Report> describe_lzss(const Bytes &file, const std::filesystem::path &name);
 std::optional<Report> describe_palette(const Bytes &file);
 std::optional<Report> describe_picture(const Bytes &file);
+std::optional<Report> describe_record(const Bytes &file);
 std::optional<Report> describe_saved_state(const Bytes &file);
 std::optional<Report> describe_script(const Bytes &file);
 std::optional<Report> describe_wave(const Bytes &file);
