@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "frame.h"
+#include "light.h"
 
 namespace moon {
 namespace {
@@ -14,6 +15,15 @@ std::vector<std::uint8_t> mirror(const std::uint8_t *image, int width, int heigh
     std::vector<std::uint8_t> pixels(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
     MEM_turn_pest_image(0, 0, image, width, height, pixels.data());
     return pixels;
+}
+
+// A pool of dim glass around the feet.
+void draw_shadow(int x, int y, int half_width) {
+    const int half_height = half_width / 4;
+    for (int row = -half_height; row <= half_height; ++row) {
+        const int across = half_width * int_cos(90 * row / std::max(1, half_height)) / 65536;
+        BUF_glass_bar(x - across, y + row, x + across, y + row, kDimGlass, screen());
+    }
 }
 
 }  // namespace
@@ -52,10 +62,11 @@ void Figure::draw(int x, int y, const Look &look, std::uint8_t *mask) const {
     BUF_get_image(0, 0, w, h, scaled.data(), sheet.data());
 
     const int left = x + from_feet * look.percent / 100, top = y + frame.y * look.percent / 100;
-    std::vector<std::uint8_t> work(static_cast<std::size_t>((w + w / 4 + 8) * (h + 8)));
-    BUF_shadow_pest_bitmap(left, top, w, h, scaled.data() + 4, screen(), work.data());
-    if (look.outline != 0)
+    draw_shadow(x, y, w * 2 / 5);
+    if (look.outline != 0) {
+        std::vector<std::uint8_t> work(static_cast<std::size_t>((w + 2) * (h + 2)) + 4);
         BUF_outline_pest_image(left, top, scaled.data(), look.outline, 1, screen(), work.data());
+    }
     if (mask != nullptr)
         BUF_key_pest_image(left, top, scaled.data(), screen(), look.key, mask);
     else

@@ -48,7 +48,7 @@ void draw_strip(const Input &input) {
             BUF_mesh_pest_image(x, top + kMargin, image, 0xFF,
                                 screen());  // its place, while it is in the hand
         else if (thing == pointed)
-            BUF_outline_pest_image(x - 1, top + kMargin - 1, image, kBrightGold, 1, screen(), work.data());
+            BUF_outline_pest_image(x, top + kMargin, image, kBrightGold, 1, screen(), work.data());
         else
             BUF_pest_image(x, top + kMargin, image, screen());
         x += kColumn;

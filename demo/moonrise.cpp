@@ -20,6 +20,7 @@ namespace moon {
 namespace {
 
 constexpr int kFullSize = 120, kFirstSize = 16;
+constexpr int kWater = 34;  // its key in the mask of the lake
 
 std::vector<std::uint8_t> moon_image, boat;
 int risen = 0;     // of 1000: how far the moon has come
@@ -41,10 +42,14 @@ void draw_reflection(int x, int water, int height, int size) {
     BUF_scale_pest_bitmap(0, 0, w, h, width, rows, turned.data(), sheet.data());
     std::vector<std::uint8_t> scaled(static_cast<std::size_t>(w * h) + 4);
     BUF_get_image(0, 0, w, h, scaled.data(), sheet.data());
-    // Waves: each row a little to the side of the one above.
+    // Waves: each row a little to the side of the one above, and only where there is water.
     for (int row = 0; row < h; ++row) {
         const int shift = int_sin((row * 40 + static_cast<int>(GetTimerTick(2)) * 12) % 360) * 3 / 65536;
-        BUF_mesh_pest_bitmap(x - w / 2 + shift, top + row, w, 1, scaled.data() + 4 + row * w, 0xFF, screen());
+        std::uint8_t *pixels = scaled.data() + 4 + row * w;
+        const int left = x - w / 2 + shift;
+        for (int i = 0; i < w; ++i)
+            if (key_at(left + i, top + row) != kWater) pixels[i] = 0;
+        BUF_mesh_pest_bitmap(left, top + row, w, 1, pixels, 0xFF, screen());
     }
 }
 
@@ -81,7 +86,7 @@ void draw_risen_moon() {
     }
     draw_moon();
     draw_boat();
-    const Point jetty = layout_point("lake", "jetty", {120, 430});
+    const Point jetty = layout_point("lake", "jetty", {120, 405});
     constexpr int kApart = 60;
     draw_person(kMaster, jetty.x, jetty.y, false, 0);
     draw_person(kSeller, jetty.x + kApart, jetty.y, false, 0);
@@ -93,7 +98,7 @@ void let_moon_rise() {
     boat = read_image("boat.img");
     risen = boat_out = 0;
     hide_pointer();
-    const Point jetty = layout_point("lake", "jetty", {120, 430});
+    const Point jetty = layout_point("lake", "jetty", {120, 405});
     fade_out();
     set(kMoonlit, 1);
     place_hero({jetty.x + 190, jetty.y});

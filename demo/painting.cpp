@@ -44,8 +44,7 @@ void draw_desk(const std::vector<std::uint8_t> &desk, const Sheet &sheet, const 
     BUF_put_bitmap(kSheetX, kSheetY, kSheetSize, kSheetSize, sheet.pixels().data(), screen());
     // Where the moon goes; it is not part of the painting.
     const int x = kSheetX + kSheetSize / 2, y = kSheetY + kSheetSize / 2;
-    for (int start = 0; start < 360; start += 30)
-        if (start / 30 % 2 == 0) BUF_circle(x, y, kMoonRadius, kMoonRadius, start, start + 15, 4, screen());
+    BUF_circle(x, y, kMoonRadius, kMoonRadius, 0, 0, kPaperRamp + 10, screen());
     draw_tools(tools);
 }
 

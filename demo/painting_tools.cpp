@@ -66,8 +66,7 @@ void draw_sign(Tool tool, const Box &box) {
             for (int r = 13; r < 16; ++r) BUF_circle(x, y, r, r, 0, 0, kPaperWhite, screen());
             break;
         case Tool::kFill:
-            for (int start = 0; start < 360; start += 90)
-                BUF_circle(x, y, 15, 15, start, start + 90, kPaperWhite, screen());
+            BUF_circle(x, y, 15, 15, 0, 0, kPaperWhite, screen());
             for (int row = 0; row < 14; ++row) {
                 int half = 0;
                 while ((half + 1) * (half + 1) + row * row < 14 * 14) ++half;

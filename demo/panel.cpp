@@ -13,14 +13,15 @@
 #include "scene.h"
 #include "sound.h"
 #include "text.h"
+#include "words.h"
 
 namespace moon {
 namespace {
 
-constexpr int kLeft = 16, kTop = 334, kRight = 623, kBottom = 463;
+constexpr int kLeft = 16, kTop = 366, kRight = 623, kBottom = 471;
 constexpr int kPortraitX = 28, kPortraitWidth = 112, kPortraitHeight = 136;
-constexpr int kTextX = 164, kTextWidth = 440, kNameY = kTop + 10, kTextY = kTop + 42;
-constexpr int kNarratorX = 40, kNarratorWidth = 560;
+constexpr int kTextX = 160, kTextWidth = 444, kTextY = kTop + 12;
+constexpr int kNarratorX = 40, kNarratorWidth = 560, kCaptionWidth = 600;
 constexpr std::int32_t kMarkCounter = 3;
 
 std::vector<std::uint8_t> portraits[kSpeakers];
@@ -35,10 +36,26 @@ bool is_answer(const Input &input) {
 
 void draw_panel(int speaker) {
     draw_glass(kLeft, kTop, kRight, kBottom);
-    if (speaker == kNarrator) return;
-    const int y = kBottom - kPortraitHeight;
-    BUF_pest_image(kPortraitX, y, portraits[speaker].data(), screen());
-    print(kTextX, kNameY, in_language(names[speaker]), kNameStyle);
+    if (speaker != kNarrator)
+        BUF_pest_image(kPortraitX, kBottom - kPortraitHeight, portraits[speaker].data(), screen());
+}
+
+// On a tag that stands on the panel.
+void draw_name(int speaker) {
+    const std::string name = in_language(names[speaker]);
+    const int top = kTop - text_height() - 10;
+    BUF_glass_bar(kTextX - 12, top, kTextX + text_width(name) + 12, kTop - 1, kDarkGlass, screen());
+    print(kTextX, top + 6, name, kNameStyle);
+}
+
+// Under the risen moon nothing hides those who stand on the jetty: what is said stands below them.
+void draw_caption(int speaker, const std::string &text) {
+    const std::string line = in_language(names[speaker]) + in_language(SAYS_ZH, SAYS_EN) + text;
+    int y = kBottom - 4 - line_height() * static_cast<int>(wrap(line, kCaptionWidth).size());
+    for (const std::string &part : wrap(line, kCaptionWidth)) {
+        print_centred(INK_SCREEN_WIDTH / 2, y, part, kSpeech);
+        y += line_height();
+    }
 }
 
 // A golden drop that falls and is there again: it goes on.
@@ -75,24 +92,34 @@ void draw_glass(int left, int top, int right, int bottom) {
     BUF_box(left + 3, top + 3, right - 3, bottom - 3, kGold, screen());
 }
 
+int panel_text_width(bool narrated) {
+    return narrated ? kNarratorWidth : kTextWidth;
+}
+
+int panel_lines() {
+    return (kBottom - kTextY) / (line_height() - 2);
+}
+
 void say(int speaker, const std::string &text) {
-    const bool narrated = speaker == kNarrator;
-    const int x = narrated ? kNarratorX : kTextX, y = narrated ? kTop + 20 : kTextY;
+    const bool narrated = speaker == kNarrator, caption = get(kMoonlit) != 0;
+    const int x = narrated ? kNarratorX : kTextX;
     show_pointer(Pointer::kArrow);
     let_speak(speaker);
-    for (const auto &page :
-         pages_of(text, narrated ? kNarratorWidth : kTextWidth, line_height() > 24 ? 3 : 4)) {
+    for (const auto &page : pages_of(text, panel_text_width(narrated),
+                                     caption ? text.size() : static_cast<std::size_t>(panel_lines()))) {
         SetTimerTick(kMarkCounter, 0);
         while (!window_closed()) {
             const Input input = begin_frame(Waiting::kClick);
             draw_scene();
-            draw_panel(speaker);
-            int line_y = y;
-            for (const std::string &line : page) {
-                print(x, line_y, line, kSpeech);
-                line_y += line_height() - 2;
+            if (caption) {
+                draw_caption(speaker, text);
+            } else {
+                draw_panel(speaker);
+                if (!narrated) draw_name(speaker);
+                for (std::size_t i = 0; i < page.size(); ++i)
+                    print(x, kTextY + static_cast<int>(i) * (line_height() - 2), page[i], kSpeech);
+                draw_mark();
             }
-            draw_mark();
             end_frame();
             if (is_answer(input)) break;
         }
@@ -103,7 +130,7 @@ void say(int speaker, const std::string &text) {
 
 int choose(const std::vector<std::string> &answers) {
     const int count = static_cast<int>(answers.size());
-    const int row = std::min(36, (kBottom - kTop - 24) / std::max(1, count));
+    const int row = std::min(36, (kBottom - kTop - 8) / std::max(1, count));
     const int first = kTop + (kBottom - kTop - row * count) / 2;
     int chosen = 0, last_y = 0;
     MOUSE_get_position(nullptr, &last_y);
@@ -138,14 +165,16 @@ int choose(const std::vector<std::string> &answers) {
 void show_found(int thing, const std::string &text) {
     constexpr int kMiddle = INK_SCREEN_WIDTH / 2, kThingTop = 168, kThingSize = 48;
     const int half = std::max(120, text_width(text) / 2 + 32);
-    std::vector<std::uint8_t> work(static_cast<std::size_t>((kThingSize + 4) * (kThingSize + 4)) + 4);
+    std::vector<std::uint8_t> work(static_cast<std::size_t>((kThingSize + 16) * (kThingSize + 4)) + 4);
     play(Sound::kChime);
     while (!window_closed()) {
         const Input input = begin_frame(Waiting::kClick);
         draw_scene();
         draw_glass(kMiddle - half, kThingTop - 24, kMiddle + half, kThingTop + 104);
-        BUF_outline_pest_image(kMiddle - kThingSize / 2 - 2, kThingTop - 2, thing_image(thing), kBrightGold,
-                               2, screen(), work.data());
+        BUF_shadow_pest_bitmap(kMiddle - kThingSize / 2, kThingTop, kThingSize, kThingSize,
+                               thing_image(thing) + 4, screen(), work.data());
+        BUF_outline_pest_image(kMiddle - kThingSize / 2, kThingTop, thing_image(thing), kBrightGold, 2,
+                               screen(), work.data());
         print_centred(kMiddle, kThingTop + 64, text, kSpeech);
         end_frame();
         if (is_answer(input)) break;

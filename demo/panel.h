@@ -12,6 +12,10 @@ void name_speaker(int speaker, const std::string &chinese, const std::string &en
 // Shows what the speaker says, page by page, until it is clicked away.
 void say(int speaker, const std::string &text);
 
+// The room of the panel: the pixels of a line, and how many lines a page has in the language that is set.
+int panel_text_width(bool narrated);
+int panel_lines();
+
 // Lets the player choose one of the answers with pointer or keys; returns its number.
 int choose(const std::vector<std::string> &answers);
 

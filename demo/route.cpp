@@ -106,7 +106,7 @@ const std::vector<Goal> kEnd = {
     picture(Waiting::kTime, "moonrise", 7000),
     picture(Waiting::kClick, "moon", 1),
     picture(Waiting::kClick, "seen", 2),
-    picture(Waiting::kClick, "end", 2),
+    picture(Waiting::kClick, "end", 3),
     {What::kDrop, Waiting::kTitle},
 };
 

@@ -35,14 +35,16 @@ void Sheet::line(Point from, Point to) {
         dab(from.x + (to.x - from.x) * i / steps, from.y + (to.y - from.y) * i / steps);
 }
 
-// As thick as the brush: circles side by side, each of four arcs, since a whole one is not closed and a fill
-// would run out of it.
+// As thick as the brush: circles side by side. A whole one has a gap at its lower right, out of which a fill
+// would run, so that side is drawn once more as an arc.
 void Sheet::circle(Point middle, Point edge) {
     const int dx = edge.x - middle.x, dy = edge.y - middle.y;
     const int radius = static_cast<int>(std::lround(std::sqrt(dx * dx + dy * dy)));
-    for (int r = std::max(1, radius - radius_ / 2); r <= std::max(1, radius + (radius_ + 1) / 2); ++r)
-        for (int start = 0; start < 360; start += 90)
-            MEM_circle(middle.x, middle.y, r, r, start, start + 90, colour_, size_, size_, pixels_.data());
+    const int first = std::max(2, radius - radius_ / 2), last = std::max(2, radius + (radius_ + 1) / 2);
+    for (int r = first; r <= last; ++r) {
+        MEM_circle(middle.x, middle.y, r, r, 0, 0, colour_, size_, size_, pixels_.data());
+        MEM_circle(middle.x, middle.y, r, r, 180, 400, colour_, size_, size_, pixels_.data());
+    }
 }
 
 void Sheet::fill(Point at) {

@@ -44,7 +44,6 @@ void play(Sound sound) {
 
 void insert_disc(const std::string &sheet) {
     HOST_insert_disc(sheet.c_str());
-    CDROM_total();
 }
 
 void play_music(Track track) {

@@ -52,26 +52,36 @@ bool may_not_end(const std::string &unit) {
 }
 
 // The text in units that are not cut: words with the space behind them, and Chinese characters with the marks
-// that belong to them.
+// that belong to them. A control sequence goes with what follows it.
 std::vector<std::string> units_of(const std::string &text) {
     std::vector<std::string> units;
-    bool glue = false;
+    std::string control;
+    bool in_word = false, opened = false;
     for (std::size_t at = 0; at < text.size();) {
         const std::string unit = text.substr(at, length_at(text, at));
         at += unit.size();
-        const bool control = unit[0] == '~', single = unit.size() == 1;
-        if (!units.empty() && (glue || control || may_not_begin(unit)))
-            units.back() += unit;
-        else
-            units.push_back(unit);
-        glue = may_not_end(unit) || control || (single && unit != " ");
-        // What follows a control sequence at the end of a word may begin a new one.
-        if (control && units.back().size() > 3) {
-            const std::string before = units.back().substr(0, units.back().size() - 3);
-            glue = before.back() != ' ' && static_cast<std::uint8_t>(before.back()) < 0x80;
+        if (unit[0] == '~') {
+            control += unit;
+            continue;
         }
+        const bool single = unit.size() == 1;
+        const bool joins = !units.empty() && (opened || may_not_begin(unit) || (single && in_word));
+        if (joins)
+            units.back() += control + unit;
+        else
+            units.push_back(control + unit);
+        control.clear();
+        in_word = single && unit != " ";
+        opened = may_not_end(unit);
     }
+    if (!units.empty()) units.back() += control;
     return units;
+}
+
+// Whether the accent of a text is still on at its end.
+bool ends_accented(const std::string &text) {
+    const std::size_t on = text.rfind("~C1"), off = text.rfind("~C0");
+    return on != text.npos && (off == text.npos || off < on);
 }
 
 void set_colours(const TextStyle &style) {
@@ -107,8 +117,10 @@ std::vector<std::string> wrap(const std::string &text, int width) {
     std::vector<std::string> lines(1);
     for (const std::string &unit : units_of(text)) {
         const std::string word = unit.substr(0, unit.find_last_not_of(' ') + 1);
-        if (!lines.back().empty() && text_width(lines.back() + word) > width) lines.emplace_back();
-        if (!lines.back().empty() || unit != " ") lines.back() += unit;
+        const bool begun = text_width(lines.back()) > 0;
+        if (begun && text_width(lines.back() + word) > width)
+            lines.emplace_back(ends_accented(lines.back()) ? "~C1" : "");
+        if (unit != " " || text_width(lines.back()) > 0) lines.back() += unit;
     }
     return lines;
 }
