@@ -45,7 +45,7 @@ LRESULT procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
 }  // namespace
 
 bool open_window() {
-    handle = HOST_open_window("墨中月 - The Moon in the Ink", INK_SCREEN_WIDTH, INK_SCREEN_HEIGHT, procedure);
+    handle = HOST_open_window("The Moon in the Ink", INK_SCREEN_WIDTH, INK_SCREEN_HEIGHT, procedure);
     if (handle == nullptr) return false;
     WViewInit(handle, 0, 0, INK_SCREEN_WIDTH, INK_SCREEN_HEIGHT, screen());
     WViewEnable();
