@@ -7,7 +7,7 @@ build_packages="g++ cmake ninja-build pkg-config libsdl2-dev libcli11-dev libfre
   libimagequant-dev libgif-dev libsamplerate0-dev
   xfonts-intl-chinese xfonts-base"
 # What the tests take on top.
-test_packages="libgtest-dev imagemagick netpbm libavcodec-dev libavformat-dev libavutil-dev"
+test_packages="make libgtest-dev imagemagick netpbm libavcodec-dev libavformat-dev libavutil-dev"
 # What continuous integration takes on top: the second compiler with its sanitizers and fuzzer, the formatter, a
 # display without a screen and a hand for it, and the peers of the benchmarks.
 ci_packages="clang-14 clang libclang-rt-14-dev clang-format-14 clang-format xvfb xauth xdotool x11-utils openbox

@@ -46,7 +46,10 @@ finish() {
     "$wine" wineboot -k > wineboot.log 2>&1 || true
     [ -z "${manager_pid:-}" ] || kill "$manager_pid" 2>/dev/null || true
     [ -z "${display_pid:-}" ] || kill "$display_pid" 2>/dev/null || true
-    cd / && rm -rf "$place"
+    cd /
+    # What Wine leaves running for a moment still writes there.
+    local try
+    for try in $(seq 50); do rm -rf "$place" 2>/dev/null && break; sleep 0.1; done
 }
 trap finish EXIT
 
