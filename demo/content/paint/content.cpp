@@ -4,6 +4,7 @@
 #include "palette.h"
 #include "people.h"
 #include "picture/picture_file.h"
+#include "portrait.h"
 
 namespace paint {
 
@@ -24,6 +25,15 @@ void write_people(const std::filesystem::path &directory) {
     write("seller.can", seller());
     write("girl.can", girl());
     write("boatman.can", boatman());
+
+    const auto write_portrait = [&directory](const char *name, const Canvas &canvas) {
+        tool::write_bytes(directory / name, tool::image_block(canvas.picture(0.5)));
+    };
+    write_portrait("p_hero.img", hero_portrait());
+    write_portrait("p_master.img", master_portrait());
+    write_portrait("p_seller.img", seller_portrait());
+    write_portrait("p_girl.img", girl_portrait());
+    write_portrait("p_boat.img", boatman_portrait());
 }
 
 }  // namespace paint

@@ -1,4 +1,6 @@
 // Aunt Lin of the paper shop: round, a scarf around her hair, an apron, the sleeves rolled up, a fan in the hand.
+#include <cmath>
+
 #include "people.h"
 
 namespace paint {
@@ -16,10 +18,13 @@ void bare_arm(Canvas &canvas, Point shoulder, Point elbow, Point hand) {
     limb(canvas, {elbow, {(elbow.x + hand.x) / 2, (elbow.y + hand.y) / 2}, hand}, kSkin, 0.7, 7, 7, 5.5);
     limb(canvas, {shoulder, {(shoulder.x + elbow.x) / 2, (shoulder.y + elbow.y) / 2}, elbow}, kTeal, 0.5, 12,
          13, 12);
-    const double dx = (elbow.x - shoulder.x) * 0.12, dy = (elbow.y - shoulder.y) * 0.12;
-    canvas.line(at_feet({{elbow.x - dy * 4 + dx * 2, elbow.y + dx * 4 + dy * 2},
-                         {elbow.x + dy * 4 + dx * 2, elbow.y - dx * 4 + dy * 2}}),
-                kTeal, 0.95, {4, 4.4, 4});
+    // The sleeve is rolled up to the elbow.
+    const double dx = elbow.x - shoulder.x, dy = elbow.y - shoulder.y, length = std::sqrt(dx * dx + dy * dy);
+    const double ax = 6.4 * dy / length, ay = -6.4 * dx / length;
+    canvas.line(at_feet({{elbow.x - ax, elbow.y - ay}, {elbow.x + ax, elbow.y + ay}}), kInk, 0.06,
+                {5.6, 5.6, 5.6});
+    canvas.line(at_feet({{elbow.x - ax, elbow.y - ay}, {elbow.x + ax, elbow.y + ay}}), kTeal, 0.9,
+                {3.4, 3.8, 3.4});
 }
 
 void body(Canvas &canvas, double b) {
@@ -110,12 +115,12 @@ void fan(Canvas &canvas, Point hand, double degrees) {
 FigureCanvas draw(const Pose &pose) {
     FigureCanvas canvas;
     const double b = pose.breath;
-    bare_arm(canvas, {14, -70 - b}, {23, -58 - b}, {21 + 9 * pose.hand, -48 - b - 16 * pose.hand});
     body(canvas, b);
+    bare_arm(canvas, {15, -70 - b}, {22, -57 - b}, {14 + 20 * pose.hand, -45 - b - 18 * pose.hand});
     head(canvas, pose);
-    const Point hand{-16, -72 - b};
-    fan(canvas, {hand.x - 3, hand.y}, -18 + pose.fan);
-    bare_arm(canvas, {-15, -70 - b}, {-25, -56 - b}, hand);
+    const Point hand{-33, -72 - b};
+    fan(canvas, {hand.x, hand.y - 2}, -18 + pose.fan);
+    bare_arm(canvas, {-15, -70 - b}, {-24, -56 - b}, hand);
     return canvas;
 }
 
