@@ -10,7 +10,6 @@
 #include <vector>
 
 #include "film/can_file.h"
-#include "paint/content.h"
 
 namespace {
 
@@ -125,8 +124,6 @@ int main(int argc, char **argv) try {
     write(directory / "click.wav", wave(0.12, click));
     write(directory / "chime.wav", wave(1.5, chime));
     write(directory / "cursor.can", ink::tool::can_file(pictures(kFrames), 0, 0));
-    paint::write_palettes(directory);
-    paint::write_people(directory);
     return 0;
 } catch (const std::exception &error) {
     std::fprintf(stderr, "make_content: %s\n", error.what());
