@@ -128,6 +128,33 @@ typedef int32_t (*HOST_OBSERVER)(const char *call);
 /* Sets the observer of the machine's operations; null removes it. */
 INK_API void HOST_observe(HOST_OBSERVER observer);
 
+/* ---- Recording and replaying ---- */
+
+/* Writes everything that comes into the program from outside (messages, clocks, the time of day, settings, the
+   disc, what the machine refuses) to the file from now on, so that the program can be run from it again on any
+   machine, picture for picture and sound for sound. It comes before the first window and the first timer, once
+   in a process; INKSTONE_RECORD of the environment names a file that is recorded from the start. The record
+   ends with the process, or with null for file. While it is written HOST_read_indices and its like give what
+   the program showed and played by the record's time, which on a machine with a real clock is heard a moment
+   earlier or later. Returns 0, or -2 when the file cannot be written, a record was begun before, or there is
+   none to end. */
+INK_API int32_t HOST_record(const char *file);
+
+/* Answers everything from now on out of a recorded file, as fast as the program asks on the headless machine,
+   and in a window, whose input does not count, at the pace of the record. It comes where HOST_record came;
+   INKSTONE_REPLAY of the environment names a file that is replayed from the start. What HOST_key and its like
+   do is part of the record, so here they do nothing. HOST_name is the recorded machine's. A program that asks
+   something else than was recorded is ended. When the program has ended, a line on the standard error output
+   says whether picture and sound were equal; if not, its exit code becomes 3. Returns 0, or -2 when the file is
+   no record, is broken or of another version, which a line on the standard error output says, or a replay was
+   begun before. */
+INK_API int32_t HOST_replay(const char *file);
+
+/* How the replay goes: how many seconds of it are past, and the second in which picture or sound first
+   differed, counted from 1, or 0 as long as all is equal. Either pointer may be null. Returns 0, or -2 when
+   there is no replay. */
+INK_API int32_t HOST_replay_state(int32_t *seconds, int32_t *first_difference);
+
 /* ---- The simulated clock ---- */
 
 /* The machine's time in microseconds since it started. Reading the headless machine's moves it on by one. */

@@ -249,6 +249,9 @@ class Windows {
 class Bench {
   public:
     virtual std::uint64_t clock() { return 0; }
+    // The same time without moving a simulated clock on, and whether the clock is such a one.
+    virtual std::uint64_t now() { return clock(); }
+    virtual bool has_simulated_clock() { return false; }
     virtual void advance_clock(std::uint64_t /*microseconds*/) {}
     virtual void set_timer_resolution(std::uint32_t /*milliseconds*/) {}
     virtual void set_local_time(const DateTime &) {}

@@ -4,8 +4,11 @@
 #include <cstring>
 #include <iterator>
 #include <new>
+#include <string>
 
 #include "host/host.h"
+#include "host/replay/player.h"
+#include "host/replay/recorder.h"
 #include "host/watched_machine.h"
 
 namespace ink::host {
@@ -25,19 +28,54 @@ constexpr const Host *kHosts[] = {
 
 HOST_OBSERVER observer = nullptr;
 Machine *opened = nullptr;   // the machine itself
-Machine *watched = nullptr;  // the one that stands in front of it, once there was an observer
+Machine *traced = nullptr;   // that, or the one in front of it that records or replays
+Machine *watched = nullptr;  // the one that stands in front of both, once there was an observer
 Machine *current = nullptr;  // the one of these that the library calls
 
 // While nobody watches nothing stands between the library and the machine.
 void place_watch() {
-    if (observer != nullptr && watched == nullptr) watched = &watch(*opened, observer);
-    current = observer != nullptr ? watched : opened;
+    if (observer != nullptr && watched == nullptr) watched = &watch(*traced, observer);
+    current = observer != nullptr ? watched : traced;
+}
+
+void place(Machine *machine) {
+    traced = machine;
+    watched = nullptr;
+    place_watch();
+}
+
+bool begin_replay(const char *file) {
+    std::string reason;
+    Machine *machine = replay(*traced, file, reason);
+    if (machine == nullptr)
+        std::fprintf(stderr, "replay: %s cannot be replayed: %s\n", file, reason.c_str());
+    else
+        place(machine);
+    return machine != nullptr;
+}
+
+bool begin_record(const char *file) {
+    Machine *machine = record(*traced, file);
+    if (machine == nullptr)
+        std::fprintf(stderr, "record: %s cannot be recorded\n", file);
+    else
+        place(machine);
+    return machine != nullptr;
+}
+
+// A program that was to be recorded or replayed does not run otherwise.
+void obey(const char *variable, bool (*begin)(const char *)) {
+    const char *file = std::getenv(variable);
+    if (file != nullptr && *file != '\0' && !begin(file)) std::exit(1);
 }
 
 bool start(const Host &host) try {
     opened = host.open();
-    if (opened != nullptr) place_watch();
-    return opened != nullptr;
+    if (opened == nullptr) return false;
+    place(opened);
+    obey("INKSTONE_REPLAY", begin_replay);
+    obey("INKSTONE_RECORD", begin_record);
+    return true;
 } catch (const std::bad_alloc &) {
     return false;
 }
@@ -84,6 +122,30 @@ int32_t HOST_list(int32_t index, const char **name, const char **description) {
     const host::Host &record = *host::kHosts[index];
     if (name != nullptr) *name = record.name;
     if (description != nullptr) *description = record.description;
+    return 0;
+}
+
+int32_t HOST_record(const char *file) try {
+    if (file == nullptr) return host::end_record() ? 0 : -2;
+    host::machine();
+    return host::begin_record(file) ? 0 : -2;
+} catch (const std::bad_alloc &) {
+    return -2;
+}
+
+int32_t HOST_replay(const char *file) try {
+    if (file == nullptr) return -2;
+    host::machine();
+    return host::begin_replay(file) ? 0 : -2;
+} catch (const std::bad_alloc &) {
+    return -2;
+}
+
+int32_t HOST_replay_state(int32_t *seconds, int32_t *first_difference) {
+    host::ReplayState state;
+    if (!host::replay_state(state)) return -2;
+    if (seconds != nullptr) *seconds = state.seconds;
+    if (first_difference != nullptr) *first_difference = state.first_difference;
     return 0;
 }
 

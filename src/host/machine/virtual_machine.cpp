@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
-#include <cstdlib>
 #include <limits>
 #include <new>
 #include <utility>
@@ -48,7 +47,7 @@ std::tm time_of(std::int64_t seconds) {
 
 }  // namespace
 
-VirtualMachine::VirtualMachine(const char *name, Clock clock, std::unique_ptr<Ends> ends)
+VirtualMachine::VirtualMachine(const char *name, Clock clock, std::unique_ptr<Ends> ends, const char *disc)
     : clock_(clock),
       loudspeaker_(clock_, [this] { return ends_->sound_wanted(loudspeaker_); }),
       ends_(std::move(ends)),
@@ -63,7 +62,6 @@ VirtualMachine::VirtualMachine(const char *name, Clock clock, std::unique_ptr<En
         ends_->pointer_warped(*this);
         pointer_move(pointer_.position().x, pointer_.position().y);
     });
-    const char *disc = std::getenv("INKSTONE_DISC");
     if (disc != nullptr && *disc != '\0' && !insert_disc(disc))
         std::fprintf(stderr, "INKSTONE_DISC: there is no disc %s\n", disc);
 }

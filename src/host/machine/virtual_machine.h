@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <cstdlib>
 #include <ctime>
 #include <map>
 #include <memory>
@@ -23,7 +24,9 @@ namespace ink::host {
 
 class VirtualMachine final : public Windows, public Bench, public Messages, public Timers, public System {
   public:
-    VirtualMachine(const char *name, Clock clock, std::unique_ptr<Ends> ends);
+    // disc is what lies in the drive from the start: null for nothing.
+    VirtualMachine(const char *name, Clock clock, std::unique_ptr<Ends> ends,
+                   const char *disc = std::getenv("INKSTONE_DISC"));
     VirtualMachine(const VirtualMachine &) = delete;
     VirtualMachine &operator=(const VirtualMachine &) = delete;
 
@@ -67,6 +70,8 @@ class VirtualMachine final : public Windows, public Bench, public Messages, publ
     bool is_cdrom(std::int32_t drive) override;
 
     std::uint64_t clock() override { return clock_.tick(); }
+    std::uint64_t now() override { return clock_.now(); }
+    bool has_simulated_clock() override { return clock_.simulated(); }
     void advance_clock(std::uint64_t microseconds) override;
     void set_timer_resolution(std::uint32_t milliseconds) override;
     void key(std::int32_t scan_code, bool down) override;
