@@ -36,7 +36,7 @@ void draw_reflection(int x, int water, int height, int size) {
     IMG_get_image_size(moon_image.data(), &width, &rows);
     std::vector<std::uint8_t> turned(static_cast<std::size_t>(width * rows));
     MEM_reverse_pest_image(0, 0, moon_image.data(), width, rows, turned.data());
-    const int w = size, h = std::max(1, size / 2), top = water + height / 3;
+    const int w = size, h = std::max(1, size / 2), top = water + 8 + height / 6;
     static std::vector<std::uint8_t> sheet(INK_SCREEN_WIDTH * INK_SCREEN_HEIGHT);
     BUF_bar(0, 0, w - 1, h - 1, 0, sheet.data());
     BUF_scale_pest_bitmap(0, 0, w, h, width, rows, turned.data(), sheet.data());
