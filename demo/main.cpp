@@ -1,126 +1,180 @@
-// The demo: a program of a game's shape, with a title to type under, a desk whose things answer to the
-// pointer, and a page of text. On a machine without a display a scripted player plays it and saves pictures.
+// The Moon in the Ink: a small complete adventure, and an example of a whole game. Without a display, or with
+// --tour, a recorded play runs from the beginning to the end, checks itself, and saves pictures and sound.
+#include <inkstone/inkstone.h>
+
 #include <CLI/CLI.hpp>
 #include <cstdio>
 #include <exception>
 #include <filesystem>
 #include <memory>
+#include <string>
 
-#include "desk_page.h"
-#include "game.h"
+#include "archive.h"
+#include "ending.h"
+#include "frame.h"
+#include "inventory.h"
+#include "language.h"
+#include "layout.h"
+#include "light.h"
+#include "name_entry.h"
+#include "opening.h"
+#include "panel.h"
+#include "play.h"
 #include "player.h"
-#include "poem_page.h"
-#include "title_page.h"
+#include "pointer.h"
+#include "save.h"
+#include "scene.h"
+#include "script.h"
+#include "settings.h"
+#include "sound.h"
+#include "text.h"
+#include "title.h"
+#include "window.h"
 
 namespace {
 
-using namespace demo;
+using namespace moon;
 
-constexpr std::int32_t kFrameMilliseconds = 16;
 constexpr std::int32_t kFrameList = 0;  // the polling list that runs once a frame
 
-bool page_turned = false;
+std::unique_ptr<Player> player;
 
-// A key that is held is reported in every frame; the page hears of it once.
-std::uint8_t read_new_key() {
-    static std::uint8_t held = 0;
-    const std::uint8_t key = read_data_key();
-    const bool again = key == held;
-    held = key;
-    return again ? 0 : key;
+// All that stays loaded as long as the game runs; false when something is missing without which it cannot.
+bool load_content() {
+    if (!load_fonts()) return false;
+    load_layout();
+    load_palettes();
+    load_sounds();
+    load_pointers();
+    load_portraits();
+    load_things();
+    load_scenes();
+    return begin_script();
 }
 
-Events read_events() {
-    Events events;
-    events.key = read_new_key();
-    events.mouse = MOUSE_get_key();
-    MOUSE_reset();
-    MOUSE_get_position(&events.x, &events.y);
-    return events;
+void begin_new_game() {
+    begin_script();
+    set_name(enter_name(draw_title));
+    fade_out();
+    show_opening();
+    enter_by(kStudy, Side::kStart);
+    show_place();
+    run(kBeginning);
 }
 
-void open_page(Game &game, Page &page) {
-    page.draw(game);
-    MOUSE_show(!page.has_image_cursor());
-    WViewBuffer2Screen();
-    game.fade_in(page.palette(game));
+void go_on_with_saved_game() {
+    load_game();
+    fade_out();
+    enter_place();
+    show_place();
 }
 
-// The frame loop. player is null when a person plays.
-void play(Game &game, Player *player) {
-    constexpr std::uint8_t kEscCode = 155;
-    TitlePage title;
-    DeskPage desk;
-    PoemPage poem;
-    Page *const pages[] = {&title, &desk, &poem};
-    std::size_t page = 0;
-    open_page(game, *pages[page]);
-    while (game.running()) {
-        clear_time_delay();
-        PollingExecute(kFrameList);
-        if (player != nullptr) player->play();
-        const Events events = read_events();
-        if (events.key == kEscCode) break;
-        if (page_turned) {
-            page_turned = false;
-            game.fade_out();
-            page = (page + 1) % std::size(pages);
-            open_page(game, *pages[page]);
-        }
-        pages[page]->frame(game, events);
-        if (pages[page]->has_image_cursor()) {
-            MOUSE_show_image_cursor(game.screen());
-            WViewBuffer2Screen();
-        }
-        wait_time_delay(kFrameMilliseconds);
+// Title page, play, ending, and over again.
+void run_game() {
+    while (!window_closed()) {
+        const TitleResult result = title_page();
+        if (result == TitleResult::kLeave) break;
+        if (result == TitleResult::kNewGame)
+            begin_new_game();
+        else
+            go_on_with_saved_game();
+        play_story();
+        if (get(kFinished) != 0)
+            show_ending();
+        else
+            fade_out();
     }
-    game.fade_out();
+    fade_out();
+}
+
+struct Options {
+    std::string host, content, folder, pictures = "demo-pictures", language;
+    bool tour = false, scripted = false;
+    int half = 0;
+};
+
+int run_with(const Options &options) {
+    namespace fs = std::filesystem;
+    // A tour needs no window: on the simulated machine it takes seconds.
+    const std::string host = options.host.empty() && options.tour ? "headless" : options.host;
+    if (!host.empty() && HOST_choose(host.c_str()) != 0) {
+        std::fprintf(stderr, "demo: the machine '%s' cannot be had here\n", host.c_str());
+        return 1;
+    }
+    const bool tour = options.tour || std::string(HOST_name()) == "headless";
+    const std::string content = fs::absolute(options.content).string();
+    const std::string pictures = fs::absolute(options.pictures).string();
+    // The kept play checks itself: when it ends the machine says whether picture and sound were as they were then.
+    const std::string kept = content + "/tour.rec";
+    if (tour && !options.scripted && options.half == 0 && fs::exists(kept) && HOST_replay(kept.c_str()) != 0)
+        return 1;
+    // A tour has a folder of its own, so that it finds no game of somebody else's.
+    const fs::path folder = tour ? fs::path(pictures) / "play" : fs::absolute(options.folder);
+    fs::create_directories(folder);
+    fs::current_path(folder);
+    if (tour && options.half != 2)
+        for (const char *file : {"GAME.INF", "GAME.SAV", "MOON.PCX"}) fs::remove(file);
+
+    if (!unpack(content + "/GAME.BND")) {
+        std::fprintf(stderr, "demo: there is no archive GAME.BND in %s\n", content.c_str());
+        return 1;
+    }
+    read_settings();
+    if (!options.language.empty())
+        set_language(options.language == "en" ? Language::kEnglish : Language::kChinese);
+    // The disc is in the drive before the families start, as a player would have put it there.
+    insert_disc(content + "/music.cue");
+    if (!open_window()) {
+        std::fprintf(stderr, "demo: no window can be opened\n");
+        return 1;
+    }
+    std::printf("The Moon in the Ink, on the %s machine\n", HOST_name());
+    PollingInit(kFrameList);
+    PollingAppend(kFrameList, [] { CDROM_check_task(); });
+    watch_tab();
+    if (tour) {
+        player = std::make_unique<Player>(pictures, options.half);
+        PollingAppend(kFrameList, [] { player->play(); });
+    }
+    const bool loaded = load_content();
+    if (loaded)
+        run_game();
+    else
+        std::fprintf(stderr, "demo: the archive lacks the fonts or the script; %s says more\n", "ERROR.MSG");
+    PollingClear(kFrameList);
+    if (player != nullptr) player->finish();
+    close_window();
+    return loaded && (player == nullptr || player->at_the_end()) ? 0 : 1;
 }
 
 }  // namespace
 
 int main(int argc, char **argv) try {
-    CLI::App app("The demo of Inkstone.", "demo");
-    std::string host, pictures = "demo-pictures";
-    std::string content = (std::filesystem::path(argv[0]).parent_path() / "content").string();
-    bool scripted = false;
-    app.add_option("--host", host, "the machine to run on: win32, sdl or headless (default: whichever fits)");
-    app.add_flag("--scripted", scripted, "let the scripted player play, as it does without a display");
-    app.add_option("--pictures", pictures, "where the scripted player saves its pictures")
+    CLI::App app("The Moon in the Ink, the game of Inkstone.", "demo");
+    Options options;
+    const auto beside = std::filesystem::path(argv[0]).parent_path();
+    options.content = (beside / "content").string();
+    options.folder = (beside / "game").string();
+    app.add_option("--host", options.host,
+                   "the machine to run on: win32, sdl or headless (default: whichever fits)");
+    app.add_option("--language", options.language, "zh or en (default: what GAME.INF says)")
+        ->check(CLI::IsMember({"zh", "en"}));
+    app.add_flag("--tour", options.tour,
+                 "run the recorded play and check it, as it is done without a display; "
+                 "where none is kept the scripted player plays");
+    app.add_flag("--scripted", options.scripted,
+                 "with --tour: play anew, even where a recorded play is kept");
+    app.add_option("--half", options.half,
+                   "of the tour: 1 plays as far as it saves, 2 loads that and plays on")
+        ->check(CLI::Range(0, 2));
+    app.add_option("--pictures", options.pictures, "where the tour saves its pictures")
         ->capture_default_str();
-    app.add_option(
-        "--content", content,
-        "the directory of the demo's fonts, sounds, cursor and disc (default: beside the program)");
+    app.add_option("--content", options.content,
+                   "where the archive and the disc are (default: beside the program)");
+    app.add_option("--folder", options.folder,
+                   "where the game keeps its files and saved games (default: beside the program)");
     CLI11_PARSE(app, argc, argv);
-
-    if (!host.empty() && HOST_choose(host.c_str()) != 0) {
-        std::fprintf(stderr, "demo: the machine '%s' cannot be had here\n", host.c_str());
-        return 1;
-    }
-    // The fonts are looked for in the current directory, like everything a game brings.
-    pictures = std::filesystem::absolute(pictures).string();
-    std::filesystem::current_path(content);
-    Game game;
-    if (!game.start()) {
-        std::fprintf(stderr, "demo: no window can be opened\n");
-        return 1;
-    }
-    std::printf("Inkstone's demo on the %s machine\n", HOST_name());
-    MOUSE_load_cursor(0, HOST_load_cursor(HOST_CURSOR_ARROW));
-    std::vector<std::uint8_t> work(64 * 64 * 2 + 16);
-    MOUSE_load_image_cursor(0, "cursor.can", work.data());
-    MOUSE_set_spot(1, 1);
-    set_system_tab_function([] { page_turned = true; });
-    PollingInit(kFrameList);
-    PollingAppend(kFrameList, [] { CDROM_check_task(); });
-
-    std::unique_ptr<Player> player;
-    if (scripted || std::string(HOST_name()) == "headless") player = std::make_unique<Player>(game, pictures);
-    play(game, player.get());
-    PollingClear(kFrameList);
-    game.stop();
-    if (player != nullptr) std::printf("%d pictures in %s\n", player->pictures_taken(), pictures.c_str());
-    return 0;
+    return run_with(options);
 } catch (const std::exception &error) {
     std::fprintf(stderr, "demo: %s\n", error.what());
     return 1;

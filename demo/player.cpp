@@ -1,122 +1,194 @@
 #include "player.h"
 
+#include <inkstone/inkstone.h>
+
 #include <cstdio>
 #include <cstring>
 #include <utility>
 
+#include "inventory.h"
+#include "painting.h"
 #include "png/png_file.h"
+#include "route.h"
+#include "scene.h"
+#include "wave_file.h"
+#include "window.h"
 
-namespace demo {
+namespace moon {
 namespace {
 
-constexpr std::int32_t kTab = 0x0F, kEsc = 0x01, kLeftShift = 0x2A;
+constexpr std::int32_t kSpace = 0x39;
+constexpr std::uint64_t kReadingTime = 700;      // milliseconds a text is left on the screen
+constexpr std::uint64_t kPatience = 40'000'000;  // microseconds without anything to do
 
-// The scan code of a character and whether Shift is held for it.
-std::pair<std::int32_t, bool> key_of(char character) {
-    static constexpr const char *kRows[] = {"1234567890-=", "qwertyuiop[]", "asdfghjkl;'`", "\\zxcvbnm,./"};
-    static constexpr std::int32_t kFirst[] = {0x02, 0x10, 0x1E, 0x2B};
-    static constexpr const char *kShifted[] = {"!@#$%^&*()_+", "QWERTYUIOP{}", "ASDFGHJKL:\"~",
-                                               "|ZXCVBNM<>?"};
-    for (int row = 0; row < 4; ++row) {
-        if (const char *at = std::strchr(kRows[row], character))
-            return {kFirst[row] + static_cast<std::int32_t>(at - kRows[row]), false};
-        if (const char *at = std::strchr(kShifted[row], character))
-            return {kFirst[row] + static_cast<std::int32_t>(at - kShifted[row]), true};
-    }
-    return {0x39, false};  // Space
+// The scan code of a letter.
+std::int32_t scan_code_of(char letter) {
+    static constexpr const char *kRows[] = {"qwertyuiop", "asdfghjkl", "zxcvbnm"};
+    static constexpr std::int32_t kFirst[] = {0x10, 0x1E, 0x2C};
+    const auto lower = static_cast<char>(char_lower(static_cast<std::uint8_t>(letter)));
+    for (int row = 0; row < 3; ++row)
+        if (const char *at = std::strchr(kRows[row], lower))
+            return kFirst[row] + static_cast<std::int32_t>(at - kRows[row]);
+    return kSpace;
 }
 
 }  // namespace
 
-Player::Player(const Game &game, std::filesystem::path pictures)
-    : game_(game), pictures_(std::move(pictures)) {
+Player::Player(std::filesystem::path pictures, int half)
+    : pictures_(std::move(pictures)), goals_(route(half)) {
     std::filesystem::create_directories(pictures_);
-    start_ = HOST_clock();
-    write_script();
+    HOST_capture_sound(1);
+    time_ = HOST_clock();
 }
 
 void Player::play() {
-    while (next_ < steps_.size() && HOST_clock() - start_ >= steps_[next_].time) steps_[next_++].action();
+    const std::uint64_t now = HOST_clock();
+    while (!inputs_.empty() && now >= inputs_.front().time) {
+        const auto action = std::move(inputs_.front().action);
+        inputs_.pop_front();
+        action();
+    }
+    if (inputs_.empty()) react();
+    if (now > time_ + kPatience && !window_closed()) {
+        std::printf("The scripted player is stuck at step %d.\n", static_cast<int>(next_goal_));
+        end_game();
+    }
+    take_sound();
+}
+
+// The next goal when it is time for it, else what any player does.
+void Player::react() {
+    const Waiting state = waiting_for();
+    const Goal *goal = next_goal_ < goals_.size() ? &goals_[next_goal_] : nullptr;
+    const bool counts_clicks = goal != nullptr && goal->what == What::kPicture && state == Waiting::kClick;
+    if (goal != nullptr && goal->when == state && (!counts_clicks || clicks_ >= goal->number)) {
+        clicks_ = 0;
+        ++next_goal_;
+        pursue(*goal);
+    } else if (state == Waiting::kClick) {
+        ++clicks_;
+        then(kReadingTime, [] {});
+        tap(kSpace);
+    }
+}
+
+void Player::pursue(const Goal &goal) {
+    switch (goal.what) {
+        case What::kUse:
+            then(0, [this, key = goal.number] { click(point_of(key)); });
+            then(800, [] {});
+            break;
+        case What::kHold:
+            move({320, 8});
+            then(300, [this, thing = goal.number] { click(place_in_strip(thing)); });
+            then(800, [] {});
+            break;
+        case What::kKey:
+            tap(goal.number);
+            then(200, [] {});
+            break;
+        case What::kType: type(goal.text); break;
+        case What::kPaint: paint(); break;
+        case What::kPicture:
+            then(goal.when == Waiting::kTime ? static_cast<std::uint64_t>(goal.number) : 500, [] {});
+            picture(goal.text);
+            break;
+        case What::kDrop: then(1000, [] {}); break;
+    }
+}
+
+// A hare lives in the moon: a ring, a fill, two ears and an eye.
+void Player::paint() {
+    const auto on_sheet = [](int x, int y) { return Point{176 + 144 + x, 72 + 144 + y}; };
+    const Point circle{54, 170}, fill{114, 170}, line{114, 110}, brush{54, 110}, thick{124, 242};
+    const Point gold{603, 98}, grey{539, 98}, done{555, 320};
+    click(gold);
+    click(circle);
+    drag(on_sheet(0, 0), on_sheet(112, 0));
+    click(fill);
+    click(on_sheet(60, 60));
+    click(grey);
+    click(circle);
+    drag(on_sheet(-10, 30), on_sheet(20, 40));
+    click(fill);
+    click(on_sheet(-10, 30));
+    click(thick);
+    click(line);
+    drag(on_sheet(-20, 10), on_sheet(-44, -50));
+    drag(on_sheet(0, 4), on_sheet(-6, -60));
+    click(brush);
+    drag(on_sheet(22, 44), on_sheet(54, 52));
+    picture("painting");
+    click(done);
+    then(1500, [] {});
 }
 
 void Player::then(std::uint64_t milliseconds, std::function<void()> action) {
+    if (inputs_.empty()) time_ = HOST_clock();
     time_ += milliseconds * 1000;
-    steps_.push_back({time_, std::move(action)});
+    inputs_.push_back({time_, std::move(action)});
 }
 
 void Player::tap(std::int32_t scan_code) {
     then(60, [=] { HOST_key(scan_code, 1); });
     then(60, [=] { HOST_key(scan_code, 0); });
+    then(60, [] {});
 }
 
 void Player::type(const char *text) {
-    then(0, [=] { std::printf("  types \"%s\"\n", text); });
-    for (; *text != 0; ++text) {
-        const auto [scan_code, shift] = key_of(*text);
-        if (shift) then(20, [] { HOST_key(kLeftShift, 1); });
-        tap(scan_code);
-        if (shift) then(20, [] { HOST_key(kLeftShift, 0); });
-    }
+    for (; *text != 0; ++text) tap(scan_code_of(*text));
 }
 
 // As a hand moves: in steps, not in one jump.
-void Player::move(std::int32_t x, std::int32_t y) {
-    constexpr std::int32_t kSteps = 12;
-    for (std::int32_t i = 1; i <= kSteps; ++i) {
-        const std::int32_t to_x = x_ + (x - x_) * i / kSteps, to_y = y_ + (y - y_) * i / kSteps;
-        then(20, [=] { HOST_pointer_move(to_x, to_y); });
+void Player::move(Point to) {
+    constexpr int kSteps = 10;
+    for (int i = 1; i <= kSteps; ++i) {
+        const int x = pointer_.x + (to.x - pointer_.x) * i / kSteps;
+        const int y = pointer_.y + (to.y - pointer_.y) * i / kSteps;
+        then(20, [=] { HOST_pointer_move(x, y); });
     }
-    x_ = x;
-    y_ = y;
+    pointer_ = to;
 }
 
-void Player::click() {
-    then(40, [x = x_, y = y_] {
-        std::printf("  clicks at (%d, %d)\n", x, y);
-        HOST_pointer_button(0, 1);
-    });
-    then(80, [] { HOST_pointer_button(0, 0); });
+void Player::click(Point at) {
+    move(at);
+    then(60, [] { HOST_pointer_button(0, 1); });
+    then(60, [] { HOST_pointer_button(0, 0); });
+    then(60, [] {});
 }
 
-void Player::picture(const char *name) {
-    then(100, [this, name] {
+void Player::drag(Point from, Point to) {
+    move(from);
+    then(60, [] { HOST_pointer_button(0, 1); });
+    move(to);
+    then(60, [] { HOST_pointer_button(0, 0); });
+    then(60, [] {});
+}
+
+void Player::picture(const std::string &name) {
+    then(0, [this, name] {
         std::vector<std::uint8_t> rgb(INK_SCREEN_WIDTH * INK_SCREEN_HEIGHT * 3);
-        if (HOST_read_picture(game_.window(), rgb.data()) != 0) return;
-        const std::filesystem::path file = pictures_ / (std::string(name) + ".png");
+        if (HOST_read_picture(window(), rgb.data()) != 0) return;
+        const std::string number = (taken_ < 9 ? "0" : "") + std::to_string(taken_ + 1);
+        const std::filesystem::path file = pictures_ / (number + "-" + name + ".png");
         ink::tool::write_png_rgb(file, INK_SCREEN_WIDTH, INK_SCREEN_HEIGHT, rgb);
-        std::printf("  saves %s\n", file.string().c_str());
+        std::printf("  %s\n", file.string().c_str());
         ++taken_;
     });
 }
 
-void Player::write_script() {
-    then(1500, [] { std::puts("The title page:"); });
-    picture("1-title");
-    type("Hello, 256 colours!");
-    picture("2-typing");
-    then(0, [] { std::puts("The desk:"); });
-    tap(kTab);
-    then(2500, [] {});
-    move(150, 330);
-    click();
-    then(250, [] {});
-    picture("3-inkstone");
-    move(420, 200);
-    click();
-    move(460, 250);
-    click();
-    move(610, 350);
-    click();
-    picture("4-paper");
-    move(90, 80);
-    click();
-    picture("5-dark");
-    then(0, [] { std::puts("The poem:"); });
-    tap(kTab);
-    then(2500, [] {});
-    picture("6-poem");
-    then(0, [] { std::puts("And leaves."); });
-    tap(kEsc);
+void Player::take_sound() {
+    std::int16_t part[2 * 4096];
+    for (std::int32_t frames = 0; (frames = HOST_read_sound(part, 4096)) > 0;)
+        sound_.insert(sound_.end(), part, part + 2 * frames);
 }
 
-}  // namespace demo
+void Player::finish() {
+    take_sound();
+    const std::filesystem::path file = pictures_ / "sound.wav";
+    write_wave(file, sound_);
+    std::printf("%d pictures and %d seconds of sound in %s\n", taken_,
+                static_cast<int>(sound_.size() / 2 / kSoundRate), pictures_.string().c_str());
+}
+
+}  // namespace moon
