@@ -6,6 +6,7 @@
 #include <map>
 #include <random>
 
+#include "core/reader.h"
 #include "inkstone/host.h"
 #include "inkstone/mac.h"
 #include "inkstone/runtime.h"
@@ -227,8 +228,11 @@ Library library;
 std::string library_trace;
 
 std::vector<std::int32_t> exported() {
-    std::vector<std::int32_t> record(23 + kVariables);
-    MAC_export_info(record.data());
+    Bytes bytes(92 + 4 * kVariables);
+    MAC_export_info(bytes.data());
+    std::vector<std::int32_t> record;
+    for (std::size_t at = 0; at < bytes.size(); at += 4)
+        record.push_back(static_cast<std::int32_t>(ink::get_u32(&bytes[at])));
     return record;
 }
 void look(char who) {
