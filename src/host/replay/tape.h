@@ -122,9 +122,10 @@ class Tape {
             message.id == WM_SETCURSOR
                 ? number_of(reinterpret_cast<HWND>(static_cast<std::uintptr_t>(message.wparam)))
                 : static_cast<std::int64_t>(message.wparam);
-        answer.values = {
-            number_of(message.window), message.id, wparam, static_cast<std::int16_t>(message.lparam),
-            static_cast<std::int64_t>(message.lparam - static_cast<std::int16_t>(message.lparam)) >> 16};
+        const auto lparam = static_cast<std::int64_t>(message.lparam);
+        const auto low = static_cast<std::int16_t>(lparam);
+        answer.values = {number_of(message.window), message.id, wparam, low,
+                         (lparam >> 16) + (low < 0 ? 1 : 0)};
         return answer;
     }
     Message message_of(const Answer &answer) const {
@@ -135,8 +136,8 @@ class Tape {
             message.id == WM_SETCURSOR
                 ? static_cast<WPARAM>(reinterpret_cast<std::uintptr_t>(window_of(answer.values[2])))
                 : static_cast<WPARAM>(answer.values[2]);
-        message.lparam = static_cast<LPARAM>(static_cast<std::uint64_t>(answer.values[4]) << 16) +
-                         static_cast<std::int16_t>(answer.values[3]);
+        message.lparam = static_cast<LPARAM>((static_cast<std::uint64_t>(answer.values[4]) << 16) +
+                                             static_cast<std::uint64_t>(answer.values[3]));
         return message;
     }
 
