@@ -5,12 +5,9 @@
 #include <string>
 
 #include "film.h"
-#include "film/can_file.h"
 #include "film/flic_film.h"
-#include "people.h"
 #include "picture/picture_file.h"
 #include "scenes.h"
-#include "things.h"
 
 namespace {
 
@@ -34,9 +31,6 @@ class Output {
     }
     void image(const std::string &name, const Canvas &canvas) const {
         bytes(name, ink::tool::image_block(canvas.picture()));
-    }
-    void animation(const std::string &name, const Frames &frames) const {
-        bytes(name, ink::tool::can_file(frames, 0, 0));
     }
     void scene(const std::string &name, const Scene &scene) const {
         page(name + ".pcx", scene.picture);
@@ -65,18 +59,6 @@ int main(int argc, char **argv) try {
     if (argc != 2) throw std::runtime_error("usage: paint_content DIRECTORY");
     const Output output(argv[1]);
     write_palettes(output);
-    output.animation("hero.can", paint_hero());
-    output.animation("master.can", paint_master());
-    output.animation("seller.can", paint_seller());
-    output.animation("girl.can", paint_girl());
-    output.animation("boatman.can", paint_boatman());
-    output.image("p_hero.img", portrait_of_hero());
-    output.image("p_master.img", portrait_of_master());
-    output.image("p_seller.img", portrait_of_seller());
-    output.image("p_girl.img", portrait_of_girl());
-    output.image("p_boat.img", portrait_of_boatman());
-    for (const Thing &thing : paint_things()) output.image(thing.file, thing.picture);
-    for (const Cursor &cursor : paint_cursors()) output.animation(cursor.file, cursor.frames);
     output.scene("study", paint_study());
     output.scene("market", paint_market());
     output.scene("lake", paint_lake());
