@@ -1,6 +1,6 @@
 # The programs of this project that run while it is built: <name>_tool is the target of each. A build for another system
-# takes them from one for this machine, since what they make is the same everywhere.
-if(CMAKE_CROSSCOMPILING)
+# takes them from one for this machine, since what they make is the same everywhere, unless its own run here, too.
+if(CMAKE_CROSSCOMPILING AND NOT CMAKE_CROSSCOMPILING_EMULATOR)
   set(INKSTONE_NATIVE_BUILD ${PROJECT_SOURCE_DIR}/build/release CACHE PATH "A build for this machine, whose tools are used")
   foreach(program IN ITEMS tools/ink/ink demo/make_content demo/content/paint/paint_content)
     get_filename_component(tool ${program} NAME)
