@@ -33,6 +33,37 @@ const Character kMoon = {
     {{{33, 58}, {54, 56}, {72, 56}}, 4, 5, 5},
 };
 
+// Lin's paper shop.
+const Character kLin = {
+    {{{6, 37}, {26, 35}, {46, 34}}, 6, 6, 7},  {{{28, 8}, {28, 94}}, 8, 8, 5},
+    {{{27, 38}, {18, 58}, {5, 74}}, 7, 6, 2},  {{{30, 42}, {44, 60}}, 3, 8, 6},
+    {{{52, 37}, {74, 35}, {96, 34}}, 6, 6, 8}, {{{73, 6}, {73, 96}}, 8, 8, 5},
+    {{{72, 38}, {62, 62}, {46, 82}}, 7, 6, 2}, {{{74, 38}, {84, 62}, {98, 80}}, 4, 7, 9},
+};
+const Character kRecord = {
+    {{{22, 4}, {30, 14}}, 4, 8, 6},  {{{4, 24}, {48, 22}}, 6, 6, 7},
+    {{{12, 38}, {42, 37}}, 5, 5, 6}, {{{12, 51}, {42, 50}}, 5, 5, 6},
+    {{{13, 65}, {16, 94}}, 6, 6, 5}, {{{13, 66}, {43, 64}, {40, 92}}, 5, 7, 5},
+    {{{16, 90}, {40, 89}}, 5, 5, 5}, {{{56, 17}, {90, 15}, {88, 47}}, 6, 8, 6},
+    {{{58, 47}, {88, 46}}, 6, 6, 6}, {{{59, 47}, {57, 82}, {66, 91}, {92, 88}, {95, 74}}, 8, 7, 2},
+};
+const Character kPaper = {
+    {{{28, 4}, {11, 28}, {28, 30}}, 7, 6, 5}, {{{37, 16}, {9, 53}, {39, 48}}, 7, 6, 5},
+    {{{32, 38}, {43, 53}}, 3, 7, 6},          {{{26, 56}, {26, 95}}, 8, 8, 5},
+    {{{13, 64}, {6, 86}}, 7, 6, 2},           {{{36, 62}, {46, 80}}, 3, 8, 6},
+    {{{88, 6}, {72, 15}, {54, 20}}, 8, 6, 3}, {{{58, 19}, {58, 86}, {76, 72}}, 8, 8, 3},
+    {{{58, 46}, {94, 42}}, 6, 6, 8},          {{{73, 17}, {79, 58}, {94, 92}, {98, 76}}, 7, 8, 2},
+};
+const Character kWorkshop = {
+    {{{5, 40}, {38, 38}}, 6, 6, 7},
+    {{{22, 12}, {22, 76}}, 8, 8, 6},
+    {{{3, 82}, {40, 70}}, 8, 7, 3},
+    {{{66, 4}, {74, 16}}, 4, 9, 7},
+    {{{44, 29}, {98, 26}}, 6, 6, 9},
+    {{{62, 51}, {90, 48}, {85, 90}, {72, 86}}, 6, 8, 2},
+    {{{67, 29}, {62, 62}, {43, 94}}, 8, 7, 2},
+};
+
 void write(Canvas &canvas, const Character &character, double x, double y, double size, Tone tone) {
     const double scale = size / 100;
     for (const Stroke &stroke_of : character) {
@@ -57,6 +88,17 @@ void write_title(Canvas &canvas, double x, double y, double size, Tone tone) {
     write(canvas, kInk, x, y, size, tone);
     write(canvas, kMiddle, x, y + size * 1.1, size, tone);
     write(canvas, kMoon, x, y + size * 2.2, size, {Ramp::gold, 0.86});
+}
+
+void write_shop_sign(Canvas &canvas, double x, double y, double size, Tone tone) {
+    write(canvas, kLin, x, y, size, tone);
+    write(canvas, kRecord, x + size * 1.15, y, size, tone);
+    write(canvas, kPaper, x + size * 2.3, y, size, tone);
+    write(canvas, kWorkshop, x + size * 3.45, y, size, tone);
+}
+
+void write_paper(Canvas &canvas, double x, double y, double size, Tone tone) {
+    write(canvas, kPaper, x, y, size, tone);
 }
 
 void stamp_seal(Canvas &canvas, double x, double y, double size) {

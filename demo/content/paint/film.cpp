@@ -40,19 +40,24 @@ Canvas falling(const Canvas &ground, int frame) {
 // How far from the drop's place the ink has to come to reach a pixel: it runs along the fibres, quicker to the sides.
 double distance_at(int x, int y) {
     const double dx = (x - kDrop.x) * 0.8, dy = y - kDrop.y;
-    return std::sqrt(dx * dx + dy * dy) * (0.72 + 0.56 * cloud(x / 46.0, y / 46.0, 7)) +
-           26 * (noise(x / 5.0, y / 5.0, 8) - 0.5);
+    return std::sqrt(dx * dx + dy * dy) * (0.66 + 0.68 * cloud(x / 74.0, y / 74.0, 7)) +
+           9 * (noise(x / 4.0, y / 4.0, 8) - 0.5);
 }
 
 ink::tool::IndexedPicture mix_at(const ink::tool::IndexedPicture &outside,
                                  const ink::tool::IndexedPicture &inside,
                                  const ink::tool::IndexedPicture &edge, const std::vector<double> &distance,
                                  double reach, double wet) {
+    // The ink goes before, thin at its rim; behind it the view comes through in specks that grow together.
     ink::tool::IndexedPicture picture = outside;
     for (std::size_t i = 0; i < picture.pixels.size(); ++i) {
-        if (distance[i] < reach - wet)
+        const double depth = (reach - distance[i]) / wet;
+        if (depth < 0) continue;
+        const int x = static_cast<int>(i) % picture.width, y = static_cast<int>(i) / picture.width;
+        const double speck = noise(x / 2.2, y / 2.2, 10);
+        if (depth > 0.45 + 0.55 * speck)
             picture.pixels[i] = inside.pixels[i];
-        else if (distance[i] < reach)
+        else if (depth > 0.24 * speck)
             picture.pixels[i] = edge.pixels[i];
     }
     return picture;
@@ -76,7 +81,7 @@ std::vector<ink::tool::IndexedPicture> paint_film() {
     for (int frame = 0; frame < kFall; ++frame) film.push_back(falling(ground, frame).picture());
     for (int frame = 0; frame < kSpread; ++frame) {
         const double t = (frame + 1) / double{kSpread}, reach = 14 + 470 * t * (0.35 + 0.65 * t);
-        film.push_back(mix_at(blank, view, ink, distance, reach, std::min(reach, 60 - 34 * t)));
+        film.push_back(mix_at(blank, view, ink, distance, reach, std::min(reach, 90 - 30 * t)));
     }
     for (int frame = 0; frame < kDay; ++frame) film.push_back(view);
     for (ink::tool::IndexedPicture &picture : film) picture.palette = palette_of(Light::day);

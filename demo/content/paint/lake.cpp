@@ -110,7 +110,11 @@ void paint_shore(Canvas &canvas) {
         const double edge = rise(372, 350, y) + rise(418, 470, y);
         return 0.95 * edge * rise(0.42, 0.6, cloud(x / 26.0, y / 9.0, 43));
     });
-    canvas.lay(stroke(shore_line(), 3.2), {Ramp::ink, 0.14});
+    // The water's edge: wet earth, stones, and reeds in clumps.
+    const Path shore = shore_line();
+    canvas.lay(stroke(shore, 5), [](int x, int y) {
+        return Tone{Ramp::wood, 0.2 + 0.3 * noise(x / 7.0, y / 3.0, 45)};
+    });
     Chance chance(47);
     for (int i = 0; i < 420; ++i) {
         const bool low = i % 3 != 0;
@@ -121,6 +125,24 @@ void paint_shore(Canvas &canvas) {
         canvas.lay(
             stroke({{x, y}, {x + lean * 0.4, y - length * 0.6}, {x + lean, y - length}}, 1.8, 1.4, 0.5),
             {Ramp::jade, low ? chance.between(0.08, 0.42) : chance.between(0.3, 0.6)});
+    }
+    for (std::size_t i = 2; i < shore.size(); ++i) {
+        if (noise(static_cast<double>(i) / 4.0, 0, 48) < 0.46) continue;
+        const double x = shore[i].x + chance.between(-6, 6), y = shore[i].y + chance.between(-1, 4),
+                     r = chance.between(3, 9);
+        canvas.lay(fill(ellipse(x, y + 1.4, r * 1.5, r * 0.7 + 1)), {Ramp::ink, 0.12});
+        canvas.lay(fill(ellipse(x, y, r * 1.4, r * 0.7)), [&](int px, int py) {
+            return Tone{Ramp::stone, 0.66 + (y - py) * 0.05 - (px - x) * 0.012};
+        });
+        for (int reed = 0; reed < (i % 3 == 0 ? 5 : 0); ++reed) {
+            const double foot = x + chance.between(-9, 9), height = chance.between(9, 26),
+                         lean = chance.between(-5, 5);
+            canvas.lay(
+                stroke(
+                    curve({{foot, y + 3}, {foot + lean * 0.3, y - height * 0.5}, {foot + lean, y - height}}),
+                    2, 1.5, 0.5),
+                {Ramp::jade, chance.between(0.16, 0.5)});
+        }
     }
     for (int i = 0; i < 26; ++i) {
         const double x = chance.between(20, 620), y = chance.between(372, 416), r = chance.between(2, 6);

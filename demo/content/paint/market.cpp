@@ -1,6 +1,7 @@
 // The market at the bridge: the paper shop at the left, the stone bridge over the canal in the middle, the willow and the
 // steps to the water at the right.
 #include "building.h"
+#include "calligraphy.h"
 #include "nature.h"
 #include "scenes.h"
 
@@ -64,7 +65,7 @@ void paint_background(Canvas &canvas) {
 }
 
 void paint_canal(Canvas &canvas) {
-    const Mask water = fill({{240, 232}, {640, 232}, {640, 352}, {240, 352}});
+    const Mask water = fill(rectangle(200, 230, 640, 352));
     paint_water(canvas, water, 226, 41);
     paint_reflection(canvas, 492, 590, 240, 292, {Ramp::ink, 0.5}, 42);
     paint_reflection(canvas, 590, 650, 246, 284, {Ramp::ink, 0.46}, 43);
@@ -135,9 +136,9 @@ void paint_quay(Canvas &canvas) {
         return Tone{Ramp::stone, tone - 0.14 * rise(430, 480, y)};
     });
     // The edge over the water, with an opening where the steps go down.
-    canvas.lay(fill({{236, 336}, {476, 336}, {476, 350}, {230, 350}}), {Ramp::stone, 0.78});
+    canvas.lay(fill({{218, 336}, {476, 336}, {476, 350}, {218, 350}}), {Ramp::stone, 0.78});
     canvas.lay(fill({{576, 336}, {640, 336}, {640, 350}, {576, 350}}), {Ramp::stone, 0.74});
-    canvas.lay(stroke({{236, 336}, {476, 336}}, 1.4), {Ramp::ink, 0.2});
+    canvas.lay(stroke({{218, 336}, {476, 336}}, 1.4), {Ramp::ink, 0.2});
     canvas.lay(stroke({{576, 336}, {640, 336}}, 1.4), {Ramp::ink, 0.2});
     canvas.lay(stroke({{230, 350}, {640, 350}}, 1.2), {Ramp::ink, 0.34});
     for (int step = 0; step < 4; ++step) {
@@ -161,9 +162,11 @@ void paint_quay(Canvas &canvas) {
 void paint_shop(Canvas &canvas) {
     paint_plaster(canvas, rectangle(-4, 96, 222, 352), 0.86, 71);
     paint_masonry(canvas, rectangle(-4, 326, 226, 352), 30, 9, 0.44, 72);
-    // The open front: dark inside, with shelves of paper.
+    // The open front: a lamp burns somewhere behind the shelves, dim by day.
     canvas.lay(fill(rectangle(18, 176, 176, 330)), [](int x, int y) {
-        return Tone{Ramp::wood, 0.07 + 0.1 * rise(330, 180, y) * noise(x / 30.0, y / 30.0, 73)};
+        const double dx = (x - 104) / 96.0, dy = (y - 246) / 84.0;
+        const double board = noise(x / 3.0, y / 50.0, 73) - 0.5;
+        return Tone{Ramp::window, 0.32 - 0.4 * (dx * dx + dy * dy) + 0.12 * board};
     });
     Chance chance(74);
     for (int shelf = 0; shelf < 3; ++shelf) {
@@ -179,10 +182,6 @@ void paint_shop(Canvas &canvas) {
         }
         paint_beam(canvas, 20, y, 174, y + 4, 0.3, 75);
     }
-    canvas.wash(fill(rectangle(18, 176, 176, 330)), {Ramp::window, 0.7}, [](int x, int y) {
-        const double dx = (x - 96) / 86.0, dy = (y - 220) / 80.0;
-        return 0.26 * clamp01(1 - dx * dx - dy * dy);
-    });
     // The counter with rolls and sheets on it.
     paint_wood(canvas, {{12, 286}, {172, 286}, {184, 298}, {4, 298}}, 0.6, false, 76);
     paint_wood(canvas, rectangle(4, 298, 184, 346), 0.36, false, 77);
@@ -200,15 +199,11 @@ void paint_shop(Canvas &canvas) {
     paint_beam(canvas, 6, 168, 18, 346, 0.28, 79);
     paint_beam(canvas, 174, 168, 186, 346, 0.28, 80);
     paint_lattice(canvas, 194, 190, 216, 300, 2, 8);
-    // The sign: three brush strokes of gold on black.
-    canvas.lay(fill(rectangle(52, 128, 142, 162)), {Ramp::gold, 0.3});
-    canvas.lay(fill(rectangle(55, 131, 139, 159)), {Ramp::ink, 0.12});
-    constexpr Point kSign[][4] = {
-        {{66, 138}, {84, 137}, {0, 0}, {0, 0}},   {{75, 134}, {75, 155}, {0, 0}, {0, 0}},
-        {{66, 146}, {70, 152}, {0, 0}, {0, 0}},   {{84, 145}, {81, 152}, {0, 0}, {0, 0}},
-        {{108, 137}, {128, 136}, {0, 0}, {0, 0}}, {{112, 143}, {126, 142}, {0, 0}, {0, 0}},
-        {{108, 149}, {129, 148}, {0, 0}, {0, 0}}, {{118, 134}, {118, 155}, {0, 0}, {0, 0}}};
-    for (const auto &line : kSign) canvas.lay(stroke({line[0], line[1]}, 2.8, 2.2, 2.6), {Ramp::gold, 0.82});
+    // The sign in gold on black.
+    canvas.lay(fill(rectangle(34, 124, 160, 163)), {Ramp::ink, 0.06});
+    canvas.lay(fill(rectangle(35, 125, 159, 162)), {Ramp::gold, 0.36});
+    canvas.lay(fill(rectangle(38, 128, 156, 159)), {Ramp::ink, 0.1});
+    write_shop_sign(canvas, 43, 131, 25, {Ramp::gold, 0.84});
     paint_roof(canvas, {{-40, 62}, {196, 62}, {-60, 114}, {250, 114}, 7, 11});
     // The awning: cloth on two poles.
     const Path awning{{2, 166}, {190, 166}, {226, 206}, {-30, 206}};
@@ -227,18 +222,25 @@ void paint_shop(Canvas &canvas) {
     canvas.lay(stroke({{-30, 205}, {226, 205}}, 1.2), {Ramp::ink, 0.3});
     canvas.shade(fill({{6, 216}, {186, 216}, {186, 236}, {6, 236}}), -0.1);
     canvas.lay(stroke({{222, 206}, {214, 350}}, 3.6), {Ramp::wood, 0.4});
-    for (int flag = 0; flag < 1; ++flag) {
-        canvas.lay(stroke({{232, 150}, {232, 120}}, 2), {Ramp::wood, 0.3});
-        canvas.lay(
-            fill(curve({{224, 142}, {242, 142}, {241, 168}, {244, 196}, {233, 190}, {222, 197}, {225, 168}},
-                       true)),
-            [](int x, int y) {
-                return Tone{Ramp::indigo, 0.5 + 0.16 * (noise(x / 5.0, y / 16.0, 84) - 0.5)};
-            });
-        canvas.lay(fill(ellipse(233, 162, 7, 7)), {Ramp::paper, 0.9});
-        canvas.lay(stroke({{229, 160}, {237, 159}}, 1.6), {Ramp::ink, 0.1});
-        canvas.lay(stroke({{233, 156}, {233, 168}}, 1.6), {Ramp::ink, 0.1});
-    }
+    // The banner hangs from the end of a beam.
+    canvas.lay(stroke({{208, 132}, {252, 132}}, 4.4), {Ramp::ink, 0.08});
+    canvas.lay(stroke({{208, 132}, {252, 132}}, 2.8), {Ramp::wood, 0.4});
+    const Path banner = curve({{226, 134},
+                               {250, 134},
+                               {249, 160},
+                               {252, 186},
+                               {250, 194},
+                               {238, 189},
+                               {226, 195},
+                               {225, 186},
+                               {227, 160}},
+                              true);
+    canvas.lay(stroke(banner, 2.2), {Ramp::ink, 0.1});
+    canvas.lay(fill(banner), [](int x, int y) {
+        return Tone{Ramp::indigo, 0.42 + 0.2 * (noise((x + y * 0.06) / 5.0, y / 22.0, 84) - 0.5)};
+    });
+    canvas.lay(fill(ellipse(238, 161, 10.4, 10.4)), {Ramp::paper, 0.92});
+    write_paper(canvas, 231, 153.6, 14.5, {Ramp::ink, 0.04});
     canvas.shade(fill({{-4, 346}, {230, 346}, {250, 366}, {-4, 366}}),
                  [](int, int y) { return -0.16 * rise(368, 346, y); });
 }

@@ -94,7 +94,7 @@ void paint_trunk(Canvas &canvas, const Path &path, double start, double end, std
     for (Point &point : lit) point.x -= start * 0.06;
     canvas.lay(stroke(path, start, (start + end) / 2, end), [&](int x, int y) {
         const double bark = noise(x / 3.2, y / 9.0, seed) * 0.65 + noise(x / 1.7, y / 3.5, seed + 1) * 0.35;
-        return Tone{Ramp::wood, 0.08 + 0.4 * rise(0.35, 0.75, bark)};
+        return Tone{Ramp::wood, 0.14 + 0.27 * rise(0.3, 0.8, bark)};
     });
     Path back = path;
     for (Point &point : back) point.x += start * 0.27;

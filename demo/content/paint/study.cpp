@@ -45,8 +45,10 @@ void paint_room(Canvas &canvas) {
     canvas.shade(fill(rectangle(0, kFloor, 640, kFloor + 12)),
                  [](int, int y) { return -0.12 * rise(kFloor + 12, kFloor, y); });
     // Light that falls through the window on the floor.
-    canvas.wash(fill(curve({{250, 352}, {350, 340}, {452, 354}, {480, 388}, {380, 412}, {262, 394}}, true)),
-                {Ramp::gold, 0.8}, [](int, int) { return 0.2; });
+    canvas.shade(fill(ellipse(362, 380, 150, 44)), [](int x, int y) {
+        const double dx = (x - 362) / 150.0, dy = (y - 380) / 44.0;
+        return 0.1 * rise(1, 0.3, dx * dx + dy * dy);
+    });
 }
 
 void paint_window(Canvas &canvas) {
@@ -246,10 +248,13 @@ void paint_desk(Canvas &canvas) {
                [](int, int y) {
                    return Tone{Ramp::window, 0.9 - (y - 222) * 0.012};
                });
-    canvas.wash(fill(ellipse(413, 232, 64, 52)), {Ramp::gold, 0.86}, [](int x, int y) {
-        const double dx = (x - 413) / 64.0, dy = (y - 232) / 52.0, r = dx * dx + dy * dy;
-        return r < 1 ? 0.3 * (1 - r) * (1 - r) : 0.0;
+    canvas.shade(fill(ellipse(413, 232, 110, 84)), [](int x, int y) {
+        const double dx = (x - 413) / 110.0, dy = (y - 232) / 84.0;
+        return 0.16 * rise(1, 0, dx * dx + dy * dy);
     });
+    for (const double radius : {17.0, 12.0})
+        canvas.wash(fill(ellipse(413, 232, radius, radius)), {Ramp::gold, 0.7},
+                    [](int, int) { return 0.22; });
     // A stool before it.
     canvas.lay(fill(ellipse(352, 366, 30, 7)), {Ramp::ink, 0.1}, 0.5);
     canvas.lay(
