@@ -138,12 +138,12 @@ Mask lantern_shape(double x, double y, double rx, double ry) {
                       true));
 }
 
-void paint_lantern(Canvas &canvas, double x, double y, double rx, double ry) {
+void paint_lantern(Canvas &canvas, double x, double y, double rx, double ry, Ramp paper) {
     canvas.lay(stroke({{x, y - ry - 16}, {x, y - ry}}, 1.3), {Ramp::ink, 0.15});
     canvas.lay(lantern_shape(x, y, rx + 1.2, ry + 1.2), {Ramp::ink, 0.1});
     canvas.lay(lantern_shape(x, y, rx, ry), [&](int px, int py) {
         const double across = (px + 0.5 - x) / rx, down = (py + 0.5 - y) / ry;
-        return Tone{Ramp::vermilion, 0.64 - 0.36 * (across + 0.3) * (across + 0.3) - 0.1 * down};
+        return Tone{paper, 0.64 - 0.36 * (across + 0.3) * (across + 0.3) - 0.1 * down};
     });
     for (int rib = -2; rib <= 2; ++rib) {
         const double bend = rib * rx * 0.38;

@@ -33,6 +33,12 @@ const Character kMoon = {
     {{{33, 58}, {54, 56}, {72, 56}}, 4, 5, 5},
 };
 
+const Character kWater = {
+    {{{50, 5}, {51, 60}, {50, 92}, {38, 84}}, 10, 8, 2},
+    {{{14, 34}, {40, 32}, {28, 60}, {8, 82}}, 6, 7, 2},
+    {{{84, 18}, {70, 36}, {56, 46}}, 8, 6, 2},
+    {{{56, 44}, {72, 70}, {94, 88}}, 4, 8, 8},
+};
 // Lin's paper shop.
 const Character kLin = {
     {{{6, 37}, {26, 35}, {46, 34}}, 6, 6, 7},  {{{28, 8}, {28, 94}}, 8, 8, 5},
@@ -95,6 +101,11 @@ void write_shop_sign(Canvas &canvas, double x, double y, double size, Tone tone)
     write(canvas, kRecord, x + size * 1.15, y, size, tone);
     write(canvas, kPaper, x + size * 2.3, y, size, tone);
     write(canvas, kWorkshop, x + size * 3.45, y, size, tone);
+}
+
+void write_tablet(Canvas &canvas, double x, double y, double size, Tone tone) {
+    write(canvas, kMoon, x, y, size, tone);
+    write(canvas, kWater, x + size * 1.7, y, size, tone);
 }
 
 void write_paper(Canvas &canvas, double x, double y, double size, Tone tone) {

@@ -12,6 +12,9 @@ void write_title(Canvas &canvas, double x, double y, double size, Tone tone);
 void write_shop_sign(Canvas &canvas, double x, double y, double size, Tone tone);
 void write_paper(Canvas &canvas, double x, double y, double size, Tone tone);
 
+// The tablet of the pavilion: moon in the water, to be read from the right.
+void write_tablet(Canvas &canvas, double x, double y, double size, Tone tone);
+
 // The master's seal: two characters of red in a square.
 void stamp_seal(Canvas &canvas, double x, double y, double size);
 

@@ -1,6 +1,7 @@
 // The pavilion on the lake: the pine with the kite at the left, the boat at its pier, the pavilion at the right, and
 // between them the place of the moon.
 #include "building.h"
+#include "calligraphy.h"
 #include "nature.h"
 #include "scenes.h"
 
@@ -23,6 +24,7 @@ Path shore_line() {
 
 void paint_distance(Canvas &canvas) {
     paint_sky(canvas, kWater, 3);
+    paint_stars(canvas, kWater, 4);
     paint_mountain(canvas, {curve({{-20, 190},
                                    {40, 150},
                                    {90, 168},
@@ -192,20 +194,16 @@ void paint_pavilion(Canvas &canvas) {
     for (double x = 488; x < 620; x += 14)
         canvas.lay(stroke(curve({{x, 222}, {x + 5, 230}, {x + 12, 222}}), 1.6), {Ramp::vermilion, 0.4});
     canvas.lay(fill(rectangle(522, 224, 588, 244)), {Ramp::ink, 0.08});
-    canvas.lay(fill(rectangle(525, 227, 585, 241)), {Ramp::gold, 0.3});
-    for (int sign = 0; sign < 3; ++sign)
-        for (int line = 0; line < 3; ++line)
-            canvas.lay(
-                stroke({{531 + sign * 19.0, 230 + line * 4.0}, {539 + sign * 19.0, 229.5 + line * 4.0}}, 1.4),
-                {Ramp::gold, 0.9});
+    canvas.lay(fill(rectangle(525, 226, 585, 242)), {Ramp::wood, 0.12});
+    write_tablet(canvas, 537, 227.5, 13, {Ramp::gold, 0.92});
     paint_roof(canvas, {{520, 138}, {606, 138}, {434, 204}, {676, 204}, 12, 9});
     canvas.lay(stroke(curve({{520, 138}, {488, 176}, {452, 198}, {430, 194}}), 7, 5.5, 3), {Ramp::ink, 0.1});
     canvas.lay(stroke(curve({{519, 137}, {487, 174}, {452, 196}, {431, 192}}), 3, 2.5, 1), {Ramp::ink, 0.55});
     canvas.lay(fill(curve({{552, 134}, {556, 118}, {563, 110}, {570, 118}, {574, 134}}, true)),
                {Ramp::ink, 0.12});
     canvas.lay(fill(curve({{556, 131}, {559, 119}, {563, 113}, {566, 120}, {567, 131}}, true)),
-               {Ramp::gold, 0.5});
-    paint_lantern(canvas, 456, 236, 9, 12);
+               {Ramp::vermilion, 0.5});
+    paint_lantern(canvas, 456, 236, 9, 12, Ramp::gold);
 }
 
 void paint_pine(Canvas &canvas) {

@@ -31,6 +31,7 @@ void paint_house(Canvas &canvas, double left, double right, double eaves, double
 
 void paint_background(Canvas &canvas) {
     paint_sky(canvas, kHorizon + 20, 5);
+    paint_stars(canvas, kHorizon, 6);
     paint_mountain(canvas, {curve({{-20, 150},
                                    {60, 130},
                                    {150, 150},
@@ -245,6 +246,10 @@ void paint_shop(Canvas &canvas) {
                  [](int, int y) { return -0.16 * rise(368, 346, y); });
 }
 
+struct Jar {
+    double x, y, size;
+};
+
 constexpr Point kLanterns[] = {{36, 240}, {98, 244}, {160, 240}};
 
 void paint_willow_trunk(Canvas &canvas) {
@@ -254,6 +259,28 @@ void paint_willow_trunk(Canvas &canvas) {
                 10, 92);
     paint_trunk(canvas, curve({{614, 200}, {630, 150}, {650, 110}}), 16, 8, 93);
     paint_trunk(canvas, curve({{590, 150}, {540, 110}, {500, 92}}), 8, 3, 94);
+}
+
+// What stands on the quay, and the shade of the willow on its stones.
+void paint_goods(Canvas &canvas) {
+    for (const auto &[x, y, size] : {Jar{258, 362, 1}, Jar{286, 358, 0.8}}) {
+        canvas.lay(fill(ellipse(x + 3, y, 19 * size, 5 * size)), {Ramp::ink, 0.2}, 0.45);
+        const Path body = placed(
+            curve({{-9, 0}, {-16, -16}, {-13, -30}, {-7, -36}, {7, -36}, {13, -30}, {16, -16}, {9, 0}}, true),
+            x, y, size, size);
+        canvas.lay(stroke(body, 2.4), {Ramp::ink, 0.08});
+        canvas.lay(fill(body), [&, left = x - 16 * size](int px, int py) {
+            const double across = (px - left) / (32 * size);
+            return Tone{Ramp::wood, 0.62 - 0.5 * across * across + ((py + 3) % 9 == 0 ? 0.08 : 0)};
+        });
+        canvas.lay(fill(ellipse(x, y - 36 * size, 8.4 * size, 3 * size)), {Ramp::ink, 0.1});
+        canvas.lay(fill(ellipse(x, y - 38 * size, 8.4 * size, 3.6 * size)), {Ramp::vermilion, 0.46});
+    }
+    canvas.shade(fill(rectangle(430, 352, 640, 440)), [](int x, int y) {
+        const double dx = (x - 596) / 160.0, dy = (y - 384) / 44.0;
+        const double leaves = cloud(x / 22.0, y / 8.0, 96);
+        return -0.17 * rise(1, 0.3, dx * dx + dy * dy) * rise(0.36, 0.52, leaves);
+    });
 }
 
 }  // namespace
@@ -267,6 +294,7 @@ Scene paint_market() {
     paint_quay(canvas);
     paint_shop(canvas);
     for (const Point &at : kLanterns) paint_lantern(canvas, at.x, at.y, 13, 17);
+    paint_goods(canvas);
     paint_willow_trunk(canvas);
     Chance chance(95);
     for (int i = 0; i < 26; ++i)

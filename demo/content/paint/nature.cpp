@@ -18,6 +18,20 @@ void paint_sky(Canvas &canvas, int horizon, std::uint32_t seed) {
     });
 }
 
+void paint_stars(Canvas &canvas, int horizon, std::uint32_t seed) {
+    const Tone star{Ramp::exact, static_cast<double>(range_of(Ramp::moon).first)};
+    Chance chance(seed);
+    for (int i = 0; i < 130; ++i) {
+        // They thin out towards the haze over the horizon.
+        const double x = floor_of(chance.between(0, canvas.width())), high = chance.unit(),
+                     y = floor_of(horizon * high * high * 0.72);
+        canvas.lay(fill(rectangle(x, y, x + 1, y + 1)), star);
+        if (i % 16 != 0) continue;
+        canvas.lay(fill(rectangle(x - 1, y, x + 2, y + 1)), star);
+        canvas.lay(fill(rectangle(x, y - 1, x + 1, y + 2)), star);
+    }
+}
+
 void paint_mountain(Canvas &canvas, const Mountain &mountain) {
     Path body = mountain.crest;
     // A crest cut by a hand, not by a ruler.

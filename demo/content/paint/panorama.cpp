@@ -68,6 +68,7 @@ void paint_town(Canvas &canvas) {
 Canvas paint_panorama() {
     Canvas canvas(640, 480);
     paint_sky(canvas, kWater, 13);
+    paint_stars(canvas, kWater, 14);
     paint_mountain(canvas, {curve({{-20, 170},
                                    {50, 120},
                                    {100, 140},
