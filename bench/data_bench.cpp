@@ -97,14 +97,16 @@ void lzss_compress_data(benchmark::State &state) {
     for (auto _ : state) LZSS_compress_data(data.data(), code.data(), &length, &code_length);
     state.counters["part"] = code_length / double{kSize};
 }
-BENCHMARK(lzss_compress_data)->DenseRange(0, kInputCount);
+BENCHMARK(lzss_compress_data)->Name("Data/LZSS_compress_data 256 KiB/inkstone")->DenseRange(0, kInputCount);
 
 void lzss_compress_plainly(benchmark::State &state) {
     const Bytes &data = input(state);
     test::PlainLzss plain;
     for (auto _ : state) benchmark::DoNotOptimize(plain.memory_form(data));
 }
-BENCHMARK(lzss_compress_plainly)->DenseRange(0, kInputCount);
+BENCHMARK(lzss_compress_plainly)
+    ->Name("Data/LZSS_compress_data 256 KiB/plain coder")
+    ->DenseRange(0, kInputCount);
 
 #if defined(INKSTONE_BENCH_ALLEGRO)
 // Into memory, by the byte, as its files take them.
@@ -138,7 +140,9 @@ void lzss_compress_allegro(benchmark::State &state) {
     }
     state.counters["part"] = static_cast<double>(memory.bytes.size()) / double{kSize};
 }
-BENCHMARK(lzss_compress_allegro)->DenseRange(0, kInputCount);
+BENCHMARK(lzss_compress_allegro)
+    ->Name("Data/LZSS_compress_data 256 KiB/Allegro 4")
+    ->DenseRange(0, kInputCount);
 #endif
 
 void lzss_expand_data(benchmark::State &state) {
@@ -148,14 +152,14 @@ void lzss_expand_data(benchmark::State &state) {
     std::uint32_t length = kSize;
     for (auto _ : state) LZSS_expand_data(code.data(), out.data(), &code_length, &length);
 }
-BENCHMARK(lzss_expand_data)->DenseRange(0, kInputCount);
+BENCHMARK(lzss_expand_data)->Name("Data/LZSS_expand_data 256 KiB/inkstone")->DenseRange(0, kInputCount);
 
 void lzss_expand_plainly(benchmark::State &state) {
     const Bytes code = compressed(input(state));
     test::PlainLzss plain;
     for (auto _ : state) benchmark::DoNotOptimize(plain.expand_memory_form(code, kSize));
 }
-BENCHMARK(lzss_expand_plainly)->DenseRange(0, kInputCount);
+BENCHMARK(lzss_expand_plainly)->Name("Data/LZSS_expand_data 256 KiB/plain coder")->DenseRange(0, kInputCount);
 
 void lzss_memcpy(benchmark::State &state) {
     const Bytes &data = input(state);
@@ -165,7 +169,7 @@ void lzss_memcpy(benchmark::State &state) {
         benchmark::ClobberMemory();
     }
 }
-BENCHMARK(lzss_memcpy)->Arg(0);
+BENCHMARK(lzss_memcpy)->Name("Data/LZSS_expand_data 256 KiB/limit memcpy")->DenseRange(0, kInputCount);
 
 void copy_file(const char *from, const char *to, Bytes &block) {
     std::FILE *in = std::fopen(from, "rb"), *out = std::fopen(to, "wb");
@@ -180,7 +184,7 @@ void lzss_compress_file(benchmark::State &state) {
     test::write_file("plain", input(state));
     for (auto _ : state) LZSS_compress_file("plain", "packed");
 }
-BENCHMARK(lzss_compress_file)->DenseRange(0, kInputCount);
+BENCHMARK(lzss_compress_file)->Name("Data/LZSS_compress_file 256 KiB/inkstone")->DenseRange(0, kInputCount);
 
 void lzss_expand_file(benchmark::State &state) {
     const bench::ScratchDirectory place;
@@ -188,7 +192,7 @@ void lzss_expand_file(benchmark::State &state) {
     LZSS_compress_file("plain", "packed");
     for (auto _ : state) LZSS_expand_file("packed", "plain");
 }
-BENCHMARK(lzss_expand_file)->DenseRange(0, kInputCount);
+BENCHMARK(lzss_expand_file)->Name("Data/LZSS_expand_file 256 KiB/inkstone")->DenseRange(0, kInputCount);
 
 void lzss_fread_fwrite(benchmark::State &state) {
     const bench::ScratchDirectory place;
@@ -196,7 +200,9 @@ void lzss_fread_fwrite(benchmark::State &state) {
     test::write_file("plain", input(state));
     for (auto _ : state) copy_file("plain", "copy", block);
 }
-BENCHMARK(lzss_fread_fwrite)->Arg(0);
+BENCHMARK(lzss_fread_fwrite)
+    ->Name("Data/LZSS_expand_file 256 KiB/limit fread, fwrite")
+    ->DenseRange(0, kInputCount);
 
 // Bit files move the same bytes as codes of so many bits, beside a byte at a time without them.
 void bits_out(benchmark::State &state) {
@@ -210,7 +216,12 @@ void bits_out(benchmark::State &state) {
     }
     state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * kSize));
 }
-BENCHMARK(bits_out)->Arg(1)->Arg(9)->Arg(17)->Arg(32);
+BENCHMARK(bits_out)
+    ->Name("Data/BITIO_output_bits, 256 KiB as codes of so many bits/inkstone")
+    ->Arg(1)
+    ->Arg(9)
+    ->Arg(17)
+    ->Arg(32);
 
 void bits_fputc(benchmark::State &state) {
     const bench::ScratchDirectory place;
@@ -221,7 +232,7 @@ void bits_fputc(benchmark::State &state) {
     }
     state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * kSize));
 }
-BENCHMARK(bits_fputc);
+BENCHMARK(bits_fputc)->Name("Data/BITIO_output_bits, 256 KiB as codes of so many bits/plain fputc");
 
 void bits_in(benchmark::State &state) {
     const bench::ScratchDirectory place;
@@ -235,7 +246,12 @@ void bits_in(benchmark::State &state) {
     }
     state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * kSize));
 }
-BENCHMARK(bits_in)->Arg(1)->Arg(9)->Arg(17)->Arg(32);
+BENCHMARK(bits_in)
+    ->Name("Data/BITIO_input_bits, 256 KiB as codes of so many bits/inkstone")
+    ->Arg(1)
+    ->Arg(9)
+    ->Arg(17)
+    ->Arg(32);
 
 void bits_fgetc(benchmark::State &state) {
     const bench::ScratchDirectory place;
@@ -247,6 +263,6 @@ void bits_fgetc(benchmark::State &state) {
     }
     state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * kSize));
 }
-BENCHMARK(bits_fgetc);
+BENCHMARK(bits_fgetc)->Name("Data/BITIO_input_bits, 256 KiB as codes of so many bits/plain fgetc");
 
 }  // namespace

@@ -1,69 +1,77 @@
-// The basic copies and fills beside memcpy, memset, SDL and Allegro.
+// The basic copies, fills and pixels, and what the view does with a finished screen.
 #include "inkstone/draw.h"
 
-#include "stage.h"
+#include "call.h"
+#include "drawing_peers.h"
+#include "inkstone/view.h"
 
-using bench::add;
-using bench::Stage;
+using namespace bench;
 
 namespace {
 
-[[maybe_unused]] const bool registered = [] {
-    add("put", "memcpy", [](Stage &s, int x, int y) { bench::copy_rows(s, s.screen, x, y); });
-    add("put", "inkstone", [](Stage &s, int x, int y) { BUF_put_image(x, y, s.image, s.screen); });
-    add("get", "memcpy", [](Stage &s, int x, int y) {
-        for (int row = 0; row < s.h; ++row)
-            std::memcpy(s.pixels + row * s.w, s.screen + (y + row) * bench::kWidth + x,
-                        static_cast<std::size_t>(s.w));
-    });
-    add("get", "inkstone", [](Stage &s, int x, int y) { BUF_get_image(x, y, s.w, s.h, s.image, s.screen); });
-    add("pest", "memcpy", [](Stage &s, int x, int y) { bench::copy_rows(s, s.screen, x, y); });
-    add("pest", "inkstone", [](Stage &s, int x, int y) { BUF_pest_image(x, y, s.image, s.screen); });
-    add("bar", "memset", [](Stage &s, int x, int y) { bench::fill_rows(s, s.screen, x, y); });
-    add("bar", "inkstone",
-        [](Stage &s, int x, int y) { BUF_bar(x, y, x + s.w - 1, y + s.h - 1, 3, s.screen); });
-    add("mesh_bar", "memset", [](Stage &s, int x, int y) { bench::fill_rows(s, s.screen, x, y); });
-    add("mesh_bar", "inkstone",
-        [](Stage &s, int x, int y) { BUF_mesh_bar(x, y, x + s.w - 1, y + s.h - 1, 3, s.screen); });
-    add("change_color", "memcpy", [](Stage &s, int x, int y) { bench::copy_rows(s, s.screen, x, y); });
-    add("change_color", "inkstone",
-        [](Stage &s, int x, int y) { BUF_change_color(x, y, x + s.w - 1, y + s.h - 1, 1, 1, s.screen); });
-    add("box", "inkstone",
-        [](Stage &s, int x, int y) { BUF_box(x, y, x + s.w - 1, y + s.h - 1, 3, s.screen); });
-#if defined(INKSTONE_BENCH_SDL)
-    add("put", "sdl", [](Stage &s, int x, int y) {
-        SDL_Rect at{x, y, 0, 0};
-        SDL_BlitSurface(s.sdl_sprite, nullptr, s.sdl_screen, &at);
-    });
-    add("pest", "sdl", [](Stage &s, int x, int y) {
-        SDL_Rect at{x, y, 0, 0};
-        SDL_BlitSurface(s.sdl_keyed, nullptr, s.sdl_screen, &at);
-    });
-    add("bar", "sdl", [](Stage &s, int x, int y) {
-        const SDL_Rect bar{x, y, s.w, s.h};
-        SDL_FillRect(s.sdl_screen, &bar, 3);
-    });
-#endif
-#if defined(INKSTONE_BENCH_ALLEGRO)
-    add("put", "allegro",
-        [](Stage &s, int x, int y) { blit(s.allegro_sprite, s.allegro_screen, 0, 0, x, y, s.w, s.h); });
-    add("get", "allegro",
-        [](Stage &s, int x, int y) { blit(s.allegro_screen, s.allegro_sprite, x, y, 0, 0, s.w, s.h); });
-    add("pest", "allegro",
-        [](Stage &s, int x, int y) { draw_sprite(s.allegro_screen, s.allegro_sprite, x, y); });
-    add("bar", "allegro",
-        [](Stage &s, int x, int y) { rectfill(s.allegro_screen, x, y, x + s.w - 1, y + s.h - 1, 3); });
-    add("box", "allegro",
-        [](Stage &s, int x, int y) { rect(s.allegro_screen, x, y, x + s.w - 1, y + s.h - 1, 3); });
-    add("mesh_bar", "allegro", [](Stage &s, int x, int y) {
-        static peers::AllegroBitmap pattern(2, 2);
-        putpixel(pattern, 0, 0, 3), putpixel(pattern, 1, 1, 3);
-        drawing_mode(DRAW_MODE_MASKED_PATTERN, pattern, 0, 0);
-        rectfill(s.allegro_screen, x, y, x + s.w - 1, y + s.h - 1, 3);
-        solid_mode();
-    });
-#endif
-    return true;
-}();
+const Rival kStoreRow{"limit stores", [](Stage &s, int x, int y) {
+                          for (int i = 0; i < s.w; ++i) {
+                              s.screen[y * kWidth + x + i] = 3;
+                              benchmark::ClobberMemory();
+                          }
+                      }};
+const Rival kLoadRow{"limit loads", [](Stage &s, int x, int y) {
+                         for (int i = 0; i < s.w; ++i) benchmark::DoNotOptimize(s.screen[y * kWidth + x + i]);
+                     }};
+
+const Rivals kPut = beside(kCopy, kPutPeers), kPest = beside(kMerge, kPestPeers),
+             kGet = beside(kCopy, kGetPeers);
+
+#define EACH_PIXEL(call) CALL(for (int i = 0; i < s.w; ++i) call)
+
+[[maybe_unused]] const bool registered = add(
+    "Drawing",
+    {{"BUF_put_pixel", EACH_PIXEL(BUF_put_pixel(x + i, y, 3, s.screen)), beside(kStoreRow, kPutPixelPeers)},
+     {"MEM_put_pixel", EACH_PIXEL(MEM_put_pixel(x + i, y, 3, MEMORY)), beside(kStoreRow, kPutPixelPeers)},
+     {"BUF_get_pixel", EACH_PIXEL(benchmark::DoNotOptimize(BUF_get_pixel(x + i, y, s.screen))),
+      beside(kLoadRow, kGetPixelPeers)},
+     {"MEM_get_pixel", EACH_PIXEL(benchmark::DoNotOptimize(MEM_get_pixel(x + i, y, MEMORY))),
+      beside(kLoadRow, kGetPixelPeers)},
+     {"BUF_bar", CALL(BUF_bar(RECTANGLE, 3, s.screen)), beside(kFill, kBarPeers)},
+     {"BUF_mesh_bar", CALL(BUF_mesh_bar(RECTANGLE, 3, s.screen)), beside(kUpdate, kMeshBarPeers)},
+     {"BUF_box", CALL(BUF_box(RECTANGLE, 3, s.screen)), beside(kStores, kBoxPeers)},
+     {"MEM_box", CALL(MEM_box(RECTANGLE, 3, MEMORY)), beside(kStores, kBoxPeers)},
+     {"BUF_dash_box", CALL(BUF_dash_box(RECTANGLE, 3, 4, s.screen)), beside(kStores)},
+     {"MEM_draw_point_cross", CALL(MEM_draw_point_cross(x + 8, y + 8, 3, MEMORY)), beside(kStores)},
+     {"BUF_change_color", CALL(BUF_change_color(RECTANGLE, 1, 1, s.screen)), beside(kUpdate)},
+     {"BUF_put_image", CALL(BUF_put_image(x, y, s.image, s.screen)), kPut},
+     {"BUF_put_bitmap", CALL(BUF_put_bitmap(SPRITE, s.screen)), kPut},
+     {"MEM_put_image", CALL(MEM_put_image(x, y, s.image, s.screen, kWidth, kHeight)), kPut},
+     {"MEM_put_bitmap", CALL(MEM_put_bitmap(SPRITE, s.screen, kWidth, kHeight)), kPut},
+     {"IMG_put_image", CALL(IMG_put_image(x, y, s.image, s.work)), kPut},
+     {"BUF_pest_image", CALL(BUF_pest_image(x, y, s.image, s.screen)), kPest},
+     {"BUF_pest_bitmap", CALL(BUF_pest_bitmap(SPRITE, s.screen)), kPest},
+     {"MEM_pest_image", CALL(MEM_pest_image(x, y, s.image, s.screen, kWidth, kHeight)), kPest},
+     {"MEM_pest_bitmap", CALL(MEM_pest_bitmap(SPRITE, s.screen, kWidth, kHeight)), kPest},
+     {"IMG_pest_image", CALL(IMG_pest_image(x, y, s.image, s.work)), kPest},
+     {"BUF_get_image", CALL(BUF_get_image(x, y, s.w, s.h, s.image, s.screen)), kGet},
+     {"BUF_get_bitmap", CALL(BUF_get_bitmap(x, y, s.w, s.h, s.pixels, s.screen)), kGet},
+     {"MEM_get_image", CALL(MEM_get_image(x, y, s.w, s.h, s.image, s.screen, kWidth, kHeight)), kGet},
+     {"MEM_operate_image_size", CALL(int edges[] = {0, 0, s.w, s.h}; MEM_operate_image_size(
+                                         &edges[0], &edges[1], &edges[2], &edges[3], s.w, s.h, s.pixels))},
+     {"IMG_get_image_size", CALL(int w, h; IMG_get_image_size(s.image, &w, &h))}});
+
+// The view in front of the screen, enabled once.
+void enable_view(Stage &s) {
+    WViewInit(nullptr, 0, 0, kWidth, kHeight, s.screen);
+    static const bool enabled = (WViewEnable(), true);
+    (void)enabled;
+}
+
+[[maybe_unused]] const bool presented =
+    add("Drawing",
+        {{"WViewMoveBuffer2Screen",
+          CALL(WViewMoveBuffer2Screen(static_cast<std::int16_t>(x), static_cast<std::int16_t>(y),
+                                      static_cast<std::int16_t>(s.w), static_cast<std::int16_t>(s.h))),
+          beside(kCopy), enable_view}}) &&
+    add_whole("Drawing",
+              {{"WViewBuffer2Screen", CALL(WViewBuffer2Screen()), beside(kCopy), enable_view},
+               {"WViewRedrawScreen", CALL(WViewRedrawScreen()), beside(kCopy), enable_view},
+               {"SCR_memory_to_screen", CALL(SCR_memory_to_screen(s.screen)), beside(kCopy), enable_view}});
 
 }  // namespace

@@ -69,7 +69,7 @@ void copy_pixels(benchmark::State &state) {
     }
     count_pixels(state, kPixels);
 }
-BENCHMARK(copy_pixels)->Name("formats/memcpy");
+BENCHMARK(copy_pixels)->Name("Pictures and films/memcpy");
 
 struct Compressed {
     explicit Compressed(Kind kind) : block(16 + 2 * kPixels) {
@@ -86,7 +86,9 @@ void compress(benchmark::State &state) {
     state.SetLabel(name(static_cast<Kind>(state.range(0))));
     count_pixels(state, kPixels);
 }
-BENCHMARK(compress)->Name("formats/cimg_compress")->DenseRange(kDrawn, kNoise);
+BENCHMARK(compress)
+    ->Name("Pictures and films/fnCompressImage 640 x 480/inkstone")
+    ->DenseRange(kDrawn, kNoise);
 
 void expand(benchmark::State &state) {
     Compressed picture(static_cast<Kind>(state.range(0)));
@@ -94,7 +96,9 @@ void expand(benchmark::State &state) {
     state.SetLabel(name(static_cast<Kind>(state.range(0))));
     count_pixels(state, kPixels);
 }
-BENCHMARK(expand)->Name("formats/cimg_expand")->DenseRange(kDrawn, kNoise);
+BENCHMARK(expand)
+    ->Name("Pictures and films/fnUncompressImage 640 x 480/inkstone")
+    ->DenseRange(kDrawn, kNoise);
 
 // The same expansion one byte at a time, as the code is usually read.
 void expand_by_the_byte(benchmark::State &state) {
@@ -112,7 +116,9 @@ void expand_by_the_byte(benchmark::State &state) {
     state.SetLabel(name(static_cast<Kind>(state.range(0))));
     count_pixels(state, kPixels);
 }
-BENCHMARK(expand_by_the_byte)->Name("formats/cimg_expand_by_the_byte")->DenseRange(kDrawn, kNoise);
+BENCHMARK(expand_by_the_byte)
+    ->Name("Pictures and films/fnUncompressImage 640 x 480/plain byte by byte")
+    ->DenseRange(kDrawn, kNoise);
 
 // A picture of the size of a character of a game, 200 x 150, cut out of the larger one.
 struct Figure {
@@ -139,14 +145,18 @@ void compress_figure(benchmark::State &state) {
         for (auto _ : state) fnCompressImage(figure.image.data(), figure.block.data(), 0);
     });
 }
-BENCHMARK(compress_figure)->Name("formats/figure_compress")->DenseRange(kDrawn, kNoise);
+BENCHMARK(compress_figure)
+    ->Name("Pictures and films/fnCompressImage 200 x 150/inkstone")
+    ->DenseRange(kDrawn, kNoise);
 
 void expand_figure(benchmark::State &state) {
     with_figure(state, [&](Figure &figure) {
         for (auto _ : state) fnUncompressImage(figure.block.data(), figure.image.data());
     });
 }
-BENCHMARK(expand_figure)->Name("formats/figure_expand")->DenseRange(kDrawn, kNoise);
+BENCHMARK(expand_figure)
+    ->Name("Pictures and films/fnUncompressImage 200 x 150/inkstone")
+    ->DenseRange(kDrawn, kNoise);
 
 #if defined(HAS_FLIC_PEER)
 void compress_figure_libavcodec(benchmark::State &state) {
@@ -157,7 +167,7 @@ void compress_figure_libavcodec(benchmark::State &state) {
     });
 }
 BENCHMARK(compress_figure_libavcodec)
-    ->Name("formats/figure_compress_libavcodec_pcx")
+    ->Name("Pictures and films/fnCompressImage 200 x 150/libavcodec PCX")
     ->DenseRange(kDrawn, kNoise);
 
 void expand_figure_libavcodec(benchmark::State &state) {
@@ -168,7 +178,9 @@ void expand_figure_libavcodec(benchmark::State &state) {
             if (!peer.decode()) state.SkipWithError("refused");
     });
 }
-BENCHMARK(expand_figure_libavcodec)->Name("formats/figure_expand_libavcodec_pcx")->DenseRange(kDrawn, kNoise);
+BENCHMARK(expand_figure_libavcodec)
+    ->Name("Pictures and films/fnUncompressImage 200 x 150/libavcodec PCX")
+    ->DenseRange(kDrawn, kNoise);
 #endif
 
 #if defined(INKSTONE_BENCH_ALLEGRO)
@@ -182,7 +194,9 @@ void draw_figure_allegro(benchmark::State &state) {
         destroy_rle_sprite(sprite);
     });
 }
-BENCHMARK(draw_figure_allegro)->Name("formats/figure_draw_rle_sprite_allegro")->DenseRange(kDrawn, kNoise);
+BENCHMARK(draw_figure_allegro)
+    ->Name("Pictures and films/fnUncompressImage 200 x 150/Allegro 4 RLE sprite")
+    ->DenseRange(kDrawn, kNoise);
 #endif
 
 void write_pcx(benchmark::State &state) {
@@ -193,7 +207,7 @@ void write_pcx(benchmark::State &state) {
     state.SetLabel(name(static_cast<Kind>(state.range(0))));
     count_pixels(state, kPixels);
 }
-BENCHMARK(write_pcx)->Name("formats/pcx_write_file")->DenseRange(kDrawn, kNoise);
+BENCHMARK(write_pcx)->Name("Pictures and films/PCX_save_file 640 x 480/inkstone")->DenseRange(kDrawn, kNoise);
 
 #if defined(HAS_FLIC_PEER)
 void write_pcx_libavcodec(benchmark::State &state) {
@@ -210,7 +224,9 @@ void write_pcx_libavcodec(benchmark::State &state) {
     state.SetLabel(name(static_cast<Kind>(state.range(0))));
     count_pixels(state, kPixels);
 }
-BENCHMARK(write_pcx_libavcodec)->Name("formats/pcx_write_file_libavcodec")->DenseRange(kDrawn, kNoise);
+BENCHMARK(write_pcx_libavcodec)
+    ->Name("Pictures and films/PCX_save_file 640 x 480/libavcodec")
+    ->DenseRange(kDrawn, kNoise);
 #endif
 
 void read_pcx(benchmark::State &state) {
@@ -222,7 +238,7 @@ void read_pcx(benchmark::State &state) {
     state.SetLabel(name(static_cast<Kind>(state.range(0))));
     count_pixels(state, kPixels);
 }
-BENCHMARK(read_pcx)->Name("formats/pcx_read_file")->DenseRange(kDrawn, kNoise);
+BENCHMARK(read_pcx)->Name("Pictures and films/PCX_read_file 640 x 480/inkstone")->DenseRange(kDrawn, kNoise);
 
 // A picture of which every other eighth row band is new: what a film changes from frame to frame.
 IndexedPicture changed(const IndexedPicture &before) {
@@ -273,7 +289,7 @@ void play_frame(benchmark::State &state) {
     count_pixels(state, painted(type));
 }
 BENCHMARK(play_frame)
-    ->Name("formats/flic_frame")
+    ->Name("Pictures and films/FLIC_play_flic_frame 640 x 480/inkstone")
     ->Arg(flic::BYTE_RUN)
     ->Arg(flic::DELTA_FLI)
     ->Arg(flic::DELTA_FLC)
@@ -290,7 +306,7 @@ void play_frame_libavcodec(benchmark::State &state) {
     count_pixels(state, painted(type));
 }
 BENCHMARK(play_frame_libavcodec)
-    ->Name("formats/flic_frame_libavcodec")
+    ->Name("Pictures and films/FLIC_play_flic_frame 640 x 480/libavcodec")
     ->Arg(flic::BYTE_RUN)
     ->Arg(flic::DELTA_FLI)
     ->Arg(flic::DELTA_FLC)
@@ -325,7 +341,9 @@ void play_film(benchmark::State &state) {
     }
     std::filesystem::remove(file);
 }
-BENCHMARK(play_film)->Name("formats/flic_film_of_60")->Unit(benchmark::kMicrosecond);
+BENCHMARK(play_film)
+    ->Name("Pictures and films/FLIC film of 60 frames 640 x 480/inkstone")
+    ->Unit(benchmark::kMicrosecond);
 
 #if defined(HAS_FLIC_PEER)
 // Its frames out of memory, the file already taken apart.
@@ -345,7 +363,9 @@ void play_film_libavcodec(benchmark::State &state) {
             if (!peer.decode(frame)) state.SkipWithError("the frame is refused");
     }
 }
-BENCHMARK(play_film_libavcodec)->Name("formats/flic_film_of_60_libavcodec")->Unit(benchmark::kMicrosecond);
+BENCHMARK(play_film_libavcodec)
+    ->Name("Pictures and films/FLIC film of 60 frames 640 x 480/libavcodec")
+    ->Unit(benchmark::kMicrosecond);
 #endif
 
 }  // namespace

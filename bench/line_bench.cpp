@@ -5,12 +5,13 @@
 #include <random>
 #include <vector>
 
+#include "call.h"
+#include "drawing_peers.h"
 #include "inkstone/line.h"
-#include "peers.h"
 
 namespace {
 
-constexpr int kWidth = 640, kHeight = 480;
+using namespace bench;
 using Screen = std::vector<std::uint8_t>;
 
 struct Segment {
@@ -87,7 +88,11 @@ void lines(benchmark::State &state) {
     for (auto _ : state)
         for (const Segment &line : lines) BUF_line(line.x1, line.y1, line.x2, line.y2, 7, screen.data());
 }
-BENCHMARK(lines)->Name("lines/inkstone")->Arg(8)->Arg(32)->Arg(300);
+BENCHMARK(lines)
+    ->Name("Lines and fills/1,000 lines of so many pixels at most/inkstone")
+    ->Arg(8)
+    ->Arg(32)
+    ->Arg(300);
 
 void figures(benchmark::State &state, bool round) {
     const auto figures = make_figures(round);
@@ -95,8 +100,51 @@ void figures(benchmark::State &state, bool round) {
     for (auto _ : state)
         for (const Ellipse &f : figures) BUF_circle(f.x, f.y, f.down, f.across, 0, 0, 7, screen.data());
 }
-BENCHMARK_CAPTURE(figures, circles, true)->Name("circles/inkstone");
-BENCHMARK_CAPTURE(figures, ellipses, false)->Name("ellipses/inkstone");
+BENCHMARK_CAPTURE(figures, circles, true)->Name("Lines and fills/1,000 circles, radii 4 to 50/inkstone");
+BENCHMARK_CAPTURE(figures, ellipses, false)->Name("Lines and fills/1,000 ellipses, radii 4 to 50/inkstone");
+
+// The limit of lines and figures: the same pixels stored one after the other, from a list.
+template <class Draw>
+void stores(benchmark::State &state, int count, Draw draw) {
+    std::vector<std::vector<int>> drawn(static_cast<std::size_t>(count));
+    for (std::size_t i = 0; i < drawn.size(); ++i) {
+        Screen blank(kWidth * kHeight);
+        draw(static_cast<int>(i), blank.data());
+        for (int at = 0; at < kWidth * kHeight; ++at)
+            if (blank[static_cast<std::size_t>(at)] != 0) drawn[i].push_back(at);
+    }
+    Screen screen(kWidth * kHeight);
+    for (auto _ : state) {
+        for (const auto &pixels : drawn)
+            for (const int at : pixels) screen[static_cast<std::size_t>(at)] = 7;
+        benchmark::ClobberMemory();
+    }
+}
+
+void line_stores(benchmark::State &state) {
+    const auto lines = make_lines(static_cast<int>(state.range(0)));
+    stores(state, 1000, [&](int i, std::uint8_t *to) {
+        const Segment &line = lines[static_cast<std::size_t>(i)];
+        BUF_line(line.x1, line.y1, line.x2, line.y2, 7, to);
+    });
+}
+BENCHMARK(line_stores)
+    ->Name("Lines and fills/1,000 lines of so many pixels at most/limit stores")
+    ->Arg(8)
+    ->Arg(32)
+    ->Arg(300);
+
+void figure_stores(benchmark::State &state, bool round) {
+    const auto figures = make_figures(round);
+    stores(state, 1000, [&](int i, std::uint8_t *to) {
+        const Ellipse &f = figures[static_cast<std::size_t>(i)];
+        BUF_circle(f.x, f.y, f.down, f.across, 0, 0, 7, to);
+    });
+}
+BENCHMARK_CAPTURE(figure_stores, circles, true)
+    ->Name("Lines and fills/1,000 circles, radii 4 to 50/limit stores");
+BENCHMARK_CAPTURE(figure_stores, ellipses, false)
+    ->Name("Lines and fills/1,000 ellipses, radii 4 to 50/limit stores");
 
 // Each fill turns the area of colour 0 into another colour and the next one back.
 void fill(benchmark::State &state, Screen screen, int x, int y) {
@@ -107,8 +155,24 @@ void fill(benchmark::State &state, Screen screen, int x, int y) {
     }
     state.counters["filled"] = static_cast<double>(std::count(screen.begin(), screen.end(), 2 - colour));
 }
-BENCHMARK_CAPTURE(fill, empty, Screen(kWidth *kHeight), 320, 240)->Name("fill/empty/inkstone");
-BENCHMARK_CAPTURE(fill, maze, make_maze(), 0, 0)->Name("fill/maze/inkstone");
+BENCHMARK_CAPTURE(fill, empty, Screen(kWidth *kHeight), 320, 240)
+    ->Name("Lines and fills/fill of an empty screen/inkstone");
+BENCHMARK_CAPTURE(fill, maze, make_maze(), 0, 0)->Name("Lines and fills/fill of a maze/inkstone");
+
+// The limit of a fill: its area read once, its pixels written.
+void fill_stores(benchmark::State &state, Screen screen) {
+    int colour = 2;
+    for (auto _ : state) {
+        for (std::uint8_t &pixel : screen)
+            pixel = static_cast<std::uint8_t>(pixel == 2 - colour ? colour : pixel);
+        benchmark::DoNotOptimize(screen.data());
+        benchmark::ClobberMemory();
+        colour = 2 - colour;
+    }
+}
+BENCHMARK_CAPTURE(fill_stores, empty, Screen(kWidth *kHeight))
+    ->Name("Lines and fills/fill of an empty screen/limit read, write");
+BENCHMARK_CAPTURE(fill_stores, maze, make_maze())->Name("Lines and fills/fill of a maze/limit read, write");
 
 #if defined(INKSTONE_BENCH_ALLEGRO)
 void allegro_lines(benchmark::State &state) {
@@ -117,7 +181,11 @@ void allegro_lines(benchmark::State &state) {
     for (auto _ : state)
         for (const Segment &l : lines) ::line(bitmap, l.x1, l.y1, l.x2, l.y2, 7);
 }
-BENCHMARK(allegro_lines)->Name("lines/allegro")->Arg(8)->Arg(32)->Arg(300);
+BENCHMARK(allegro_lines)
+    ->Name("Lines and fills/1,000 lines of so many pixels at most/Allegro 4")
+    ->Arg(8)
+    ->Arg(32)
+    ->Arg(300);
 
 void allegro_circles(benchmark::State &state) {
     const auto figures = make_figures(true);
@@ -125,7 +193,7 @@ void allegro_circles(benchmark::State &state) {
     for (auto _ : state)
         for (const Ellipse &f : figures) ::circle(bitmap, f.x, f.y, f.down, 7);
 }
-BENCHMARK(allegro_circles)->Name("circles/allegro");
+BENCHMARK(allegro_circles)->Name("Lines and fills/1,000 circles, radii 4 to 50/Allegro 4");
 
 void allegro_ellipses(benchmark::State &state) {
     const auto figures = make_figures(false);
@@ -133,7 +201,7 @@ void allegro_ellipses(benchmark::State &state) {
     for (auto _ : state)
         for (const Ellipse &f : figures) ::ellipse(bitmap, f.x, f.y, f.across, f.down, 7);
 }
-BENCHMARK(allegro_ellipses)->Name("ellipses/allegro");
+BENCHMARK(allegro_ellipses)->Name("Lines and fills/1,000 ellipses, radii 4 to 50/Allegro 4");
 
 void allegro_fill(benchmark::State &state, const Screen &screen, int x, int y) {
     peers::AllegroBitmap bitmap(kWidth, kHeight);
@@ -144,8 +212,9 @@ void allegro_fill(benchmark::State &state, const Screen &screen, int x, int y) {
         colour = 2 - colour;
     }
 }
-BENCHMARK_CAPTURE(allegro_fill, empty, Screen(kWidth *kHeight), 320, 240)->Name("fill/empty/allegro");
-BENCHMARK_CAPTURE(allegro_fill, maze, make_maze(), 0, 0)->Name("fill/maze/allegro");
+BENCHMARK_CAPTURE(allegro_fill, empty, Screen(kWidth *kHeight), 320, 240)
+    ->Name("Lines and fills/fill of an empty screen/Allegro 4");
+BENCHMARK_CAPTURE(allegro_fill, maze, make_maze(), 0, 0)->Name("Lines and fills/fill of a maze/Allegro 4");
 #endif
 
 #if defined(INKSTONE_BENCH_SDL)
@@ -160,7 +229,42 @@ void sdl_lines(benchmark::State &state) {
     }
     SDL_DestroyRenderer(renderer);
 }
-BENCHMARK(sdl_lines)->Name("lines/sdl")->Arg(8)->Arg(32)->Arg(300);
+BENCHMARK(sdl_lines)
+    ->Name("Lines and fills/1,000 lines of so many pixels at most/SDL2")
+    ->Arg(8)
+    ->Arg(32)
+    ->Arg(300);
 #endif
+
+// Every function at its sizes: a line as wide as the stage, a circle and an ellipse inside it, an arc of three
+// quarters, and a fill of a closed box.
+#define ROUND x + s.h / 2, y + s.h / 2, s.h / 2 - 1, s.h / 2 - 1
+#define UNEQUAL x + s.w / 2, y + s.h / 2, s.h / 3, s.w / 2 - 1
+
+// A frame around the stage's size, at the top left of both libraries' screens.
+void frame(Stage &s) {
+    for (int y = 0; y < s.h; ++y)
+        for (int x = 0; x < s.w; ++x) {
+            const bool edge = x == 0 || y == 0 || x == s.w - 1 || y == s.h - 1;
+            s.screen[y * kWidth + x] = edge ? 9 : 1;
+        }
+#if defined(INKSTONE_BENCH_ALLEGRO)
+    s.allegro_screen.load(s.screen);
+#endif
+}
+#define TURN s.screen[kWidth + 1] ^ 1
+
+[[maybe_unused]] const bool registered = add(
+    "Lines and fills",
+    {{"BUF_line", CALL(BUF_line(x, y, x + s.w - 1, y + s.h / 3, 3, s.screen)), beside(kStores, kLinePeers)},
+     {"MEM_line", CALL(MEM_line(x, y, x + s.w - 1, y + s.h / 3, 3, MEMORY)), beside(kStores, kLinePeers)},
+     {"BUF_dash_line", CALL(BUF_dash_line(x, y, x + s.w - 1, y + s.h / 3, 3, 2, s.screen)), beside(kStores)},
+     {"MEM_dash_line", CALL(MEM_dash_line(x, y, x + s.w - 1, y + s.h / 3, 3, 2, MEMORY)), beside(kStores)},
+     {"BUF_circle", CALL(BUF_circle(ROUND, 0, 0, 3, s.screen)), beside(kStores, kCirclePeers)},
+     {"MEM_circle", CALL(MEM_circle(ROUND, 0, 0, 3, MEMORY)), beside(kStores, kCirclePeers)},
+     {"BUF_circle, ellipse", CALL(BUF_circle(UNEQUAL, 0, 0, 3, s.screen)), beside(kStores, kEllipsePeers)},
+     {"BUF_circle, arc", CALL(BUF_circle(ROUND, 0, 270, 3, s.screen)), beside(kStores)},
+     {"BUF_fill", CALL(BUF_fill(1, 1, TURN, s.screen)), beside(kUpdate, kFillPeers), frame},
+     {"MEM_fill", CALL(MEM_fill(1, 1, TURN, MEMORY)), beside(kUpdate, kFillPeers), frame}});
 
 }  // namespace

@@ -48,7 +48,11 @@ void info_load(benchmark::State &state) {
         INFO_close_file();
     }
 }
-BENCHMARK(info_load)->Name("info/load")->Arg(1000)->Arg(100000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(info_load)
+    ->Name("Data/INFO_open_file of so many lines/inkstone")
+    ->Arg(1000)
+    ->Arg(100000)
+    ->Unit(benchmark::kMicrosecond);
 
 void info_look_up(benchmark::State &state) {
     const ScratchDirectory place;
@@ -60,7 +64,7 @@ void info_look_up(benchmark::State &state) {
     });
     INFO_close_file();
 }
-BENCHMARK(info_look_up)->Name("info/look_up")->Arg(1000)->Arg(100000);
+BENCHMARK(info_look_up)->Name("Data/INFO_read_config among so many lines/inkstone")->Arg(1000)->Arg(100000);
 
 #if defined(INKSTONE_BENCH_ALLEGRO)
 void info_load_allegro(benchmark::State &state) {
@@ -70,7 +74,7 @@ void info_load_allegro(benchmark::State &state) {
     for (auto _ : state) set_config_file("a.inf");
 }
 BENCHMARK(info_load_allegro)
-    ->Name("info/load_allegro")
+    ->Name("Data/INFO_open_file of so many lines/Allegro 4")
     ->Arg(1000)
     ->Arg(100000)
     ->Unit(benchmark::kMicrosecond);
@@ -82,7 +86,10 @@ void info_look_up_allegro(benchmark::State &state) {
     look_up_all(
         state, [](const char *section) { benchmark::DoNotOptimize(get_config_string(section, "key5", "")); });
 }
-BENCHMARK(info_look_up_allegro)->Name("info/look_up_allegro")->Arg(1000)->Arg(100000);
+BENCHMARK(info_look_up_allegro)
+    ->Name("Data/INFO_read_config among so many lines/Allegro 4")
+    ->Arg(1000)
+    ->Arg(100000);
 #endif
 
 // An archive of so many files of 100 bytes. The list may name one file again and again.
@@ -109,7 +116,11 @@ void bind_fetch(benchmark::State &state) {
         BIND_read("a.bnd", offset, size, bytes);
     }
 }
-BENCHMARK(bind_fetch)->Name("bind/open_and_read_last")->Arg(1000)->Arg(60000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(bind_fetch)
+    ->Name("Data/BIND_open, BIND_read among so many entries/inkstone")
+    ->Arg(1000)
+    ->Arg(60000)
+    ->Unit(benchmark::kMicrosecond);
 
 // What any stateless look-up costs: the file opened twice, its directory read, its contents read.
 void bind_limit(benchmark::State &state) {
@@ -125,7 +136,11 @@ void bind_limit(benchmark::State &state) {
         }
     }
 }
-BENCHMARK(bind_limit)->Name("bind/fread_directory")->Arg(1000)->Arg(60000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(bind_limit)
+    ->Name("Data/BIND_open, BIND_read among so many entries/limit fread")
+    ->Arg(1000)
+    ->Arg(60000)
+    ->Unit(benchmark::kMicrosecond);
 
 #if defined(INKSTONE_BENCH_ALLEGRO)
 // A datafile of the same entries: the object's type and size, its name as a property, its bytes.
@@ -160,10 +175,34 @@ void bind_fetch_allegro(benchmark::State &state) {
     }
 }
 BENCHMARK(bind_fetch_allegro)
-    ->Name("bind/datafile_object_allegro")
+    ->Name("Data/BIND_open, BIND_read among so many entries/Allegro 4")
     ->Arg(1000)
     ->Arg(60000)
     ->Unit(benchmark::kMicrosecond);
+#endif
+
+// How cost grows with lines and entries.
+BENCHMARK(info_load)
+    ->Name("Growth/INFO files, lines/INFO_open_file")
+    ->RangeMultiplier(10)
+    ->Range(100, 100000);
+BENCHMARK(info_look_up)
+    ->Name("Growth/INFO files, lines/INFO_read_config")
+    ->RangeMultiplier(10)
+    ->Range(100, 100000);
+BENCHMARK(bind_fetch)
+    ->Name("Growth/archives, entries/BIND_open, BIND_read")
+    ->RangeMultiplier(10)
+    ->Range(10, 60000);
+BENCHMARK(bind_limit)
+    ->Name("Growth/archives, entries/fread of the directory")
+    ->RangeMultiplier(10)
+    ->Range(10, 60000);
+#if defined(INKSTONE_BENCH_ALLEGRO)
+BENCHMARK(info_look_up_allegro)
+    ->Name("Growth/INFO files, lines/get_config_string of Allegro 4")
+    ->RangeMultiplier(10)
+    ->Range(100, 10000);
 #endif
 
 }  // namespace

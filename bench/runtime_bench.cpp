@@ -7,16 +7,14 @@ namespace {
 void pump_with_nothing_due(benchmark::State &state) {
     HOST_name();
     for (auto _ : state) fnCheckMessage();
-    state.SetLabel(HOST_name());
 }
-BENCHMARK(pump_with_nothing_due);
+BENCHMARK(pump_with_nothing_due)->Name("Runtime/fnCheckMessage, nothing due/inkstone");
 
 void pump_with_sixteen_timers(benchmark::State &state) {
     SetupTimerProc(nullptr);
     for (auto _ : state) fnCheckMessage();
     ClearTimerProc(nullptr);
-    state.SetLabel(HOST_name());
 }
-BENCHMARK(pump_with_sixteen_timers);
+BENCHMARK(pump_with_sixteen_timers)->Name("Runtime/fnCheckMessage, sixteen timers/inkstone");
 
 }  // namespace

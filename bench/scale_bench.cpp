@@ -42,7 +42,7 @@ void put(benchmark::State &state) {
     for (auto _ : state)
         BUF_scale_put_bitmap(0, 0, size.dw, size.dh, size.sw, size.sh, picture.data(), screen.data());
 }
-BENCHMARK(put)->Name("scale_put/inkstone")->Apply(sizes);
+BENCHMARK(put)->Name("Scaling/BUF_scale_put_bitmap/inkstone")->Apply(sizes);
 
 void pest(benchmark::State &state) {
     const Sizes size(state);
@@ -51,7 +51,7 @@ void pest(benchmark::State &state) {
     for (auto _ : state)
         BUF_scale_pest_bitmap(0, 0, size.dw, size.dh, size.sw, size.sh, picture.data(), screen.data());
 }
-BENCHMARK(pest)->Name("scale_pest/inkstone")->Apply(sizes);
+BENCHMARK(pest)->Name("Scaling/BUF_scale_pest_bitmap/inkstone")->Apply(sizes);
 
 void zoom(benchmark::State &state) {
     const Pixels picture = make_picture(kWidth, kHeight);
@@ -59,7 +59,7 @@ void zoom(benchmark::State &state) {
     MEM_zoom_control(100, 75, 300, 200);
     for (auto _ : state) MEM_scale_bitmap(screen.data(), picture.data());
 }
-BENCHMARK(zoom)->Name("zoom/inkstone");
+BENCHMARK(zoom)->Name("Scaling/MEM_scale_bitmap/inkstone");
 
 void zoom_by_division(benchmark::State &state) {
     const Pixels picture = make_picture(kWidth, kHeight);
@@ -75,7 +75,7 @@ void zoom_by_division(benchmark::State &state) {
         benchmark::ClobberMemory();
     }
 }
-BENCHMARK(zoom_by_division)->Name("zoom/division");
+BENCHMARK(zoom_by_division)->Name("Scaling/MEM_scale_bitmap/plain division a pixel");
 
 void copy_screen(benchmark::State &state) {
     const Pixels picture = make_picture(kWidth, kHeight);
@@ -85,7 +85,7 @@ void copy_screen(benchmark::State &state) {
         benchmark::ClobberMemory();
     }
 }
-BENCHMARK(copy_screen)->Name("zoom/memcpy");
+BENCHMARK(copy_screen)->Name("Scaling/MEM_scale_bitmap/limit memcpy");
 
 #if defined(INKSTONE_BENCH_ALLEGRO)
 void allegro(benchmark::State &state) {
@@ -95,7 +95,7 @@ void allegro(benchmark::State &state) {
     const peers::AllegroBitmap screen(kWidth, kHeight);
     for (auto _ : state) stretch_blit(picture, screen, 0, 0, size.sw, size.sh, 0, 0, size.dw, size.dh);
 }
-BENCHMARK(allegro)->Name("scale_put/allegro")->Apply(sizes);
+BENCHMARK(allegro)->Name("Scaling/BUF_scale_put_bitmap/Allegro 4")->Apply(sizes);
 
 void allegro_pest(benchmark::State &state) {
     const Sizes size(state);
@@ -104,7 +104,7 @@ void allegro_pest(benchmark::State &state) {
     const peers::AllegroBitmap screen(kWidth, kHeight);
     for (auto _ : state) stretch_sprite(screen, picture, 0, 0, size.dw, size.dh);
 }
-BENCHMARK(allegro_pest)->Name("scale_pest/allegro")->Apply(sizes);
+BENCHMARK(allegro_pest)->Name("Scaling/BUF_scale_pest_bitmap/Allegro 4")->Apply(sizes);
 #endif
 
 #if defined(INKSTONE_BENCH_SDL)
@@ -116,7 +116,7 @@ void sdl(benchmark::State &state) {
     SDL_Rect to{0, 0, size.dw, size.dh};
     for (auto _ : state) SDL_SoftStretch(picture, nullptr, screen, &to);
 }
-BENCHMARK(sdl)->Name("scale_put/sdl")->Apply(sizes);
+BENCHMARK(sdl)->Name("Scaling/BUF_scale_put_bitmap/SDL2")->Apply(sizes);
 #endif
 
 }  // namespace

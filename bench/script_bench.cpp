@@ -44,7 +44,9 @@ void Script(benchmark::State &state) {
     for (auto _ : state) benchmark::DoNotOptimize(MAC_driver(0));
     state.SetItemsProcessed(state.iterations() * kTurns * kInstructionsPerTurn);
 }
-BENCHMARK(Script)->Unit(benchmark::kMillisecond);
+BENCHMARK(Script)
+    ->Name("Scripts/400,000 instructions, pumping before each/inkstone")
+    ->Unit(benchmark::kMillisecond);
 
 // What pumping before each instruction costs by itself.
 void ScriptPumpAlone(benchmark::State &state) {
@@ -52,14 +54,14 @@ void ScriptPumpAlone(benchmark::State &state) {
         for (std::int64_t i = 0; i < kTurns * kInstructionsPerTurn; ++i) fnCheckMessage();
     state.SetItemsProcessed(state.iterations() * kTurns * kInstructionsPerTurn);
 }
-BENCHMARK(ScriptPumpAlone)->Unit(benchmark::kMillisecond);
+BENCHMARK(ScriptPumpAlone)->Name("Scripts/400,000 pumps/inkstone")->Unit(benchmark::kMillisecond);
 
 constexpr const char *kExpression = "12*(3+4)-5+678/(9+1)*2-(34+56)*7+89-(1+2*(3+4*5))+60*7-890/11";
 
 void Expression(benchmark::State &state) {
     for (auto _ : state) benchmark::DoNotOptimize(string_2_number(kExpression));
 }
-BENCHMARK(Expression);
+BENCHMARK(Expression)->Name("Scripts/string_2_number of 51 tokens/inkstone");
 
 #if defined(INKSTONE_BENCH_LUA)
 
@@ -74,7 +76,7 @@ void LuaExpression(benchmark::State &state) {
     }
     lua_close(lua);
 }
-BENCHMARK(LuaExpression)->Name("Lua/expression");
+BENCHMARK(LuaExpression)->Name("Scripts/string_2_number of 51 tokens/Lua 5.4");
 
 void pump(lua_State *, lua_Debug *) {
     fnCheckMessage();
@@ -94,9 +96,15 @@ void Lua(benchmark::State &state, const char *source, bool pumping) {
 constexpr const char *kLocals = "local i, s = 0, 0 while i < 100000 do s = s + i i = i + 1 end";
 constexpr const char *kTable =
     "local v = {0, 0} while v[1] < 100000 do v[2] = v[2] + v[1] v[1] = v[1] + 1 end";
-BENCHMARK_CAPTURE(Lua, locals, kLocals, false)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Lua, table, kTable, false)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Lua, table_pumping, kTable, true)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Lua, locals, kLocals, false)
+    ->Name("Scripts/400,000 instructions, pumping before each/Lua 5.4 on locals, not pumping")
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Lua, table, kTable, false)
+    ->Name("Scripts/400,000 instructions, pumping before each/Lua 5.4 on a table, not pumping")
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Lua, table_pumping, kTable, true)
+    ->Name("Scripts/400,000 instructions, pumping before each/Lua 5.4 on a table, pumping")
+    ->Unit(benchmark::kMillisecond);
 
 #endif
 

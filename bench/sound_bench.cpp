@@ -83,10 +83,14 @@ void mix_inkstone(benchmark::State &state) {
     DS_destroy();
     state.counters["dB"] = signal_to_noise(heard);
 }
-BENCHMARK(mix_inkstone)->Arg(22050)->Arg(44100)->Arg(48000);
+BENCHMARK(mix_inkstone)
+    ->Name("Sound/a second of four sounds of that rate mixed/inkstone")
+    ->Arg(22050)
+    ->Arg(44100)
+    ->Arg(48000);
 
 void add_bare_loop(benchmark::State &state) {
-    const Samples sound = make_sine(kMixRate);
+    const Samples sound = make_sine(static_cast<int>(state.range(0)));
     Samples heard(2 * kMixRate);
     std::vector<std::int32_t> sum(heard.size());
     for (auto _ : state) {
@@ -98,7 +102,7 @@ void add_bare_loop(benchmark::State &state) {
         benchmark::DoNotOptimize(heard.data());
     }
 }
-BENCHMARK(add_bare_loop);
+BENCHMARK(add_bare_loop)->Name("Sound/a second of four sounds of that rate mixed/limit adding")->Arg(44100);
 
 #if defined(INKSTONE_BENCH_SDL)
 void mix_sdl(benchmark::State &state) {
@@ -122,7 +126,11 @@ void mix_sdl(benchmark::State &state) {
     for (SDL_AudioStream *stream : streams) SDL_FreeAudioStream(stream);
     state.counters["dB"] = signal_to_noise(heard);
 }
-BENCHMARK(mix_sdl)->Arg(22050)->Arg(44100)->Arg(48000);
+BENCHMARK(mix_sdl)
+    ->Name("Sound/a second of four sounds of that rate mixed/SDL2")
+    ->Arg(22050)
+    ->Arg(44100)
+    ->Arg(48000);
 #endif
 
 }  // namespace

@@ -1,13 +1,19 @@
-// What a blit is measured on: a screen, a second one, and a disc of a given size to draw at changing places,
-// the same for this library, its limits and its peers.
+// What drawing is measured on: a screen, a second one, and a disc of a given size to draw at changing places, the
+// same for this library, its limits and its peers; and how a row of the table of figures is registered.
+//
+// Every benchmark is named SECTION/ROW/WHO, with arguments or a label behind where there are several of a row. WHO
+// is "inkstone", the name of a peer, or begins with "limit". bench/figures makes the table out of these names.
 #pragma once
 
 #include <benchmark/benchmark.h>
 
 #include <cstdint>
+#include <cstring>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "limits.h"
 #include "peers.h"
 
 namespace bench {
@@ -27,6 +33,9 @@ struct Stage {
                 const bool inside = dx * dx * h * h + dy * dy * w * w <= w * w * h * h;
                 pixels[y * w + x] = inside ? static_cast<std::uint8_t>(colour) : std::uint8_t{0};
             }
+        // What is drawn into an image block is drawn into one of the screen's size.
+        work[0] = kWidth & 0xFF, work[1] = kWidth >> 8;
+        work[2] = kHeight & 0xFF, work[3] = kHeight >> 8;
 #if defined(INKSTONE_BENCH_SDL)
         sdl_sprite.load(pixels);
         sdl_keyed.load(pixels);
@@ -44,6 +53,7 @@ struct Stage {
     std::uint8_t *screen = first.data(), *keys = second.data();
     std::vector<std::uint8_t> scratch = std::vector<std::uint8_t>(700 * 700);
     std::uint8_t *work = scratch.data();
+    std::vector<int> drawn;  // where the row's own call draws, counted from the place it is given
 #if defined(INKSTONE_BENCH_SDL)
     peers::SdlSurface sdl_screen{kWidth, kHeight}, sdl_sprite{w, h}, sdl_keyed{w, h};
 #endif
@@ -52,14 +62,51 @@ struct Stage {
 #endif
 };
 
-// Measures draw(stage, x, y) under the name operation/who/size.
-template <class Draw>
-void add_one(const std::string &operation, const std::string &who, int size, Draw draw,
-             void (*prepare)(Stage &) = nullptr) {
-    const std::string name = operation + "/" + who + "/" + std::to_string(size);
+using Draw = void (*)(Stage &stage, int x, int y);
+
+// Who a function stands beside: its limit and its peers, which draw nothing where they are not installed.
+struct Rival {
+    const char *who;
+    Draw draw;
+};
+using Rivals = std::vector<Rival>;
+
+struct Row {
+    const char *function;
+    Draw call;
+    Rivals rivals = {};
+    void (*prepare)(Stage &stage) = nullptr;
+};
+
+inline std::string size_name(int size) {
+    return std::to_string(size) + " x " + std::to_string(size == kWidth ? kHeight : size);
+}
+
+// Where a call draws on an empty screen, row by row.
+inline std::vector<int> pixels_of(Stage &stage, Draw call) {
+    const std::vector<std::uint8_t> kept =
+        std::exchange(stage.first, std::vector<std::uint8_t>(kWidth * kHeight));
+    stage.screen = stage.first.data();
+    call(stage, 0, 0);
+    std::vector<int> drawn;
+    for (int i = 0; i < kWidth * kHeight; ++i)
+        if (stage.screen[i] != 0) drawn.push_back(i);
+    stage.first = kept;
+    stage.screen = stage.first.data();
+    return drawn;
+}
+
+// The limit of lines and figures: their pixels stored one after the other, from a list.
+inline const Rival kStores{"limit stores", [](Stage &s, int x, int y) {
+                               std::uint8_t *const to = s.screen + y * kWidth + x;
+                               for (const int at : s.drawn) to[at] = 3;
+                           }};
+
+inline void add_one(const std::string &name, int size, const Row &row, Draw draw) {
     benchmark::RegisterBenchmark(name.c_str(), [=](benchmark::State &state) {
         Stage stage(size);
-        if (prepare != nullptr) prepare(stage);
+        if (row.prepare != nullptr) row.prepare(stage);
+        if (draw == kStores.draw) stage.drawn = pixels_of(stage, row.call);
         unsigned turn = 0;
         for (auto _ : state) {
             const auto x = static_cast<int>(turn * 37 % static_cast<unsigned>(kWidth - stage.w + 1));
@@ -68,26 +115,54 @@ void add_one(const std::string &operation, const std::string &who, int size, Dra
             benchmark::ClobberMemory();
             turn = (turn + 1) % 16;
         }
-        state.SetBytesProcessed(state.iterations() * stage.w * stage.h);
     });
 }
 
-// The same for every size.
-template <class Draw>
-void add(const std::string &operation, const std::string &who, Draw draw,
-         void (*prepare)(Stage &) = nullptr) {
-    for (const int size : {16, 32, 64, 256, kWidth}) add_one(operation, who, size, draw, prepare);
+// Registers rows and who stands beside them at a small, a middle and the greatest size.
+inline bool add(const std::string &section, const std::vector<Row> &rows) {
+    for (const Row &row : rows)
+        for (const int size : {16, 64, kWidth}) {
+            const std::string name = section + "/" + row.function + " " + size_name(size) + "/";
+            add_one(name + "inkstone", size, row, row.call);
+            for (const Rival &rival : row.rivals)
+                if (rival.draw != nullptr) add_one(name + rival.who, size, row, rival.draw);
+        }
+    return true;
 }
 
-// The limit of every copy and fill: the system's own, row by row.
-inline void copy_rows(const Stage &stage, std::uint8_t *to, int x, int y) {
-    for (int row = 0; row < stage.h; ++row)
-        std::memcpy(to + (y + row) * kWidth + x, stage.pixels + row * stage.w,
-                    static_cast<std::size_t>(stage.w));
+// The same at the greatest size only, for what does not depend on it.
+inline bool add_whole(const std::string &section, const std::vector<Row> &rows) {
+    for (const Row &row : rows) {
+        const std::string name = section + "/" + row.function + "/";
+        add_one(name + "inkstone", kWidth, row, row.call);
+        for (const Rival &rival : row.rivals)
+            if (rival.draw != nullptr) add_one(name + rival.who, kWidth, row, rival.draw);
+    }
+    return true;
 }
-inline void fill_rows(const Stage &stage, std::uint8_t *to, int x, int y) {
-    for (int row = 0; row < stage.h; ++row)
-        std::memset(to + (y + row) * kWidth + x, 3, static_cast<std::size_t>(stage.w));
+
+// The limit of every copy and fill: the system's own, row by row; and that of what looks at the target, too.
+inline const Rival kCopy{"limit memcpy", [](Stage &s, int x, int y) {
+                             for (int row = 0; row < s.h; ++row)
+                                 std::memcpy(s.screen + (y + row) * kWidth + x, s.pixels + row * s.w,
+                                             static_cast<std::size_t>(s.w));
+                         }};
+inline const Rival kFill{"limit memset", [](Stage &s, int x, int y) {
+                             for (int row = 0; row < s.h; ++row)
+                                 std::memset(s.screen + (y + row) * kWidth + x, 3,
+                                             static_cast<std::size_t>(s.w));
+                         }};
+inline void loop_rows(const Stage &s, int x, int y, Loop loop) {
+    for (int row = 0; row < s.h; ++row) {
+        const int at = (y + row) * kWidth + x;
+        loop(s.screen + at, s.pixels + row * s.w, s.keys + at, s.w);
+    }
 }
+inline const Rival kUpdate{"limit read, write",
+                           [](Stage &s, int x, int y) { loop_rows(s, x, y, loops().update); }};
+inline const Rival kMerge{"limit read 2, write",
+                          [](Stage &s, int x, int y) { loop_rows(s, x, y, loops().merge); }};
+inline const Rival kKeyed{"limit read 3, write 2",
+                          [](Stage &s, int x, int y) { loop_rows(s, x, y, loops().keyed); }};
 
 }  // namespace bench

@@ -1,5 +1,5 @@
-// Pages of text, in characters per second: every way of drawing 24-pixel Big5 characters, beside copying
-// characters that are expanded to pixels already and beside a plain loop that tests each bit.
+// Pages of text: every way of drawing 24-pixel Big5 characters and ASCII, beside copying characters that are
+// expanded to pixels already, beside a plain loop that tests each bit and beside the text of Allegro 4.
 #include <benchmark/benchmark.h>
 
 #include <cstdint>
@@ -13,6 +13,7 @@
 #include "inkstone/ascii.h"
 #include "inkstone/chine.h"
 #include "inkstone/draw.h"
+#include "peers.h"
 
 namespace {
 
@@ -49,10 +50,6 @@ bool load_fonts() {
     return loaded;
 }
 
-void count(benchmark::State &state, int per_round) {
-    state.SetItemsProcessed(state.iterations() * per_round);
-}
-
 void page_of(benchmark::State &state, const char *style, int mode) {
     static const bool loaded = load_fonts();
     if (!loaded) return state.SkipWithError("the fonts cannot be loaded");
@@ -64,7 +61,6 @@ void page_of(benchmark::State &state, const char *style, int mode) {
             CHINE_print24(kLeft, kTop + row * kSize, text.c_str(), mode, screen.data());
         benchmark::ClobberMemory();
     }
-    count(state, kColumns * kRows);
     CHINE_print24(0, 0, "~C0~Z0~D0~O0~T0", mode, screen.data());
 }
 
@@ -83,7 +79,6 @@ void text_zoomed(benchmark::State &state, const char *style, int mode) {
             CHINE_print24(kLeft, kTop + row * 48, text.c_str(), mode, screen.data());
         benchmark::ClobberMemory();
     }
-    count(state, 80);
     CHINE_print24(0, 0, "~Z0~O0~T0", mode, screen.data());
 }
 
@@ -95,15 +90,43 @@ void text_patterned(benchmark::State &state, const char *style, int mode) {
     CHINE_set_color(3, 13);
 }
 
+// 80 columns and 30 rows, the whole screen.
+constexpr int kAsciiColumns = 80, kAsciiRows = 30, kAsciiWidth = 8, kAsciiHeight = 16;
+
 void ascii_page(benchmark::State &state, int mode) {
-    const std::string text(60, 'g');
+    const std::string text(kAsciiColumns - 2, 'g');
     for (auto _ : state) {
-        for (int row = 0; row < 28; ++row)
-            print_ascii16(16, 16 + row * 16, text.c_str(), mode, screen.data());
+        for (int row = 0; row < kAsciiRows; ++row)
+            print_ascii16(0, row * kAsciiHeight, text.c_str(), mode, screen.data());
         benchmark::ClobberMemory();
     }
-    count(state, 60 * 28);
 }
+
+void ascii_limit(benchmark::State &state) {
+    const auto glyph = noise(kAsciiWidth * kAsciiHeight);
+    for (auto _ : state) {
+        for (int row = 0; row < kAsciiRows; ++row)
+            for (int column = 0; column < kAsciiColumns - 2; ++column)
+                for (int y = 0; y < kAsciiHeight; ++y)
+                    std::memcpy(&screen[static_cast<std::size_t>((row * kAsciiHeight + y) * 640 +
+                                                                 column * kAsciiWidth)],
+                                &glyph[static_cast<std::size_t>(y * kAsciiWidth)], kAsciiWidth);
+        benchmark::ClobberMemory();
+    }
+}
+
+#if defined(INKSTONE_BENCH_ALLEGRO)
+// Its own font is 8 x 8: characters half as high, so a page has twice as many rows.
+void ascii_page_allegro(benchmark::State &state, int background) {
+    const peers::AllegroBitmap page(640, 480);
+    const std::string text(kAsciiColumns - 2, 'g');
+    for (auto _ : state) {
+        for (int row = 0; row < 2 * kAsciiRows; ++row)
+            textout_ex(page, font, text.c_str(), 0, row * kAsciiHeight / 2, 14, background);
+        benchmark::ClobberMemory();
+    }
+}
+#endif
 
 // The same page from characters that stand in memory as image blocks.
 template <typename Copy>
@@ -122,7 +145,6 @@ void expanded_page(benchmark::State &state, Copy copy) {
                      glyphs[static_cast<std::size_t>(column)].data());
         benchmark::ClobberMemory();
     }
-    count(state, kColumns * kRows);
 }
 
 void bit_by_bit(benchmark::State &state, bool opaque) {
@@ -143,7 +165,6 @@ void bit_by_bit(benchmark::State &state, bool opaque) {
             }
         benchmark::ClobberMemory();
     }
-    count(state, kColumns * kRows);
 }
 
 const auto copy_rows = [](int x, int y, const std::uint8_t *image) {
@@ -153,25 +174,51 @@ const auto copy_rows = [](int x, int y, const std::uint8_t *image) {
 const auto put_image = [](int x, int y, std::uint8_t *image) { BUF_put_image(x, y, image, screen.data()); };
 const auto pest_image = [](int x, int y, std::uint8_t *image) { BUF_pest_image(x, y, image, screen.data()); };
 
-BENCHMARK_CAPTURE(expanded_page, memcpy_rows, copy_rows)->Name("Text/limit: memcpy of expanded rows");
-BENCHMARK_CAPTURE(expanded_page, put, put_image)->Name("Text/BUF_put_image of expanded characters");
-BENCHMARK_CAPTURE(expanded_page, pest, pest_image)->Name("Text/BUF_pest_image of expanded characters");
-BENCHMARK_CAPTURE(bit_by_bit, opaque, true)->Name("Text/bit by bit, opaque");
-BENCHMARK_CAPTURE(bit_by_bit, transparent, false)->Name("Text/bit by bit, transparent");
-BENCHMARK_CAPTURE(page_of, plain, "", kOpaque)->Name("Text/CHINE_print24 opaque");
-BENCHMARK_CAPTURE(page_of, transparent, "", kTransparent)->Name("Text/CHINE_print24 transparent");
-BENCHMARK_CAPTURE(page_of, bold, "~D1", kTransparent)->Name("Text/CHINE_print24 bold");
-BENCHMARK_CAPTURE(page_of, shadow, "~T1", kTransparent)->Name("Text/CHINE_print24 shadow");
-BENCHMARK_CAPTURE(page_of, outline, "~O1", kTransparent)->Name("Text/CHINE_print24 outline");
-BENCHMARK_CAPTURE(page_of, both, "~O1~T1", kTransparent)->Name("Text/CHINE_print24 outline and shadow");
-BENCHMARK_CAPTURE(page_of, both_opaque, "~O1~T1", kOpaque)
-    ->Name("Text/CHINE_print24 outline and shadow, opaque");
-BENCHMARK_CAPTURE(text_patterned, ink, "", kTransparent)->Name("Text/CHINE_print24 patterned");
-BENCHMARK_CAPTURE(text_patterned, outline, "~O1", kTransparent)->Name("Text/CHINE_print24 patterned outline");
-BENCHMARK_CAPTURE(text_zoomed, plain, "~Z1", kTransparent)->Name("Text/CHINE_print24 double size");
-BENCHMARK_CAPTURE(text_zoomed, outline, "~Z1~O1", kTransparent)
-    ->Name("Text/CHINE_print24 double size, outline");
-BENCHMARK_CAPTURE(ascii_page, opaque, kOpaque)->Name("Text/print_ascii16 opaque");
-BENCHMARK_CAPTURE(ascii_page, transparent, kTransparent)->Name("Text/print_ascii16 transparent");
+constexpr struct {
+    const char *name, *style;
+    int mode;
+} kStyles[] = {{"opaque", "", kOpaque},
+               {"transparent", "", kTransparent},
+               {"bold", "~D1", kTransparent},
+               {"shadow", "~T1", kTransparent},
+               {"outline", "~O1", kTransparent},
+               {"outline and shadow", "~O1~T1", kTransparent},
+               {"outline and shadow, opaque", "~O1~T1", kOpaque}};
+
+[[maybe_unused]] const bool registered = [] {
+    const auto row = [](const std::string &name, const char *who, auto run) {
+        benchmark::RegisterBenchmark(("Text/" + name + "/" + who).c_str(), run);
+    };
+    for (const auto &[name, style, mode] : kStyles) {
+        const std::string page = std::string("CHINE_print24, ") + name;
+        row(page, "inkstone", [style, mode](benchmark::State &state) { page_of(state, style, mode); });
+        row(page, "limit memcpy of pixels", [](benchmark::State &state) { expanded_page(state, copy_rows); });
+    }
+    row("CHINE_print24, opaque", "plain copies of pixels",
+        [](benchmark::State &state) { expanded_page(state, put_image); });
+    row("CHINE_print24, opaque", "plain bit by bit",
+        [](benchmark::State &state) { bit_by_bit(state, true); });
+    row("CHINE_print24, transparent", "plain transparent copies of pixels",
+        [](benchmark::State &state) { expanded_page(state, pest_image); });
+    row("CHINE_print24, transparent", "plain bit by bit",
+        [](benchmark::State &state) { bit_by_bit(state, false); });
+    for (const auto &[name, style] : {std::pair{"patterned", ""}, {"patterned outline", "~O1"}})
+        row(std::string("CHINE_print24, ") + name, "inkstone",
+            [style](benchmark::State &state) { text_patterned(state, style, kTransparent); });
+    for (const auto &[name, style] : {std::pair{"double size", "~Z1"}, {"double size, outline", "~Z1~O1"}})
+        row(std::string("CHINE_print24, ") + name, "inkstone",
+            [style](benchmark::State &state) { text_zoomed(state, style, kTransparent); });
+    for (const bool opaque : {true, false}) {
+        const std::string page = std::string("print_ascii16 page, ") + (opaque ? "opaque" : "transparent");
+        row(page, "inkstone",
+            [opaque](benchmark::State &state) { ascii_page(state, opaque ? kOpaque : kTransparent); });
+        row(page, "limit memcpy of pixels", ascii_limit);
+#if defined(INKSTONE_BENCH_ALLEGRO)
+        row(page, "Allegro 4",
+            [opaque](benchmark::State &state) { ascii_page_allegro(state, opaque ? 7 : -1); });
+#endif
+    }
+    return true;
+}();
 
 }  // namespace

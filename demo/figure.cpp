@@ -62,7 +62,7 @@ void Figure::draw(int x, int y, const Look &look, std::uint8_t *mask) const {
     BUF_get_image(0, 0, w, h, scaled.data(), sheet.data());
 
     const int left = x + from_feet * look.percent / 100, top = y + frame.y * look.percent / 100;
-    draw_shadow(x, y, w * 2 / 5);
+    draw_shadow(x, y, h / 5);
     if (look.outline != 0) {
         std::vector<std::uint8_t> work(static_cast<std::size_t>((w + 2) * (h + 2)) + 4);
         BUF_outline_pest_image(left, top, scaled.data(), look.outline, 1, screen(), work.data());

@@ -41,8 +41,8 @@ void load_palettes() {
 
 void prepare(Light light) {
     target = palettes[static_cast<std::size_t>(light)];
-    // The colours of the glass are shades of ink: a quarter and a half of the brightness underneath.
-    PAL_make_glass_table(kInkRamp, kInkRamp + 16, kDarkGlass, 16, target.data());
+    // The colours of the glass are shades of ink: a third and a half of the brightness underneath.
+    PAL_make_glass_table(kInkRamp, kInkRamp + 16, kDarkGlass, 24, target.data());
     PAL_make_glass_table(kInkRamp, kInkRamp + 16, kDimGlass, 36, target.data());
     PAL_make_glass_table(kGoldRamp, kGoldRamp + 16, kWarmGlass, 100, target.data());
 }

@@ -1,5 +1,5 @@
 // The Moon in the Ink: a small complete adventure, and an example of a whole game. Without a display, or with
-// --tour, a scripted player plays it from the beginning to the end and saves pictures and sound.
+// --tour, a recorded play runs from the beginning to the end, checks itself, and saves pictures and sound.
 #include <inkstone/inkstone.h>
 
 #include <CLI/CLI.hpp>
@@ -89,7 +89,7 @@ void run_game() {
 
 struct Options {
     std::string host, content, folder, pictures = "demo-pictures", language;
-    bool tour = false;
+    bool tour = false, scripted = false;
     int half = 0;
 };
 
@@ -104,6 +104,10 @@ int run_with(const Options &options) {
     const bool tour = options.tour || std::string(HOST_name()) == "headless";
     const std::string content = fs::absolute(options.content).string();
     const std::string pictures = fs::absolute(options.pictures).string();
+    // The kept play checks itself: when it ends the machine says whether picture and sound were as they were then.
+    const std::string kept = content + "/tour.rec";
+    if (tour && !options.scripted && options.half == 0 && fs::exists(kept) && HOST_replay(kept.c_str()) != 0)
+        return 1;
     // A tour has a folder of its own, so that it finds no game of somebody else's.
     const fs::path folder = tour ? fs::path(pictures) / "play" : fs::absolute(options.folder);
     fs::create_directories(folder);
@@ -155,7 +159,11 @@ int main(int argc, char **argv) try {
                    "the machine to run on: win32, sdl or headless (default: whichever fits)");
     app.add_option("--language", options.language, "zh or en (default: what GAME.INF says)")
         ->check(CLI::IsMember({"zh", "en"}));
-    app.add_flag("--tour", options.tour, "let the scripted player play, as it does without a display");
+    app.add_flag("--tour", options.tour,
+                 "run the recorded play and check it, as it is done without a display; "
+                 "where none is kept the scripted player plays");
+    app.add_flag("--scripted", options.scripted,
+                 "with --tour: play anew, even where a recorded play is kept");
     app.add_option("--half", options.half,
                    "of the tour: 1 plays as far as it saves, 2 loads that and plays on")
         ->check(CLI::Range(0, 2));

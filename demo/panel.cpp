@@ -130,6 +130,7 @@ void say(int speaker, const std::string &text) {
 
 int choose(const std::vector<std::string> &answers) {
     const int count = static_cast<int>(answers.size());
+    if (count == 0) return 0;
     const int row = std::min(36, (kBottom - kTop - 8) / std::max(1, count));
     const int first = kTop + (kBottom - kTop - row * count) / 2;
     int chosen = 0, last_y = 0;

@@ -23,10 +23,6 @@ const TextStyle kNameStyle{kPaperWhite, kInkBlack, kBrightGold, false};
 
 int errand = kNothing;  // the key of what the hero walks to
 
-bool is_person(int key) {
-    return key == 10 || key == 20 || key == 24 || key == 30 || key == 36;
-}
-
 Pointer pointer_for(int key) {
     if (key == kFloor || key == kExitLeft || key == kExitRight) return Pointer::kWalk;
     if (is_person(key)) return Pointer::kTalk;

@@ -3,7 +3,8 @@
 #include <inkstone/inkstone.h>
 
 #include <algorithm>
-#include <cstdlib>
+#include <iterator>
+#include <limits>
 #include <vector>
 
 #include "figure.h"
@@ -55,6 +56,21 @@ std::vector<std::uint8_t> cut_lanterns() {
     std::replace_if(
         image.begin() + 4, image.end(), [](std::uint8_t key) { return key != kLanterns; }, std::uint8_t{0});
     return image;
+}
+
+// The pixel of a mask with that key that is nearest to (x, y); (-1, -1) when there is none.
+Point nearest(const std::vector<std::uint8_t> &in, int key, int x, int y) {
+    Point found{-1, -1};
+    int best = std::numeric_limits<int>::max();
+    for (int row = 0; row < INK_SCREEN_HEIGHT; ++row) {
+        for (int column = 0; column < INK_SCREEN_WIDTH; ++column) {
+            const int far = (column - x) * (column - x) + (row - y) * (row - y);
+            if (far >= best || BUF_get_pixel(column, row, in.data()) != key) continue;
+            best = far;
+            found = {column, row};
+        }
+    }
+    return found;
 }
 
 bool is_here(const Resident &resident) {
@@ -140,24 +156,17 @@ int key_at(int x, int y) {
 
 Point point_of(int key) {
     long long count = 0, sum_x = 0, sum_y = 0;
-    for (int i = 0; i < INK_SCREEN_WIDTH * INK_SCREEN_HEIGHT; ++i) {
-        if (keys[static_cast<std::size_t>(i)] != key) continue;
-        ++count;
-        sum_x += i % INK_SCREEN_WIDTH;
-        sum_y += i / INK_SCREEN_WIDTH;
+    for (int y = 0; y < INK_SCREEN_HEIGHT; ++y) {
+        for (int x = 0; x < INK_SCREEN_WIDTH; ++x) {
+            if (key_at(x, y) != key) continue;
+            ++count;
+            sum_x += x;
+            sum_y += y;
+        }
     }
     if (count == 0) return {-1, -1};
-    const Point middle{static_cast<int>(sum_x / count), static_cast<int>(sum_y / count)};
-    Point nearest{-1, -1};
-    int best = INK_SCREEN_WIDTH * INK_SCREEN_WIDTH * 2;
-    for (int i = 0; i < INK_SCREEN_WIDTH * INK_SCREEN_HEIGHT; ++i) {
-        if (keys[static_cast<std::size_t>(i)] != key) continue;
-        const int dx = i % INK_SCREEN_WIDTH - middle.x, dy = i / INK_SCREEN_WIDTH - middle.y;
-        if (dx * dx + dy * dy >= best) continue;
-        best = dx * dx + dy * dy;
-        nearest = {i % INK_SCREEN_WIDTH, i / INK_SCREEN_WIDTH};
-    }
-    return nearest;
+    // What is bent may have its middle outside.
+    return nearest(keys, key, static_cast<int>(sum_x / count), static_cast<int>(sum_y / count));
 }
 
 void name_thing(int key, const Both &name) {
@@ -168,17 +177,14 @@ std::string name_of_thing(int key) {
     return in_language(names[key & 0xFF]);
 }
 
+bool is_person(int key) {
+    return std::any_of(std::begin(kResidents), std::end(kResidents),
+                       [key](const Resident &resident) { return resident.key == key; });
+}
+
 Point nearest_floor(int x, int y) {
-    Point nearest = hero_feet();
-    int best = INK_SCREEN_WIDTH * INK_SCREEN_WIDTH * 2;
-    for (int i = 0; i < INK_SCREEN_WIDTH * INK_SCREEN_HEIGHT; ++i) {
-        if (mask[static_cast<std::size_t>(i)] != kFloor) continue;
-        const int dx = i % INK_SCREEN_WIDTH - x, dy = i / INK_SCREEN_WIDTH - y;
-        if (dx * dx + dy * dy >= best) continue;
-        best = dx * dx + dy * dy;
-        nearest = {i % INK_SCREEN_WIDTH, i / INK_SCREEN_WIDTH};
-    }
-    return nearest;
+    const Point floor = nearest(mask, kFloor, x, y);
+    return floor.x < 0 ? hero_feet() : floor;
 }
 
 Point standing_point(int key) {

@@ -34,6 +34,9 @@ Point point_of(int key);
 void name_thing(int key, const Both &name);
 std::string name_of_thing(int key);
 
+// Whether the key is that of one of the others.
+bool is_person(int key);
+
 // The point of the floor that is nearest.
 Point nearest_floor(int x, int y);
 

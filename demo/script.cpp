@@ -2,6 +2,7 @@
 
 #include <inkstone/inkstone.h>
 
+#include <algorithm>
 #include <vector>
 
 #include "hero.h"
@@ -40,11 +41,17 @@ enum Command : std::uint8_t {
 
 std::vector<std::string> answers;  // of the next choice
 
+// A text of a command; empty when the script has none there.
+std::string read_text() {
+    const char *text = MAC_get_string();
+    return text != nullptr ? text : "";
+}
+
 // Both texts of a command. The library keeps one at a time.
 Both read_both() {
     Both both;
-    both.chinese = MAC_get_string();
-    both.english = MAC_get_string();
+    both.chinese = read_text();
+    both.english = read_text();
     return both;
 }
 
@@ -58,7 +65,7 @@ std::int32_t command(std::uint8_t opcode) {
     switch (opcode) {
         case kSay: {
             const std::int32_t speaker = MAC_get_number();
-            say(speaker, in_language(read_both()));
+            say(std::clamp<std::int32_t>(speaker, kHero, kNarrator), in_language(read_both()));
             break;
         }
         case kAnswer: answers.push_back(in_language(read_both())); break;
@@ -72,7 +79,7 @@ std::int32_t command(std::uint8_t opcode) {
         case kSleep: sleep_till(MAC_get_number()); break;
         case kGo: {
             const std::int32_t place = MAC_get_number();
-            go_to(static_cast<Place>(place), Side::kStart);
+            go_to(static_cast<Place>(std::clamp<std::int32_t>(place, kStudy, kLake)), Side::kStart);
             break;
         }
         case kPlay: play(static_cast<Sound>(MAC_get_number())); break;

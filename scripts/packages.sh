@@ -11,7 +11,7 @@ test_packages="make libgtest-dev imagemagick netpbm libavcodec-dev libavformat-d
 # What continuous integration takes on top: the second compiler with its sanitizers and fuzzer, the formatter, a
 # display without a screen and a hand for it, and the peers of the benchmarks.
 ci_packages="clang-14 clang libclang-rt-14-dev clang-format-14 clang-format xvfb xauth xdotool x11-utils openbox
-  libbenchmark-dev liballegro4-dev liblua5.4-dev sox debootstrap"
+  libbenchmark-dev liballegro4-dev liblua5.4-dev libx11-dev sox debootstrap"
 # What building for Windows takes, and a Windows to test it on.
 windows_packages="g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix googletest libcli11-dev wine wine64
   libz-mingw-w64-dev libasound2-plugins lld-14 llvm-14 clang-14 xvfb x11-utils xdotool openbox imagemagick debootstrap unzip"

@@ -8,161 +8,16 @@
 #include <string_view>
 
 #include "draw/kernels.h"
-#include "inkstone/inkstone.h"
-#include "support/blocks.h"
+#include "support/drawing.h"
 #include "support/guarded.h"
 #include "support/new_process.h"
-#include "support/random_pictures.h"
 
-using test::Bytes;
-using test::Guarded;
-using test::image_block;
-
-namespace {
-
-constexpr int kWidth = 640, kHeight = 480;
-
-struct Call {
-    int x, y, w, h;  // the corners (x, y) and (w, h) where an operation takes a rectangle
-    int a, b;        // colour, mask, key, table ...
-    int bw, bh;      // the target's size
-    uint8_t *image, *bitmap, *buf, *key;
-};
-
-// What a pixel s of the source, if there is one, does to the target's pixel t and the key buffer's pixel k.
-using Rule = void (*)(const Call &, int x, int y, uint8_t s, uint8_t &t, uint8_t &k);
-using U8 = uint8_t;
-const Rule put = [](const Call &, int, int, U8 s, U8 &t, U8 &) { t = s; };
-const Rule pest = [](const Call &, int, int, U8 s, U8 &t, U8 &) { t = s ? s : t; };
-const Rule mask = [](const Call &c, int, int, U8 s, U8 &t, U8 &) { t = s ? U8(c.a) : t; };
-const Rule mesh = [](const Call &c, int x, int y, U8 s, U8 &t, U8 &) {
-    t = s && (x + y) % 2 == 0 ? U8(s & c.a) : t;
-};
-const Rule key_put = [](const Call &c, int, int, U8 s, U8 &t, U8 &k) { t = s, k = U8(c.a); };
-const Rule key_pest = [](const Call &c, int, int, U8 s, U8 &t, U8 &k) {
-    if (s) t = s, k = U8(c.a);
-};
-const Rule fill = [](const Call &c, int, int, U8, U8 &t, U8 &) { t = U8(c.a); };
-const Rule fill_mesh = [](const Call &c, int x, int y, U8, U8 &t, U8 &) { t = (x + y) % 2 ? t : U8(c.a); };
-const Rule change = [](const Call &c, int, int, U8, U8 &t, U8 &) { t = t == U8(c.a) ? U8(c.b) : t; };
-U8 glass_tables[8][256];
-const Rule glass = [](const Call &c, int, int, U8, U8 &t, U8 &) {
-    t = c.a >= 0 && c.a < 8 ? glass_tables[c.a][t] : t;
-};
-const Rule glass_mask = [](const Call &c, int x, int y, U8 s, U8 &t, U8 &k) {
-    if (s) glass(c, x, y, s, t, k);
-};
-
-enum Shape { kSprite, kUpsideDown, kMirrored, kBar, kChange, kBox, kDashBox };
-enum Target { kScreen, kMemory, kImage };
-
-struct Operation {
-    const char *name;
-    Shape shape;
-    Target target;
-    Rule rule;
-    void (*call)(const Call &);
-};
-
-#define CALL(function, ...) #function, [](const Call &c) { function(__VA_ARGS__); }
-Operation operation(Shape shape, Target target, Rule rule, const char *name, void (*call)(const Call &)) {
-    return {name, shape, target, rule, call};
-}
-#define XYWH c.x, c.y, c.w, c.h
-const Operation kOperations[] = {
-    operation(kSprite, kScreen, put, CALL(BUF_put_image, c.x, c.y, c.image, c.buf)),
-    operation(kSprite, kScreen, pest, CALL(BUF_pest_image, c.x, c.y, c.image, c.buf)),
-    operation(kSprite, kScreen, put, CALL(BUF_put_bitmap, XYWH, c.bitmap, c.buf)),
-    operation(kSprite, kScreen, pest, CALL(BUF_pest_bitmap, XYWH, c.bitmap, c.buf)),
-    operation(kSprite, kMemory, put, CALL(MEM_put_image, c.x, c.y, c.image, c.buf, c.bw, c.bh)),
-    operation(kSprite, kMemory, pest, CALL(MEM_pest_image, c.x, c.y, c.image, c.buf, c.bw, c.bh)),
-    operation(kSprite, kMemory, put, CALL(MEM_put_bitmap, XYWH, c.bitmap, c.buf, c.bw, c.bh)),
-    operation(kSprite, kMemory, pest, CALL(MEM_pest_bitmap, XYWH, c.bitmap, c.buf, c.bw, c.bh)),
-    operation(kSprite, kImage, put, CALL(IMG_put_image, c.x, c.y, c.image, c.buf - 4)),
-    operation(kSprite, kImage, pest, CALL(IMG_pest_image, c.x, c.y, c.image, c.buf - 4)),
-    operation(kSprite, kScreen, mask, CALL(BUF_mask_pest_image, c.x, c.y, c.image, c.buf, c.a)),
-    operation(kSprite, kScreen, mesh, CALL(BUF_mesh_pest_image, c.x, c.y, c.image, c.a, c.buf)),
-    operation(kSprite, kScreen, mesh, CALL(BUF_mesh_pest_bitmap, XYWH, c.bitmap, c.a, c.buf)),
-    operation(kSprite, kScreen, glass_mask, CALL(BUF_glass_mask_pest_image, c.x, c.y, c.image, c.buf, c.a)),
-    operation(kSprite, kScreen, glass_mask, CALL(BUF_glass_mask_pest_bitmap, XYWH, c.bitmap, c.buf, c.a)),
-    operation(kSprite, kScreen, key_put, CALL(BUF_key_put_image, c.x, c.y, c.image, c.buf, c.a, c.key)),
-    operation(kSprite, kScreen, key_pest, CALL(BUF_key_pest_image, c.x, c.y, c.image, c.buf, c.a, c.key)),
-    operation(kUpsideDown, kMemory, pest, CALL(MEM_reverse_pest_image, c.x, c.y, c.image, c.bw, c.bh, c.buf)),
-    operation(kUpsideDown, kMemory, pest, CALL(MEM_reverse_pest_bitmap, XYWH, c.bitmap, c.bw, c.bh, c.buf)),
-    operation(kMirrored, kMemory, pest, CALL(MEM_turn_pest_image, c.x, c.y, c.image, c.bw, c.bh, c.buf)),
-    operation(kMirrored, kMemory, pest, CALL(MEM_turn_pest_bitmap, XYWH, c.bitmap, c.bw, c.bh, c.buf)),
-    operation(kUpsideDown, kMemory, mask,
-              CALL(MEM_shadow_mask_pest_image, c.a, c.x, c.y, c.image, c.bw, c.bh, c.buf)),
-    operation(kUpsideDown, kMemory, mask,
-              CALL(MEM_shadow_mask_pest_bitmap, c.a, XYWH, c.bitmap, c.bw, c.bh, c.buf)),
-    operation(kBar, kScreen, fill, CALL(BUF_bar, XYWH, c.a, c.buf)),
-    operation(kBar, kScreen, fill_mesh, CALL(BUF_mesh_bar, XYWH, c.a, c.buf)),
-    operation(kBar, kScreen, glass, CALL(BUF_glass_bar, XYWH, c.a, c.buf)),
-    operation(kChange, kScreen, change, CALL(BUF_change_color, XYWH, c.a, c.b, c.buf)),
-    operation(kBox, kScreen, fill, CALL(BUF_box, XYWH, c.a, c.buf)),
-    operation(kBox, kMemory, fill, CALL(MEM_box, XYWH, c.a, c.bw, c.bh, c.buf)),
-    operation(kBox, kScreen, glass, CALL(BUF_glass_box, XYWH, c.a, c.buf)),
-    operation(kDashBox, kScreen, fill, CALL(BUF_dash_box, XYWH, c.a, c.b, c.buf)),
-};
-
-// The operation, pixel by pixel.
-void draw_slowly(const Operation &op, const Call &c, const Bytes &bitmap, Bytes &target, Bytes &key) {
-    const auto pixel = [&](int x, int y, U8 s) {
-        if (x < 0 || x >= c.bw || y < 0 || y >= c.bh) return;
-        const auto at = static_cast<std::size_t>(y * c.bw + x);
-        op.rule(c, x, y, s, target[at], key[at]);
-    };
-    if (op.shape <= kMirrored) {
-        for (int j = 0; j < c.h; ++j)
-            for (int i = 0; i < c.w; ++i) {
-                const int from_x = op.shape == kMirrored ? c.w - 1 - i : i;
-                const int from_y = op.shape == kUpsideDown ? c.h - 1 - j : j;
-                pixel(c.x + i, c.y + j, bitmap[static_cast<std::size_t>(from_y * c.w + from_x)]);
-            }
-        return;
-    }
-    int x1 = c.x, y1 = c.y, x2 = c.w, y2 = c.h;
-    if (op.shape == kChange && (x1 >= c.bw || y1 >= c.bh || x2 < 0 || y2 < 0)) return;
-    if (op.shape >= kBox && (x1 >= c.bw || y1 >= c.bh || x2 <= 0 || y2 <= 0)) return;
-    x1 = std::max(x1, 0), y1 = std::max(y1, 0), x2 = std::min(x2, c.bw - 1), y2 = std::min(y2, c.bh - 1);
-    if (op.shape == kChange && x1 > x2) std::swap(x1, x2);
-    if (op.shape == kChange && y1 > y2) std::swap(y1, y2);
-    if (x1 > x2 || y1 > y2) return;
-    const int half = c.b / 2, period = op.shape == kDashBox ? c.b : 1;
-    const auto dashed = [&](int n) { return op.shape == kBox || n % period < half; };
-    if (op.shape < kBox) {
-        for (int y = y1; y <= y2; ++y)
-            for (int x = x1; x <= x2; ++x) pixel(x, y, 0);
-        return;
-    }
-    for (int x = x1; x <= x2; ++x)
-        if (dashed(x - x1)) pixel(x, y1, 0), pixel(x, y2, 0);
-    for (int y = y1 + 1; y < y2; ++y)
-        if (dashed(y - y1 - 1)) {
-            pixel(x1, y, 0);
-            if (x2 > x1) pixel(x2, y, 0);
-        }
-}
-
-void make_glass_tables(test::Random &random) {
-    for (int n = 0; n < 8; ++n) {
-        Bytes palette(768);
-        for (std::size_t c = 0; c < 768; c += 3)
-            palette[c] = palette[c + 1] = palette[c + 2] = static_cast<U8>(random(0, 63));
-        PAL_make_glass_table(0, 256, n, 64, palette.data());
-        for (int c = 0; c < 256; ++c) {  // the first grey that is near enough
-            U8 &entry = glass_tables[n][c] = 0;
-            while (std::abs(palette[3u * entry] - palette[3u * static_cast<unsigned>(c)]) > 5) ++entry;
-        }
-    }
-}
-
-}  // namespace
+using namespace test;
 
 TEST(Draw, TakesTheKernelsAskedFor) {
     using namespace ink::draw;
     const char *variable = std::getenv("INKSTONE_CPU");
-    const std::string_view asked = variable != nullptr ? variable : "avx512vbmi";
+    [[maybe_unused]] const std::string_view asked = variable != nullptr ? variable : "avx512vbmi";
     const Kernels *expected = &kernels_baseline;
 #if defined(INKSTONE_WIDE_KERNELS)
     if (asked != "baseline" && __builtin_cpu_supports("avx2")) expected = &kernels_avx2;
@@ -197,7 +52,7 @@ TEST(Draw, AgreesWithALoopOverPixels) {
                 c.image = sprite.data(), c.bitmap = sprite.data() + 4;
                 if (op.shape >= kBar) c.w += c.x - random(-1, 2), c.h += c.y - random(-1, 2);
                 c.a = random(-3, 300), c.b = random(op.shape == kDashBox ? 1 : -300, 40);
-                if (op.rule == glass || op.rule == glass_mask) c.a = random(-1, 8);
+                if (op.rule == rule::glass || op.rule == rule::glass_mask) c.a = random(-1, 8);
                 const Bytes source(sprite.begin() + 4, sprite.end());
                 draw_slowly(op, c, source, expected, expected_key);
                 op.call(c);
@@ -416,25 +271,8 @@ TEST(Effect, OutlineAndShadowLeaveTheirPictureInTheWorkBuffer) {
         const bool shadow = i % 3 == 2;
         Bytes sprite = image_block(w, h, random.pixels(w * h));
         const int width = shadow ? w + w / 4 : w + 2 * d, height = shadow ? 3 * h / 4 : h + 2 * d;
-        Bytes picture(static_cast<std::size_t>(width * height));
-        const auto source = [&](int column, int row) {
-            return sprite[4 + static_cast<std::size_t>(row * w + column)];
-        };
-        const auto set = [&](int column, int row, int pixel) {
-            picture[static_cast<std::size_t>(row * width + column)] = static_cast<U8>(pixel);
-        };
-        for (int r = 0; shadow && r < height; ++r)
-            for (int c = 0; c < w; ++c) set(r * w / height / 4 + c, r, source(c, 4 * r / 3));
-        for (const bool outline : {true, false})
-            for (int r = 0; !shadow && r < h; ++r)
-                for (int c = 0; c < w; ++c) {
-                    if (source(c, r) == 0) continue;
-                    if (!outline)
-                        set(c + d, r + d, source(c, r));
-                    else
-                        set(c + d, r, colour), set(c + d, r + 2 * d, colour), set(c, r + d, colour),
-                            set(c + 2 * d, r + d, colour);
-                }
+        const Bytes source(sprite.begin() + 4, sprite.end());
+        const Bytes picture = shadow ? shadow_of(source, w, h) : outlined(source, w, h, colour, d);
         // Drawn by the operations the test above has compared.
         const std::size_t header = i % 3 == 0 ? 4 : 0;
         Guarded work(picture.size() + header, 0xEE);

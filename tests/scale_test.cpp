@@ -7,17 +7,16 @@
 #include <limits>
 #include <vector>
 
+#include "support/drawing.h"
 #include "support/guarded.h"
 #include "support/new_process.h"
-#include "support/random_pictures.h"
 
 namespace {
 
-using Pixels = std::vector<std::uint8_t>;
+using Pixels = test::Bytes;
 constexpr int kMin = std::numeric_limits<int>::min(), kMax = std::numeric_limits<int>::max();
-constexpr std::int64_t kWidth = 640, kHeight = 480;
 
-using test::Random;
+using test::kHeight, test::kWidth, test::Random;
 
 // A picture on the heap of exactly its size, so that the address sanitizer sees any read past its end.
 Pixels random_pixels(Random &random, std::size_t size) {
@@ -34,15 +33,8 @@ struct Call {
 void check(const Call &call, const Pixels &source) {
     test::Guarded actual(kWidth * kHeight, 77);
     Pixels expected = actual.contents();
-    for (std::int64_t y = 0; y < kHeight; ++y)
-        for (std::int64_t x = 0; x < kWidth; ++x) {
-            const std::int64_t i = x - call.x, j = y - call.y;
-            if (i < 0 || j < 0 || i >= call.dw || j >= call.dh || call.sw <= 0 || call.sh <= 0) continue;
-            const auto pixel =
-                source[static_cast<std::size_t>(j * call.sh / call.dh * call.sw + i * call.sw / call.dw)];
-            if (!call.pest || pixel != 0) expected[static_cast<std::size_t>(y * kWidth + x)] = pixel;
-        }
     const auto [x, y, dw, dh, sw, sh, pest, as_image] = call;
+    test::scale_slowly(expected, x, y, dw, dh, sw, sh, pest, source);
     if (as_image) {
         Pixels image{static_cast<std::uint8_t>(sw), static_cast<std::uint8_t>(sw >> 8),
                      static_cast<std::uint8_t>(sh), static_cast<std::uint8_t>(sh >> 8)};
@@ -128,13 +120,8 @@ TEST_IN_NEW_PROCESS(Scale, ZoomShowsItsWindow) {
     for (const Window &window : windows) {
         MEM_zoom_control(window.hw, window.hh, window.cx, window.cy);
         MEM_scale_bitmap(actual, source.data());
-        const std::int64_t step_x = (window.right - window.left) * 65536 / 640,
-                           step_y = (window.bottom - window.top) * 65536 / 480;
-        Pixels expected;
-        for (std::int64_t y = 0; y < kHeight; ++y)
-            for (std::int64_t x = 0; x < kWidth; ++x)
-                expected.push_back(source[static_cast<std::size_t>(
-                    (window.top + y * step_y / 65536) * kWidth + window.left + x * step_x / 65536)]);
+        const Pixels expected =
+            test::zoom_slowly(window.left, window.top, window.right, window.bottom, source);
         // A screen may be magnified in place.
         Pixels same = source;
         MEM_scale_bitmap(same.data(), same.data());

@@ -7,11 +7,12 @@
 // moved back to end with the row, overlapping the one before, where a vectorised loop would finish pixel by
 // pixel. On sprites 16 to 64 pixels wide that is most of the time. The source and the target do not overlap,
 // so that nothing depends on the length of the vectors.
+#include <bit>
 #include <utility>
 
 #include "draw/kernels.h"
 
-#if defined(__AVX512VBMI__)
+#if defined(__AVX2__)
 #include <immintrin.h>
 #endif
 
@@ -224,6 +225,56 @@ class Table {
     Pixels<64> quarters_[4];
 };
 
+#elif defined(__AVX2__)
+
+// The shuffle looks up 16 bytes, and gives 0 for an index with its top bit set. So a table of 256 bytes is sixteen
+// rows of 16, each stored as what changes from the row before, and what the shuffle finds in all rows is put
+// together: after each row 16 is taken off the indexes, which turns those negative that end with that row, and what
+// comes of the rows up to there is that row itself. Indexes from 128 on begin anew in the other half. That is nearly
+// three times as fast as reading the table byte by byte.
+class Table {
+  public:
+    explicit Table(const Byte *table) {
+        for (int row = 0; row < 16; ++row) {
+            const auto here = load<16>(table + 16 * row);
+            changes_[row] = row % 8 == 0 ? here : here ^ load<16>(table + 16 * (row - 1));
+        }
+    }
+
+    template <class Vector>
+    [[gnu::always_inline]] Vector operator[](Vector index) const {
+        const __m256i row_length = _mm256_set1_epi8(16);
+        __m256i low = widen(index), high = _mm256_xor_si256(low, _mm256_set1_epi8(-128));
+        __m256i low_found = _mm256_setzero_si256(), high_found = low_found;
+        for (int row = 0; row < 8; ++row) {
+            low_found = _mm256_xor_si256(low_found, _mm256_shuffle_epi8(both(row), low));
+            high_found = _mm256_xor_si256(high_found, _mm256_shuffle_epi8(both(8 + row), high));
+            low = _mm256_subs_epi8(low, row_length), high = _mm256_subs_epi8(high, row_length);
+        }
+        const __m256i found = _mm256_xor_si256(low_found, high_found);
+        Vector narrow;
+        __builtin_memcpy(&narrow, &found, sizeof narrow);
+        return narrow;
+    }
+
+  private:
+    // What the lanes beyond the index hold does not matter.
+    static __m256i widen(Pixels<32> index) { return (__m256i)index; }
+    static __m256i widen(Pixels<16> index) { return _mm256_castsi128_si256((__m128i)index); }
+    template <class Vector>
+    static __m256i widen(Vector index) {
+        long long bits = 0;
+        __builtin_memcpy(&bits, &index, sizeof index);
+        return _mm256_castsi128_si256(_mm_set_epi64x(0, bits));
+    }
+    __m256i both(int row) const { return _mm256_broadcastsi128_si256((__m128i)changes_[row]); }
+    Pixels<16> changes_[16];
+};
+
+#endif
+
+#if defined(__AVX2__)
+
 void remap(const Blit &blit, const Byte *table) {
     walk(in_place(blit), [table = Table(table)](auto, auto under, Step) { return table[under]; });
 }
@@ -236,19 +287,28 @@ void remap_nonzero(const Blit &blit, const Byte *table) {
 
 #else
 
-// Generic vectors have no table lookups: these two go pixel by pixel.
-[[gnu::always_inline]] inline void remap_row(Byte *to, Step columns, const Byte *table) {
-    for (Step x = 0; x < columns; ++x) to[x] = table[to[x]];
+// Generic vectors have no table lookups: these two go pixel by pixel. Reading eight at once leaves the processor's
+// reads to the table.
+constexpr int kEight = 8;
+[[gnu::always_inline]] inline void remap_eight(Byte *to, const Byte *table) {
+    const auto under = (std::uint64_t)load<kEight>(to);
+    for (int i = 0; i < kEight; ++i) {
+        const int place = std::endian::native == std::endian::little ? i : kEight - 1 - i;
+        to[i] = table[under >> 8 * place & 0xFF];
+    }
 }
 
 void remap(const Blit &blit, const Byte *table) {
     Byte *to = blit.to;
-    for (Step row = 0; row < blit.rows; ++row, to += blit.to_step) remap_row(to, blit.columns, table);
+    for (Step row = 0; row < blit.rows; ++row, to += blit.to_step) {
+        Step x = 0;
+        for (; x + kEight <= blit.columns; x += kEight) remap_eight(to + x, table);
+        for (; x < blit.columns; ++x) to[x] = table[to[x]];
+    }
 }
 
 // Pictures are mostly runs: eight pixels that are all 0, or none of them, need no look at each.
 void remap_nonzero(const Blit &blit, const Byte *table) {
-    constexpr int kEight = 8;
     Byte *to = blit.to;
     const Byte *from = blit.from;
     const auto remap_some = [&](Step x, Step end) {
@@ -262,7 +322,7 @@ void remap_nonzero(const Blit &blit, const Byte *table) {
         for (; x + kEight <= blit.columns; x += kEight) {
             const auto zeros = (std::uint64_t)(load<kEight>(from + x) == 0);
             if (zeros == 0)
-                remap_row(to + x, kEight, table);
+                remap_eight(to + x, table);
             else if (~zeros != 0)
                 remap_some(x, x + kEight);
         }
@@ -272,9 +332,7 @@ void remap_nonzero(const Blit &blit, const Byte *table) {
 
 #endif
 
-// What picked pixels do to those underneath.
-constexpr auto kPut = [](auto picked, auto) { return picked; };
-constexpr auto kPest = [](auto picked, auto under) { return picked != 0 ? picked : under; };
+#if defined(__SSSE3__)
 
 // Picks some pixels one by one, and draws each in all rows.
 template <class Operation>
@@ -286,8 +344,6 @@ template <class Operation>
         for (Step row = 0; row < blit.rows; ++row, to += blit.to_step) *to = operation(picked, *to);
     }
 }
-
-#if defined(__SSSE3__)
 
 // The processor's own shuffle picks 16 pixels out of 16: a block of an enlarged row takes one, and a block of
 // a shrunken row one for each 16 bytes it reaches over, as long as those are few.
@@ -318,23 +374,38 @@ template <class Operation>
     }
 }
 
-#else
-
-template <class Operation>
-[[gnu::always_inline]] inline void pick_rows(const Blit &blit, const Byte *, const Picks &picks,
-                                             Operation operation) {
-    pick_each(blit, picks, 0, blit.columns, operation);
-}
-
-#endif
-
 void pick(const Blit &blit, const Byte *end, const Picks &picks) {
-    pick_rows(blit, end, picks, kPut);
+    pick_rows(blit, end, picks, [](auto picked, auto) { return picked; });
 }
 
 void pick_nonzero(const Blit &blit, const Byte *end, const Picks &picks) {
-    pick_rows(blit, end, picks, kPest);
+    pick_rows(blit, end, picks, [](auto picked, auto under) { return picked != 0 ? picked : under; });
 }
+
+#else
+
+// Four at a time, so that the loop does not cost more than what it does.
+[[gnu::noinline]] void pick_row(Byte *__restrict row, Step columns, const Byte *__restrict from,
+                                const std::uint32_t *__restrict places) {
+    Step x = 0;
+    for (; x + 4 <= columns; x += 4)
+        for (Step i = x; i < x + 4; ++i) row[i] = from[places[i]];
+    for (; x < columns; ++x) row[x] = from[places[x]];
+}
+
+// A row is picked once, and then stands in for the source in all the rows that show it.
+void pick(const Blit &blit, const Byte *, const Picks &picks) {
+    pick_row(blit.to, blit.columns, blit.from, picks.places);
+    if (blit.rows > 1) copy({blit.to + blit.to_step, blit.to_step, blit.to, 0, blit.columns, blit.rows - 1});
+}
+
+void pick_nonzero(const Blit &blit, const Byte *, const Picks &picks) {
+    Byte row[Picks::kColumns];
+    pick_row(row, blit.columns, blit.from, picks.places);
+    copy_nonzero({blit.to, blit.to_step, row, 0, blit.columns, blit.rows});
+}
+
+#endif
 
 }  // namespace
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstdlib>
 #include <limits>
 
 #include "draw/glass.h"
@@ -11,25 +12,29 @@ namespace ink::draw {
 namespace {
 
 // The search ends with the first colour that is closer than this.
-constexpr std::int64_t kCloseEnough = 16;
+constexpr int kCloseEnough = 16;
 
 constexpr std::uint8_t kSystemColours[][kComponents] = {
     {0, 0, 0},    {63, 0, 0}, {0, 63, 0},   {0, 0, 63},   {63, 63, 0},  {0, 63, 63},  {63, 0, 63},
     {63, 63, 63}, {0, 0, 0},  {13, 13, 13}, {26, 26, 26}, {39, 39, 39}, {51, 51, 51}, {63, 63, 63},
 };
 
-std::int64_t distance(std::int64_t a, std::int64_t b) {
-    return a < b ? b - a : a - b;
+// A component far outside those of palettes, where all entries lie on one side of it: moving it there changes all
+// distances alike and leaves none below kCloseEnough, so it may be no farther and a distance fits 32 bits.
+int near_component(std::int64_t component) {
+    constexpr std::int64_t kFar = 1 << 10;
+    return static_cast<int>(std::clamp(component, -kFar, kFar));
 }
 
-std::int32_t find_colour(std::int32_t first, std::int32_t last, std::int64_t red, std::int64_t green,
-                         std::int64_t blue, const std::uint8_t *palette) {
+std::int32_t find_colour(std::int32_t first, std::int32_t last, std::int64_t wanted_red,
+                         std::int64_t wanted_green, std::int64_t wanted_blue, const std::uint8_t *palette) {
+    const int red = near_component(wanted_red), green = near_component(wanted_green),
+              blue = near_component(wanted_blue);
     std::int32_t best = 0;
-    std::int64_t best_distance = std::numeric_limits<std::int64_t>::max();
+    int best_distance = std::numeric_limits<int>::max();
     for (std::int32_t i = std::max(first, 0); i < std::min(last, kPaletteEntries); ++i) {
         const std::uint8_t *entry = palette + i * static_cast<std::int32_t>(kComponents);
-        const std::int64_t apart =
-            distance(entry[0], red) + distance(entry[1], green) + distance(entry[2], blue);
+        const int apart = std::abs(entry[0] - red) + std::abs(entry[1] - green) + std::abs(entry[2] - blue);
         if (apart < kCloseEnough) return i;
         if (apart < best_distance) {
             best = i;

@@ -61,12 +61,24 @@ std::uint64_t find_ends(const std::uint8_t *pixels, std::size_t left) {
 
 // Writes the code of up to 63 pixels of one colour and returns where it ends. The count is written in any
 // case and overwritten where the pixel stands for itself: whether it does is as good as random, and a branch
-// would be mispredicted.
+// would be mispredicted. It does not where the length, 1 to 63, is above 1 or the pixel is kRun or above: either
+// carries into bit 8, by which both questions are one.
 std::uint8_t *put_stretch(std::uint8_t *to, std::size_t length, std::uint8_t pixel) {
     *to = static_cast<std::uint8_t>(kRun | length);
-    to += static_cast<int>(length > 1) | static_cast<int>(pixel >= kRun);
+    to += ((length + 62) * 4 | (pixel + 64U)) >> 8;
     *to = pixel;
     return to + 1;
+}
+
+// The code of 64 pixels that all differ from their neighbours, as those of noise mostly do: no count is looked at.
+std::uint8_t *put_singles(std::uint8_t *to, const std::uint8_t *pixels) {
+    for (unsigned i = 0; i < 64; ++i) {
+        const std::uint8_t pixel = pixels[i];
+        *to = kRun | 1;
+        to += pixel >= kRun;
+        *to++ = pixel;
+    }
+    return to;
 }
 
 }  // namespace
@@ -78,6 +90,11 @@ std::size_t encode_row(std::span<const std::uint8_t> pixels, std::uint8_t *code)
     for (std::size_t block = 0; block < pixels.size(); block += 64) {
         std::uint64_t ends = find_ends(row + block, pixels.size() - block);
         if (ends == 0) continue;
+        if (~ends == 0 && start == block) {
+            to = put_singles(to, row + block);
+            start += 64;
+            continue;
+        }
         // Only a stretch that began in an earlier block is longer than one run.
         std::size_t behind = block + static_cast<std::size_t>(std::countr_zero(ends)) + 1;
         for (; behind - start > kLongestRun; start += kLongestRun)

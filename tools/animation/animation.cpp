@@ -24,6 +24,8 @@ RawAnimation read_one(const fs::path &name, bool placed) {
         }
     }
     RawFrame frame{read_any_picture(name)};
+    if (frame.picture.indexed && frame.picture.indexed->pixels.empty())
+        throw FileError(name, "has no pixel, and every frame of an animation has");
     if (placed && frame.picture.indexed) {
         frame.x = frame.picture.indexed->x;
         frame.y = frame.picture.indexed->y;

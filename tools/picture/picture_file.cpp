@@ -40,6 +40,12 @@ bool is_compressed(std::span<const std::uint8_t> file) {
                       [](char lower, std::uint8_t byte) { return (byte | 0x20) == lower; });
 }
 
+// How many pixels a header may state before they are looked for: both kinds of run-length code have at most 63 of them in
+// two bytes.
+bool can_hold(std::size_t code_bytes, std::int64_t width, std::int64_t height) {
+    return width * height <= std::int64_t{32} * static_cast<std::int64_t>(code_bytes);
+}
+
 IndexedPicture read_pcx(const Bytes &file) {
     const Workshop workshop;
     workshop.put(kInput, file);
@@ -50,6 +56,8 @@ IndexedPicture read_pcx(const Bytes &file) {
     picture.y = header.i16();
     if (PCX_get_image_size(kInput, &picture.width, &picture.height) < 0)
         throw std::runtime_error("is not a PCX picture of 256 colours (" + workshop.log() + ")");
+    if (!can_hold(file.size(), picture.width, picture.height))
+        throw std::runtime_error("is a PCX picture that is cut short");
     picture.pixels.resize(static_cast<std::size_t>(picture.width) * static_cast<std::size_t>(picture.height));
     if (PCX_read_file(kInput, picture.pixels.data()) != 0)
         throw std::runtime_error("is a PCX picture that cannot be read (" + workshop.log() + ")");
@@ -83,7 +91,10 @@ IndexedPicture read_compressed(const Bytes &file) {
         throw std::runtime_error("the compressed image is cut short");
     if (get_u32(&file[4]) != 0)
         throw std::runtime_error("the compressed image is of a type that has no pixels");
-    Bytes image(static_cast<std::size_t>(get_u16(&file[8])) * get_u16(&file[10]) + 4);
+    const std::size_t width = get_u16(&file[8]), height = get_u16(&file[10]);
+    if (!can_hold(file.size(), static_cast<std::int64_t>(width), static_cast<std::int64_t>(height)))
+        throw std::runtime_error("the compressed image is cut short");
+    Bytes image(width * height + 4);
     fnUncompressImage(file.data(), image.data());
     return picture_of_block(image);
 }

@@ -61,7 +61,8 @@ std::string character_set(FT_Face face) {
     const char *encoding = nullptr, *registry = nullptr;
     if (FT_Get_BDF_Charset_ID(face, &encoding, &registry) == 0 && registry) return registry;
     BDF_PropertyRec full_name{};
-    if (FT_Get_BDF_Property(face, "FONT", &full_name) != 0 || full_name.type != BDF_PROPERTY_TYPE_ATOM)
+    if (FT_Get_BDF_Property(face, "FONT", &full_name) != 0 || full_name.type != BDF_PROPERTY_TYPE_ATOM ||
+        full_name.u.atom == nullptr)
         return {};
     std::string_view name = full_name.u.atom;
     const std::size_t last = name.rfind('-');

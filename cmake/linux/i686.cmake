@@ -1,0 +1,7 @@
+# Linux for 32-bit x86 processors. Those of 64 bits run its programs by themselves, which its loader starts.
+set(machine i686)
+set(libraries i386-linux-gnu)
+include(${CMAKE_CURRENT_LIST_DIR}/machine.cmake)
+set(CMAKE_CROSSCOMPILING_EMULATOR ${sysroot}/lib/ld-linux.so.2 --inhibit-cache
+  --library-path ${sysroot}/lib/${libraries}:${sysroot}/usr/lib/${libraries})
+set(INKSTONE_EMULATOR_NAME_OPTION --argv0)

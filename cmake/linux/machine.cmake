@@ -1,0 +1,31 @@
+# Building for Linux on another processor, with Debian's cross compiler and the libraries that scripts/sysroot has put
+# into build/sysroot: included by the toolchain file of each processor, which sets machine, and libraries where the
+# directories of libraries have another name than the compiler.
+set(CMAKE_SYSTEM_NAME Linux)
+set(CMAKE_SYSTEM_PROCESSOR ${machine})
+set(compiler ${machine}-linux-gnu)
+if(NOT libraries)
+  set(libraries ${compiler})
+endif()
+set(CMAKE_C_COMPILER ${compiler}-gcc)
+set(CMAKE_CXX_COMPILER ${compiler}-g++)
+set(CMAKE_LIBRARY_ARCHITECTURE ${libraries})
+get_filename_component(sysroot ${CMAKE_CURRENT_LIST_DIR}/../../build/sysroot/${machine} ABSOLUTE)
+if(NOT EXISTS ${sysroot}/complete)
+  message(FATAL_ERROR "The libraries for ${machine} are not there. Fetch them first: scripts/sysroot ${machine}")
+endif()
+set(CMAKE_FIND_ROOT_PATH ${sysroot} /usr/${compiler})
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+# The packages of the build machine that are made of sources alone serve every system.
+list(PREPEND CMAKE_MODULE_PATH ${CMAKE_CURRENT_LIST_DIR}/../packages)
+foreach(language IN ITEMS C CXX)
+  set(CMAKE_${language}_FLAGS_INIT "-isystem ${sysroot}/usr/include/${libraries}")
+endforeach()
+set(CMAKE_EXE_LINKER_FLAGS_INIT "-Wl,-rpath-link,${sysroot}/usr/lib/${libraries}:${sysroot}/lib/${libraries}")
+# How its programs run here, and the option of that which tells a program by what name it was called.
+set(CMAKE_CROSSCOMPILING_EMULATOR qemu-${machine}-static -L ${sysroot})
+set(INKSTONE_EMULATOR_NAME_OPTION -0)
+set(INKSTONE_SDL OFF CACHE BOOL "There is no display for programs of another processor")

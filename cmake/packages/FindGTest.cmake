@@ -1,0 +1,11 @@
+# GoogleTest, built from the sources of Debian's package googletest.
+find_path(GTest_SOURCES src/gtest-all.cc PATHS /usr/src/googletest/googletest NO_CMAKE_FIND_ROOT_PATH)
+include(FindPackageHandleStandardArgs)
+find_package_handle_standard_args(GTest REQUIRED_VARS GTest_SOURCES)
+if(GTest_FOUND AND NOT TARGET GTest::gtest)
+  add_library(gtest_of_sources STATIC EXCLUDE_FROM_ALL ${GTest_SOURCES}/src/gtest-all.cc)
+  target_include_directories(gtest_of_sources PRIVATE ${GTest_SOURCES})
+  target_include_directories(gtest_of_sources SYSTEM INTERFACE ${GTest_SOURCES}/include)
+  target_include_directories(gtest_of_sources PRIVATE ${GTest_SOURCES}/include)
+  add_library(GTest::gtest ALIAS gtest_of_sources)
+endif()
