@@ -150,8 +150,8 @@ ink::tool::Palette palette_of(Light light) {
         for (int i = 0; i < ramp.range.count; ++i)
             for (int c = 0; c < 3; ++c) {
                 // A ring leads up to the lightest shade and down again, so that it turns without a seam.
-                const int value = ring ? between(keys, c, i < 8 ? i : 15 - i, 8)
-                                       : between(keys, c, i, ramp.range.count);
+                const int value =
+                    ring ? between(keys, c, i < 8 ? i : 15 - i, 8) : between(keys, c, i, ramp.range.count);
                 set(ramp.range.first + i, c, value);
             }
     }
