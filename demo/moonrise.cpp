@@ -20,7 +20,7 @@ namespace moon {
 namespace {
 
 constexpr int kFullSize = 120, kFirstSize = 16;
-constexpr int kWater = 34;  // its key in the mask of the lake
+constexpr int kWater = 34, kBoat = 31;  // their keys in the mask of the lake
 
 std::vector<std::uint8_t> moon_image, boat;
 int risen = 0;     // of 1000: how far the moon has come
@@ -28,6 +28,11 @@ int boat_out = 0;  // of 1000: how far the boat has
 
 Point between(Point from, Point to, int progress) {
     return {from.x + (to.x - from.x) * progress / 1000, from.y + (to.y - from.y) * progress / 1000};
+}
+
+// The boat has gone out, and where it lay there is water too.
+bool is_water(int x, int y) {
+    return key_at(x, y) == kWater || key_at(x, y) == kBoat;
 }
 
 // The moon upside down in the water, half as high, on every other pixel so that the waves show through.
@@ -48,7 +53,7 @@ void draw_reflection(int x, int water, int height, int size) {
         std::uint8_t *pixels = scaled.data() + 4 + row * w;
         const int left = x - w / 2 + shift;
         for (int i = 0; i < w; ++i)
-            if (key_at(left + i, top + row) != kWater) pixels[i] = 0;
+            if (!is_water(left + i, top + row)) pixels[i] = 0;
         BUF_mesh_pest_bitmap(left, top + row, w, 1, pixels, 0xFF, screen());
     }
 }
@@ -72,6 +77,7 @@ void draw_boat() {
     // Farther out on the lake it is smaller.
     const int percent = 100 - 45 * boat_out / 1000;
     const int bob = int_sin(static_cast<int>(GetTimerTick(2)) * 9 % 360) * 2 / 65536;
+    draw_person(kBoatman, now.x + width * percent / 250, now.y + bob + height * percent / 160, true, 0);
     BUF_scale_pest_image(now.x, now.y + bob, width * percent / 100, height * percent / 100, boat.data(),
                          screen());
 }

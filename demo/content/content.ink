@@ -1,4 +1,4 @@
-; What ink build makes for the demo; make_content adds its sounds and its cursor.
-disc build -o music.cue @/../music.notes
+; What ink build makes for the game: its disc of music, its fonts and its script.
+disc build -o music.cue @/sound/day.notes @/sound/night.notes @/sound/painting.notes
 font build --quiet -o .
 mac build -o story.mac @/script/story.mas

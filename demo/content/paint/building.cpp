@@ -9,7 +9,8 @@ namespace paint {
 void paint_roof(Canvas &canvas, const Roof &roof) {
     const auto eave = [&](double t) {
         const double straight = mix(roof.eave_left.y, roof.eave_right.y, t), off = 2 * t - 1;
-        return Point{mix(roof.eave_left.x, roof.eave_right.x, t), straight + roof.sag * (1 - off * off * off * off)};
+        return Point{mix(roof.eave_left.x, roof.eave_right.x, t),
+                     straight + roof.sag * (1 - off * off * off * off)};
     };
     const auto ridge = [&](double t) {
         const double off = 2 * t - 1;
@@ -36,11 +37,10 @@ void paint_roof(Canvas &canvas, const Roof &roof) {
         Path dark = line;
         for (Point &point : dark) point.x += roof.tile * 0.33;
         canvas.lay(stroke(dark, roof.tile * 0.2, roof.tile * 0.3, roof.tile * 0.34), {Ramp::ink, 0.06});
-        canvas.lay(stroke(line, roof.tile * 0.26, roof.tile * 0.4, roof.tile * 0.5),
-                   [&](int x, int y) {
-                       const double row = noise(x / roof.tile, y / 4.0, 91);
-                       return Tone{Ramp::ink, 0.44 + (y % 6 < 1 ? -0.16 : 0) + row * 0.16};
-                   });
+        canvas.lay(stroke(line, roof.tile * 0.26, roof.tile * 0.4, roof.tile * 0.5), [&](int x, int y) {
+            const double row = noise(x / roof.tile, y / 4.0, 91);
+            return Tone{Ramp::ink, 0.44 + (y % 6 < 1 ? -0.16 : 0) + row * 0.16};
+        });
         const Point end = eave(t);
         canvas.lay(fill(ellipse(end.x, end.y + 0.5, roof.tile * 0.33, roof.tile * 0.33)), {Ramp::ink, 0.62});
         canvas.lay(fill(ellipse(end.x, end.y + 0.8, roof.tile * 0.17, roof.tile * 0.17)), {Ramp::ink, 0.2});
@@ -60,7 +60,8 @@ void paint_wood(Canvas &canvas, const Path &outline, double value, bool upright,
     canvas.lay(fill(outline), [&](int x, int y) {
         const double along = upright ? y : x, across = upright ? x : y;
         const double wander = across + (noise(along / 60.0, across / 20.0, seed) - 0.5) * 7;
-        const double grain = noise(along / 44.0, wander / 1.9, seed + 1) * 0.6 + noise(along / 13.0, wander / 1.1, seed + 2) * 0.4;
+        const double grain = noise(along / 44.0, wander / 1.9, seed + 1) * 0.6 +
+                             noise(along / 13.0, wander / 1.1, seed + 2) * 0.4;
         return Tone{Ramp::wood, value + (grain - 0.5) * 0.2};
     });
 }
@@ -85,8 +86,8 @@ void paint_plaster(Canvas &canvas, const Path &outline, double value, std::uint3
     canvas.lay(fill(outline), [&](int x, int y) {
         const double stain = cloud(x / 46.0, y / 60.0, seed), run = noise(x / 5.0, y / 90.0, seed + 5);
         const double speck = noise(x / 2.2, y / 2.2, seed + 6);
-        return Tone{Ramp::paper, value + (stain - 0.5) * 0.22 - (run > 0.7 ? 0.04 : 0) - 0.26 * rise(top + 34, top, y) +
-                                     (speck - 0.5) * 0.05};
+        return Tone{Ramp::paper, value + (stain - 0.5) * 0.22 - (run > 0.7 ? 0.04 : 0) -
+                                     0.26 * rise(top + 34, top, y) + (speck - 0.5) * 0.05};
     });
 }
 
@@ -106,7 +107,8 @@ void paint_masonry(Canvas &canvas, const Path &outline, double width, double hei
     });
 }
 
-void paint_lattice(Canvas &canvas, double left, double top, double right, double bottom, int columns, int rows) {
+void paint_lattice(Canvas &canvas, double left, double top, double right, double bottom, int columns,
+                   int rows) {
     canvas.lay(fill(rectangle(left - 4, top - 4, right + 4, bottom + 4)), {Ramp::ink, 0.06});
     paint_wood(canvas, rectangle(left - 3, top - 3, right + 3, bottom + 3), 0.3, true, 77);
     canvas.lay(fill(rectangle(left, top, right, bottom)), [&](int, int y) {
@@ -123,23 +125,30 @@ void paint_lattice(Canvas &canvas, double left, double top, double right, double
 }
 
 Mask lantern_shape(double x, double y, double rx, double ry) {
-    return fill(curve({{x - rx * 0.5, y - ry}, {x + rx * 0.5, y - ry}, {x + rx * 0.92, y - ry * 0.5},
-                       {x + rx, y}, {x + rx * 0.92, y + ry * 0.5}, {x + rx * 0.5, y + ry},
-                       {x - rx * 0.5, y + ry}, {x - rx * 0.92, y + ry * 0.5}, {x - rx, y},
+    return fill(curve({{x - rx * 0.5, y - ry},
+                       {x + rx * 0.5, y - ry},
+                       {x + rx * 0.92, y - ry * 0.5},
+                       {x + rx, y},
+                       {x + rx * 0.92, y + ry * 0.5},
+                       {x + rx * 0.5, y + ry},
+                       {x - rx * 0.5, y + ry},
+                       {x - rx * 0.92, y + ry * 0.5},
+                       {x - rx, y},
                        {x - rx * 0.92, y - ry * 0.5}},
                       true));
 }
 
-void paint_lantern(Canvas &canvas, double x, double y, double rx, double ry) {
+void paint_lantern(Canvas &canvas, double x, double y, double rx, double ry, Ramp paper) {
     canvas.lay(stroke({{x, y - ry - 16}, {x, y - ry}}, 1.3), {Ramp::ink, 0.15});
     canvas.lay(lantern_shape(x, y, rx + 1.2, ry + 1.2), {Ramp::ink, 0.1});
     canvas.lay(lantern_shape(x, y, rx, ry), [&](int px, int py) {
         const double across = (px + 0.5 - x) / rx, down = (py + 0.5 - y) / ry;
-        return Tone{Ramp::vermilion, 0.64 - 0.36 * (across + 0.3) * (across + 0.3) - 0.1 * down};
+        return Tone{paper, 0.64 - 0.36 * (across + 0.3) * (across + 0.3) - 0.1 * down};
     });
     for (int rib = -2; rib <= 2; ++rib) {
         const double bend = rib * rx * 0.38;
-        canvas.shade(stroke(curve({{x + bend * 0.55, y - ry}, {x + bend, y}, {x + bend * 0.55, y + ry}}), 1.0), -0.1);
+        canvas.shade(
+            stroke(curve({{x + bend * 0.55, y - ry}, {x + bend, y}, {x + bend * 0.55, y + ry}}), 1.0), -0.1);
     }
     canvas.lay(fill(rectangle(x - rx * 0.5, y - ry - 2, x + rx * 0.5, y - ry + 2)), {Ramp::gold, 0.36});
     canvas.lay(fill(rectangle(x - rx * 0.5, y + ry - 2, x + rx * 0.5, y + ry + 2)), {Ramp::gold, 0.36});

@@ -30,10 +30,11 @@ void paint_masonry(Canvas &canvas, const Path &outline, double width, double hei
                    std::uint32_t seed);
 
 // A window of paper panes behind a lattice.
-void paint_lattice(Canvas &canvas, double left, double top, double right, double bottom, int columns, int rows);
+void paint_lattice(Canvas &canvas, double left, double top, double right, double bottom, int columns,
+                   int rows);
 
-// A paper lantern on its string, (x, y) being its middle.
-void paint_lantern(Canvas &canvas, double x, double y, double rx, double ry);
+// A paper lantern on its string, (x, y) being its middle. Paper of gold glows by night.
+void paint_lantern(Canvas &canvas, double x, double y, double rx, double ry, Ramp paper = Ramp::vermilion);
 Mask lantern_shape(double x, double y, double rx, double ry);
 
 }  // namespace paint

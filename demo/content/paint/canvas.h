@@ -24,7 +24,8 @@ class Canvas {
     // Covers the mask with paint. Where the edge covers a part of a pixel, its brightness lies between and its
     // material is that of the larger part.
     void lay(const Mask &mask, Tone tone, double opacity = 1) {
-        lay(mask, [&](int, int) { return tone; }, opacity);
+        lay(
+            mask, [&](int, int) { return tone; }, opacity);
     }
     template <class ToneAt>
     void lay(const Mask &mask, const ToneAt &tone_at, double opacity = 1) {
@@ -70,7 +71,8 @@ class Canvas {
 
     std::size_t area() const { return static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_); }
     Pixel &at(int x, int y) {
-        return pixels_[static_cast<std::size_t>(y) * static_cast<std::size_t>(width_) + static_cast<std::size_t>(x)];
+        return pixels_[static_cast<std::size_t>(y) * static_cast<std::size_t>(width_) +
+                       static_cast<std::size_t>(x)];
     }
     static double threshold(int x, int y);
     static void blend(Pixel &pixel, Tone tone, double cover, double limit);

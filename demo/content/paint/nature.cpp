@@ -18,13 +18,28 @@ void paint_sky(Canvas &canvas, int horizon, std::uint32_t seed) {
     });
 }
 
+void paint_stars(Canvas &canvas, int horizon, std::uint32_t seed) {
+    const Tone star{Ramp::exact, static_cast<double>(range_of(Ramp::moon).first)};
+    Chance chance(seed);
+    for (int i = 0; i < 130; ++i) {
+        // They thin out towards the haze over the horizon.
+        const double x = floor_of(chance.between(0, canvas.width())), high = chance.unit(),
+                     y = floor_of(horizon * high * high * 0.72);
+        canvas.lay(fill(rectangle(x, y, x + 1, y + 1)), star);
+        if (i % 16 != 0) continue;
+        canvas.lay(fill(rectangle(x - 1, y, x + 2, y + 1)), star);
+        canvas.lay(fill(rectangle(x, y - 1, x + 1, y + 2)), star);
+    }
+}
+
 void paint_mountain(Canvas &canvas, const Mountain &mountain) {
     Path body = mountain.crest;
     // A crest cut by a hand, not by a ruler.
     for (Point &point : body) point.y += (cloud(point.x / 14, 0, mountain.seed) - 0.5) * 13;
     std::vector<double> crest(static_cast<std::size_t>(canvas.width()), mountain.foot);
     for (std::size_t i = 0; i + 1 < body.size(); ++i)
-        for (int x = std::max(0, floor_of(body[i].x)); x < std::min<double>(canvas.width(), body[i + 1].x + 1); ++x) {
+        for (int x = std::max(0, floor_of(body[i].x));
+             x < std::min<double>(canvas.width(), body[i + 1].x + 1); ++x) {
             const double t = (x - body[i].x) / std::max(0.01, body[i + 1].x - body[i].x);
             crest[static_cast<std::size_t>(x)] = mix(body[i].y, body[i + 1].y, clamp01(t));
         }
@@ -41,7 +56,8 @@ void paint_mountain(Canvas &canvas, const Mountain &mountain) {
                               noise(stroke_x / 2.1, below / 17.0, mountain.seed + 8) * 0.4;
         const double edge = rise(7, 0, below) * 0.16;
         const double lit = slope > 0 ? 0.07 : -0.05;
-        const double dark = mountain.near * (0.8 - 0.62 * smooth(down) + edge) + (0.62 - streak) * 0.36 * mountain.near;
+        const double dark =
+            mountain.near * (0.8 - 0.62 * smooth(down) + edge) + (0.62 - streak) * 0.36 * mountain.near;
         return Tone{Ramp::mountain, 0.97 - dark + lit * mountain.near};
     });
 }
@@ -60,11 +76,13 @@ void paint_water(Canvas &canvas, const Mask &mask, int horizon, std::uint32_t se
     canvas.lay(mask, [&](int x, int y) {
         const double depth = 1 + (y - horizon) / 26.0;
         const double across = x / (34.0 * depth), down = (y - horizon) / (1.5 + depth * 1.1);
-        const double swell = noise(across, down * 0.55, seed) * 13 + noise(across * 3.1, down * 1.3, seed + 1) * 5;
+        const double swell =
+            noise(across, down * 0.55, seed) * 13 + noise(across * 3.1, down * 1.3, seed + 1) * 5;
         return Tone{Ramp::exact, static_cast<double>(first + ((floor_of(swell + down * 0.6) & 15)))};
     });
     // Far water lies in the haze.
-    canvas.wash(mask, {Ramp::sky, 0.9}, [&](int, int y) { return 0.75 * rise(horizon + 22, horizon - 2, y); });
+    canvas.wash(mask, {Ramp::sky, 0.9},
+                [&](int, int y) { return 0.75 * rise(horizon + 22, horizon - 2, y); });
 }
 
 void paint_reflection(Canvas &canvas, double left, double right, double top, double bottom, Tone tone,
@@ -74,10 +92,12 @@ void paint_reflection(Canvas &canvas, double left, double right, double top, dou
         const double far = (y - top) / (bottom - top), shrink = far * (right - left) * 0.2;
         const int strokes = 1 + static_cast<int>(far * 2.5);
         for (int i = 0; i < strokes; ++i) {
-            const double width = (right - left - 2 * shrink) / strokes * chance.between(0.55, 0.98) * (1 - 0.3 * far);
+            const double width =
+                (right - left - 2 * shrink) / strokes * chance.between(0.55, 0.98) * (1 - 0.3 * far);
             const double x = left + shrink + (right - left - 2 * shrink) * (i + 0.5) / strokes +
                              chance.between(-6, 6) * (0.4 + far);
-            canvas.lay(stroke({{x - width / 2, y}, {x, y + 0.3}, {x + width / 2, y}}, 0.6, 2.4 - far, 0.5), tone);
+            canvas.lay(stroke({{x - width / 2, y}, {x, y + 0.3}, {x + width / 2, y}}, 0.6, 2.4 - far, 0.5),
+                       tone);
         }
     }
 }
@@ -88,7 +108,7 @@ void paint_trunk(Canvas &canvas, const Path &path, double start, double end, std
     for (Point &point : lit) point.x -= start * 0.06;
     canvas.lay(stroke(path, start, (start + end) / 2, end), [&](int x, int y) {
         const double bark = noise(x / 3.2, y / 9.0, seed) * 0.65 + noise(x / 1.7, y / 3.5, seed + 1) * 0.35;
-        return Tone{Ramp::wood, 0.08 + 0.4 * rise(0.35, 0.75, bark)};
+        return Tone{Ramp::wood, 0.14 + 0.27 * rise(0.3, 0.8, bark)};
     });
     Path back = path;
     for (Point &point : back) point.x += start * 0.27;
@@ -111,7 +131,8 @@ void paint_needles(Canvas &canvas, double x, double y, double half_width, double
         const double length = chance.between(6, 10) * (half_width > 30 ? 1.1 : 0.85);
         for (int needle = 0; needle < 9; ++needle) {
             const double turn = 0.53 + 0.44 * (needle + chance.unit()) / 9;
-            canvas.lay(stroke({{fx, fy}, {fx + length * cosine(turn) * 1.25, fy + length * sine(turn)}}, 1.5, 1.3, 0.5),
+            canvas.lay(stroke({{fx, fy}, {fx + length * cosine(turn) * 1.25, fy + length * sine(turn)}}, 1.5,
+                              1.3, 0.5),
                        {Ramp::jade, value});
         }
     }

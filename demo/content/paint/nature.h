@@ -10,6 +10,9 @@ namespace paint {
 // A sky down to the horizon, with long bands of cloud.
 void paint_sky(Canvas &canvas, int horizon, std::uint32_t seed);
 
+// Stars, which only night brings out.
+void paint_stars(Canvas &canvas, int horizon, std::uint32_t seed);
+
 // A mountain under the crest, which runs from left to right: washed in strokes that follow its slopes, paler
 // towards the foot, where it stands in mist.
 struct Mountain {

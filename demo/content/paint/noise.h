@@ -47,7 +47,8 @@ inline double mix(double a, double b, double t) {
 inline double noise(double x, double y, std::uint32_t seed) {
     const int column = floor_of(x), row = floor_of(y);
     const auto corner = [&](int dx, int dy) {
-        return (hash(static_cast<std::uint32_t>(column + dx), static_cast<std::uint32_t>(row + dy), seed) >> 8) /
+        return (hash(static_cast<std::uint32_t>(column + dx), static_cast<std::uint32_t>(row + dy), seed) >>
+                8) /
                16777216.0;
     };
     const double tx = smooth(x - column), ty = smooth(y - row);

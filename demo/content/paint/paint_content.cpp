@@ -4,6 +4,8 @@
 #include <filesystem>
 #include <string>
 
+#include "film.h"
+#include "film/flic_film.h"
 #include "picture/picture_file.h"
 #include "scenes.h"
 
@@ -60,6 +62,10 @@ int main(int argc, char **argv) try {
     output.scene("study", paint_study());
     output.scene("market", paint_market());
     output.scene("lake", paint_lake());
+    output.page("title.pcx", paint_title());
+    output.page("end.pcx", paint_end());
+    output.page("paper.pcx", paint_paper());
+    output.bytes("opening.flc", ink::tool::flic::film(paint_film(), kFilmMilliseconds));
     return 0;
 } catch (const std::exception &error) {
     std::fprintf(stderr, "paint_content: %s\n", error.what());

@@ -35,8 +35,8 @@ constexpr RampColours kRamps[] = {
     {{80, 16},
      {{{0x24130E, 0x78482C, 0xD6A878},
        {0x20101A, 0x6A3A34, 0xD08C5C},
-       {0x09060F, 0x2D2230, 0x665262},
-       {0x0D0A16, 0x403444, 0x8A8092}}}},
+       {0x0A060D, 0x3A272B, 0x7C5C50},
+       {0x0E0A14, 0x483840, 0x988684}}}},
     {{96, 16},
      {{{0x86714F, 0xD3C299, 0xFCF4DE},
        {0x664A56, 0xCB9478, 0xFCDCAC},
@@ -98,10 +98,10 @@ constexpr RampColours kRamps[] = {
        {0x8A4410, 0xEEA03A, 0xFFEAAC},
        {0x8A4814, 0xEEA844, 0xFFF0BC}}}},
     {{240, 8},
-     {{{0xC8BC98, 0xEEE4C4, 0xFFFEF0},
-       {0xC8B090, 0xEED8B0, 0xFFF6DC},
-       {0xB4B490, 0xE8E6C4, 0xFFFFEC},
-       {0xBCBC98, 0xEEECCC, 0xFFFFF2}}}},
+     {{{0x98B4B4, 0xEEE4C4, 0xFFFEF0},
+       {0x7C5A84, 0xEED8B0, 0xFFF6DC},
+       {0xA8B0C4, 0xE8E6C4, 0xFFFFEC},
+       {0x9CAAC0, 0xEEECCC, 0xFFFFF2}}}},
     {{248, 8},
      {{{0x70283E, 0xDE8490, 0xFCE0D8},
        {0x682436, 0xDC7478, 0xFCCCB4},
@@ -150,8 +150,8 @@ ink::tool::Palette palette_of(Light light) {
         for (int i = 0; i < ramp.range.count; ++i)
             for (int c = 0; c < 3; ++c) {
                 // A ring leads up to the lightest shade and down again, so that it turns without a seam.
-                const int value = ring ? between(keys, c, i < 8 ? i : 15 - i, 8)
-                                       : between(keys, c, i, ramp.range.count);
+                const int value =
+                    ring ? between(keys, c, i < 8 ? i : 15 - i, 8) : between(keys, c, i, ramp.range.count);
                 set(ramp.range.first + i, c, value);
             }
     }

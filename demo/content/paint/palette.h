@@ -29,7 +29,7 @@ enum class Ramp : std::uint8_t {
     teal,
     mountain,
     window,  // dark panes by day, warm light by night
-    moon,
+    moon,    // its darkest shade is that of the stars, which by day no one tells from the sky
     blossom,
 };
 

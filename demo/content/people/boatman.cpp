@@ -1,7 +1,7 @@
 // Ashui the boatman: a straw hat that shades his eyes, bare arms, a straw cape, trousers rolled up, and his pole.
 #include "people.h"
 
-namespace paint {
+namespace people {
 namespace {
 
 struct Pose {
@@ -129,4 +129,4 @@ std::vector<FigureCanvas> boatman() {
             draw({0.5, 0.4, 0, 0.3}), draw({0.5, 0, 0.7, 0, true}), draw({0.7, 0.3, 1, 1.2, false})};
 }
 
-}  // namespace paint
+}  // namespace people

@@ -4,7 +4,7 @@
 #include <array>
 #include <cmath>
 
-namespace paint {
+namespace people {
 namespace {
 
 std::uint32_t hash(std::uint32_t x, std::uint32_t y, std::uint32_t seed) {
@@ -26,18 +26,20 @@ struct Match {
 Match nearest(Ramp ramp, const Colour &colour) {
     static const auto table = [] {
         std::array<std::array<Colour, 17>, kRamps> all{};
-        for (int r = kSky; r < kRamps; ++r)
+        for (int r = static_cast<int>(kSky); r < kRamps; ++r)
             for (int i = 0; i <= 16; ++i)
                 all[static_cast<std::size_t>(r)][static_cast<std::size_t>(i)] =
                     by_day(static_cast<Ramp>(r), i / 16.0);
         return all;
     }();
+    const auto &of_ramp = table[static_cast<std::size_t>(ramp)];
     Match best{0, 1e9};
     for (std::size_t i = 0; i < 16; ++i) {
-        const Colour &a = table[ramp][i], &b = table[ramp][i + 1];
+        const Colour &a = of_ramp[i], &b = of_ramp[i + 1];
         const double dr = b.red - a.red, dg = b.green - a.green, db = b.blue - a.blue;
         const double er = colour.red - a.red, eg = colour.green - a.green, eb = colour.blue - a.blue;
-        const double t = std::clamp((er * dr + eg * dg + eb * db) / (dr * dr + dg * dg + db * db), 0.0, 1.0);
+        const double t =
+            std::clamp((er * dr + eg * dg + eb * db) / std::max(dr * dr + dg * dg + db * db, 1e-9), 0.0, 1.0);
         const double fr = er - t * dr, fg = eg - t * dg, fb = eb - t * db;
         const double distance = fr * fr + fg * fg + fb * fb;
         if (distance < best.distance) best = {(static_cast<double>(i) + t) / 16, distance};
@@ -115,7 +117,7 @@ void Canvas::blend(int x, int y, Ramp ramp, double tone, double part) {
     tone = std::clamp(tone, 0.0, 1.0);
     if (part >= 0.996 || (pixel.ramp == kNothing && part >= 0.5)) {
         pixel = {ramp, tone};
-    } else if (pixel.ramp == ramp && ramp != kWater) {
+    } else if (pixel.ramp == ramp) {
         pixel.tone += (tone - pixel.tone) * part;
     } else if (pixel.ramp != kNothing) {
         const Colour under = by_day(pixel.ramp, pixel.tone), over = by_day(ramp, tone);
@@ -200,20 +202,17 @@ void Canvas::lay(const Canvas &other, int left, int top) {
 
 ink::tool::IndexedPicture Canvas::picture(double dither) const {
     ink::tool::IndexedPicture result{width_, height_};
-    result.palette = palette(kDay);
     for (int y = 0; y < height_; ++y) {
         for (int x = 0; x < width_; ++x) {
             const Pixel &pixel = pixels_[index(x, y)];
             if (pixel.ramp == kNothing) continue;
-            const auto [base, count] = range(pixel.ramp);
-            const double steps = pixel.ramp == kWater ? count : count - 1;
+            const auto [first, count] = paint::range_of(pixel.ramp);
             const int step =
-                static_cast<int>(std::floor(pixel.tone * steps + 0.5 + dither * threshold(x, y)));
-            result.row(y)[x] = static_cast<std::uint8_t>(
-                base + (pixel.ramp == kWater ? (step + count) % count : std::clamp(step, 0, count - 1)));
+                static_cast<int>(std::floor(pixel.tone * (count - 1) + 0.5 + dither * threshold(x, y)));
+            result.row(y)[x] = static_cast<std::uint8_t>(first + std::clamp(step, 0, count - 1));
         }
     }
     return result;
 }
 
-}  // namespace paint
+}  // namespace people

@@ -5,10 +5,10 @@
 #include <functional>
 #include <vector>
 
-#include "palette.h"
+#include "material.h"
 #include "shape.h"
 
-namespace paint {
+namespace people {
 
 // 0 the shade to 1 the light, at a place.
 using Tone = std::function<double(double x, double y)>;
@@ -58,7 +58,7 @@ class Canvas {
     void set(int x, int y, Ramp ramp, double tone) { pixels_[index(x, y)] = {ramp, tone}; }
     void blend(int x, int y, Ramp ramp, double tone, double part);
 
-    // As indices of the palette, by day. Dither is how many steps of a ramp a tone may be off.
+    // As indices of the palette. Dither is how many steps of a ramp a tone may be off.
     ink::tool::IndexedPicture picture(double dither = 0.9) const;
 
   private:
@@ -74,4 +74,4 @@ class Canvas {
     std::vector<Pixel> pixels_;
 };
 
-}  // namespace paint
+}  // namespace people

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace paint {
+namespace people {
 
 FigureCanvas::FigureCanvas() : Canvas(180, 160) {}
 
@@ -83,4 +83,4 @@ std::vector<ink::tool::IndexedPicture> frames_by_feet(const std::vector<FigureCa
     return all;
 }
 
-}  // namespace paint
+}  // namespace people

@@ -5,7 +5,7 @@
 
 #include "canvas.h"
 
-namespace paint {
+namespace people {
 
 // Figures are drawn around their feet, x to the right and y down, so that a head has a negative y.
 class FigureCanvas : public Canvas {
@@ -36,4 +36,4 @@ std::vector<ink::tool::IndexedPicture> frames_by_feet(const std::vector<FigureCa
 // Cut to what is painted; x and y say where the part lay.
 ink::tool::IndexedPicture trimmed(const ink::tool::IndexedPicture &picture);
 
-}  // namespace paint
+}  // namespace people

@@ -1,7 +1,7 @@
 // Xiaoman, a small girl with two buns, and Sesame, her cat, grey with specks.
 #include "people.h"
 
-namespace paint {
+namespace people {
 namespace {
 
 struct Pose {
@@ -140,4 +140,4 @@ std::vector<FigureCanvas> girl() {
             draw({1.6, 14, 1, Eyes::laughing, true})};
 }
 
-}  // namespace paint
+}  // namespace people

@@ -3,7 +3,7 @@
 
 #include "people.h"
 
-namespace paint {
+namespace people {
 namespace {
 
 struct Pose {
@@ -179,4 +179,4 @@ std::vector<FigureCanvas> hero() {
     return frames;
 }
 
-}  // namespace paint
+}  // namespace people

@@ -1,7 +1,7 @@
 // Master Shen: stooped, a tall cap, a white beard, a plum robe, and a staff to lean on.
 #include "people.h"
 
-namespace paint {
+namespace people {
 namespace {
 
 struct Pose {
@@ -109,4 +109,4 @@ std::vector<FigureCanvas> master() {
             draw({0.8, 0.85, 0.8, Eyes::laughing, false})};
 }
 
-}  // namespace paint
+}  // namespace people

@@ -3,7 +3,7 @@
 
 #include "figure.h"
 
-namespace paint {
+namespace people {
 
 // 0 to 7 walking to the right, 8 standing, 9 blinking, 10 and 11 reaching.
 std::vector<FigureCanvas> hero();
@@ -14,4 +14,4 @@ std::vector<FigureCanvas> seller();
 std::vector<FigureCanvas> girl();  // and her cat
 std::vector<FigureCanvas> boatman();
 
-}  // namespace paint
+}  // namespace people

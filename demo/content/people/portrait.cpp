@@ -1,6 +1,6 @@
 #include "portrait.h"
 
-namespace paint {
+namespace people {
 
 Canvas portrait_ground(Ramp ramp, double tone) {
     Canvas canvas(kPortraitWidth, kPortraitHeight);
@@ -53,4 +53,4 @@ void collar(Canvas &canvas, double middle, double neck, Ramp ramp, double tone) 
     }
 }
 
-}  // namespace paint
+}  // namespace people

@@ -3,7 +3,7 @@
 
 #include "canvas.h"
 
-namespace paint {
+namespace people {
 
 constexpr int kPortraitWidth = 112, kPortraitHeight = 136;
 
@@ -29,4 +29,4 @@ void blush(Canvas &canvas, Point at, double size);
 // Two borders of a garment that cross under the chin, around the neck at the height given.
 void collar(Canvas &canvas, double middle, double neck, Ramp ramp, double tone);
 
-}  // namespace paint
+}  // namespace people

@@ -1,7 +1,7 @@
 // Master Shen, Aunt Lin and Ashui, seen close.
 #include "portrait.h"
 
-namespace paint {
+namespace people {
 
 Canvas master_portrait() {
     Canvas canvas = portrait_ground(kMountain, 0.72);
@@ -292,4 +292,4 @@ Canvas boatman_portrait() {
     return canvas;
 }
 
-}  // namespace paint
+}  // namespace people

@@ -1,7 +1,7 @@
 // The apprentice, and Xiaoman with her cat, seen close.
 #include "portrait.h"
 
-namespace paint {
+namespace people {
 
 Canvas hero_portrait() {
     Canvas canvas = portrait_ground(kJade, 0.78);
@@ -208,4 +208,4 @@ Canvas girl_portrait() {
     return canvas;
 }
 
-}  // namespace paint
+}  // namespace people

@@ -3,7 +3,7 @@
 
 #include "people.h"
 
-namespace paint {
+namespace people {
 namespace {
 
 struct Pose {
@@ -135,4 +135,4 @@ std::vector<FigureCanvas> seller() {
             draw({0.8, 12, 1, Eyes::laughing, true})};
 }
 
-}  // namespace paint
+}  // namespace people

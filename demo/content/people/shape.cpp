@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace paint {
+namespace people {
 namespace {
 
 constexpr int kRowsInPixel = 5;
@@ -192,4 +192,4 @@ void rasterise_line(const Path &path, const std::function<double(double)> &width
     }
 }
 
-}  // namespace paint
+}  // namespace people

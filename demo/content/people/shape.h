@@ -4,7 +4,7 @@
 #include <functional>
 #include <vector>
 
-namespace paint {
+namespace people {
 
 struct Point {
     double x = 0, y = 0;
@@ -39,4 +39,4 @@ void rasterise(const Path &path, int width, int height, const Cover &cover);
 void rasterise_line(const Path &path, const std::function<double(double)> &width_at, int width, int height,
                     const Cover &cover);
 
-}  // namespace paint
+}  // namespace people
