@@ -3,9 +3,11 @@
 
 #include <gtest/gtest.h>
 
-#include "support/allocation.h"
+#include <cstring>
+
 #include "support/files.h"
 #include "support/guarded.h"
+#include "support/injection.h"
 
 namespace fs = std::filesystem;
 using test::Bytes;
@@ -125,40 +127,60 @@ TEST(Bind, LeavesTheArchiveAloneUntilTheListIsRead) {
     EXPECT_EQ(test::read_text("out.bnd"), "before");
 }
 
-// Whatever allocation fails, each function gives its failure result with one line, or does without.
-TEST(Bind, BearsExhaustedMemory) {
-    if (!test::kAllocationsCanFail) GTEST_SKIP() << "the library has an operator new of its own";
+TEST(Bind, BearsEveryRefusal) {
     test::write_text("list", "a\nanother\n");
     test::write_text("a", "aa");
     test::write_text("another", "bbb");
-    const std::string directory = archive({{"a", 72, 2}, {"another", 74, 3}}, "");
+    const std::string whole = archive({{"a", 72, 2}, {"another", 74, 3}}, "aabbb");
     std::int32_t result = 0, offset = 0, size = 0;
-    const auto failed = [&result](std::int32_t expected, const std::string &log) {
-        EXPECT_EQ(result, log.empty() ? 0 : expected);
-        EXPECT_LE(std::count(log.begin(), log.end(), '\n'), 1) << log;
+    const auto made = [&](const std::string &name, const std::string &text) {
+        const std::string found = test::read_text(name);
+        return found == text             ? " whole"
+               : text.starts_with(found) ? (test::exists(name) ? " begun" : " none")
+                                         : " wrong";
     };
-    bool is_begun = false;
-    test::fail_each_allocation(
-        [&] { result = BIND_bind_file("a.bnd", "list"); },
-        [&] {
-            const std::string log = test::take_log();
-            failed(-1, log);
-            is_begun = is_begun || (log == "memory alloc error\n" && test::read_text("a.bnd") == directory);
-        });
-    EXPECT_TRUE(is_begun);  // the buffer for the contents is the last that is asked for
-    EXPECT_EQ(test::read_text("a.bnd"), directory + "aabbb");
-    char name[] = "another";
-    test::fail_each_allocation([&] { result = BIND_open("a.bnd", name, &offset, &size); },
-                               [&] { failed(-2, test::take_log()); });
-    EXPECT_EQ(std::pair(offset, size), std::pair(74, 3));
-    std::uint8_t bytes[3];
-    test::fail_each_allocation([&] { result = BIND_read("a.bnd", 74, 3, bytes); },
-                               [&] { failed(-2, test::take_log()); });
-    std::string lines;
-    test::fail_each_allocation([&] { result = BIND_chop_file("a.bnd", nullptr); },
-                               [&] { lines += test::take_log(); });
-    EXPECT_NE(lines.find("memory alloc error\n"), lines.npos);
-    EXPECT_EQ(test::read_text("another"), "bbb");
+    test::inject(
+        {.group = "BIND_bind_file",
+         .use = [&] { result = BIND_bind_file("a.bnd", "list"); },
+         .outcome = [&] { return std::to_string(result) + made("a.bnd", whole); },
+         .right = "0 whole",
+         .memory = {"-1 begun| memory alloc error", "-1 none| memory alloc error"},
+         .files = {"-1 begun| file a open error", "-1 begun| file a.bnd write error",
+                   "-1 begun| file another open error", "-1 none| BIND element file a open error",
+                   "-1 none| BIND element file ano open error",
+                   "-1 none| BIND element file another open error", "-1 none| LIST file list open error",
+                   "-1 none| file a.bnd open error", "-1 whole| file a.bnd write error",
+                   "-1 wrong| file a open error", "-1 wrong| file another open error"},
+         .prepare = [] { fs::remove("a.bnd"); }});
+    char name[8];
+    test::inject({.group = "BIND_open",
+                  .use = [&] { result = BIND_open("a.bnd", name, &offset, &size); },
+                  .outcome = [&] { return std::to_string(result) + ' ' + std::to_string(offset + size); },
+                  .right = "0 77",
+                  .files = {"-2 0| File a.bnd open error", "-2 0| File another not in BIND file a.bnd "},
+                  .prepare =
+                      [&] {
+                          std::strcpy(name, "another");
+                          offset = size = 0;
+                      }});
+    char bytes[4];
+    test::inject({.group = "BIND_read",
+                  .use = [&] { result = BIND_read("a.bnd", 74, 3, reinterpret_cast<std::uint8_t *>(bytes)); },
+                  .outcome = [&] { return std::to_string(result) + ' ' + bytes; },
+                  .right = "0 bbb",
+                  .files = {"-2 ...| File a.bnd open error", "0 ...", "0 b.."},
+                  .prepare = [&] { std::strcpy(bytes, "..."); }});
+    test::inject(
+        {.group = "BIND_chop_file",
+         .use = [&] { result = BIND_chop_file("a.bnd", nullptr); },
+         .outcome = [&] { return std::to_string(result) + made("a", "aa") + made("another", "bbb"); },
+         .right = "0 whole whole",
+         .memory = {"0 none none| memory alloc error"},
+         .files = {"0 begun begun", "0 begun none| file a write error", "0 begun whole", "0 none none",
+                   "0 none none| file a open error", "0 none none| file a.bnd open error",
+                   "0 whole begun| file another write error", "0 whole none| file a write error",
+                   "0 whole none| file another open error", "0 whole whole| file another write error"},
+         .prepare = [] { fs::remove("a"), fs::remove("another"); }});
 }
 
 TEST(Bind, FindsAndReadsByName) {

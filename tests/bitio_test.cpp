@@ -5,8 +5,8 @@
 
 #include <random>
 
-#include "support/allocation.h"
 #include "support/files.h"
+#include "support/injection.h"
 
 using test::Bytes;
 
@@ -116,25 +116,56 @@ TEST(BitFile, RefusesQuietly) {
     EXPECT_EQ(BITIO_input_bits(nullptr, 1), 0u);
     BITIO_close_input_bit_file(nullptr);
     BITIO_close_output_bit_file(nullptr);
-    // Without memory a file that is there keeps its contents.
-    test::write_file("a_name_of_more_than_fifteen_letters", {1, 2});
-    BIT_FILE_STRUCT *file = nullptr;
-    const std::size_t allocations = test::fail_each_allocation(
-        [&file] {
-            BITIO_close_input_bit_file(file);
-            file = BITIO_open_input_bit_file("a_name_of_more_than_fifteen_letters");
-        },
-        [&file] { EXPECT_EQ(file, nullptr); });
-    EXPECT_GT(allocations, 1u);
-    BITIO_close_input_bit_file(file);
-    file = nullptr;
-    for (std::size_t i = 0; file == nullptr; ++i) {
-        EXPECT_EQ(test::read_file("a_name_of_more_than_fifteen_letters"), (Bytes{1, 2}));
-        test::FailingAllocation failing(i);
-        file = BITIO_open_output_bit_file("a_name_of_more_than_fifteen_letters");
-    }
-    BITIO_close_output_bit_file(file);
     EXPECT_EQ(test::take_log(), "");
+}
+
+TEST(BitFile, BearsEveryRefusal) {
+    const char *const name = "a_name_of_more_than_fifteen_letters";
+    bool opened = false;
+    std::uint32_t bits = 0;
+    test::inject({.group = "BITIO_open_input_bit_file, BITIO_input_bits, BITIO_close_input_bit_file",
+                  .use =
+                      [&] {
+                          BIT_FILE_STRUCT *const file = BITIO_open_input_bit_file(name);
+                          opened = file != nullptr;
+                          bits = BITIO_input_bits(file, 16);
+                          BITIO_close_input_bit_file(file);
+                      },
+                  .outcome = [&] { return opened ? std::to_string(bits) : "null"; },
+                  .right = "258",
+                  .memory = {"null"},
+                  .files = {"511| BITIO_input_bits error", "65281| BITIO_input_bits error",
+                            "65535| BITIO_input_bits error, BITIO_input_bits error", "null"},
+                  .prepare =
+                      [&] {
+                          test::write_file(name, {1, 2});
+                      }});
+    // Without memory a file that is there keeps its contents.
+    test::inject(
+        {.group = "BITIO_open_output_bit_file, BITIO_output_bits, BITIO_close_output_bit_file",
+         .use =
+             [&] {
+                 BIT_FILE_STRUCT *const file = BITIO_open_output_bit_file(name);
+                 opened = file != nullptr;
+                 BITIO_output_bits(file, 0x303, 10);
+                 BITIO_close_output_bit_file(file);
+             },
+         .outcome =
+             [&] {
+                 const Bytes made = test::read_file(name);
+                 return std::string(opened ? "" : "null ") + (made == Bytes{1, 2}         ? "as before"
+                                                              : made == Bytes{0xC0, 0xC0} ? "written"
+                                                              : made.empty()              ? "empty"
+                                                                                          : "begun");
+             },
+         .right = "written",
+         .memory = {"null as before"},
+         .files = {"begun| BITIO_close_output_bit_file error", "empty| BITIO_close_output_bit_file error",
+                   "null as before", "written| BITIO_close_output_bit_file error"},
+         .prepare =
+             [&] {
+                 test::write_file(name, {1, 2});
+             }});
 }
 
 TEST(BitFile, PrintsBinaryDigits) {

@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "support/allocation.h"
 #include "support/blocks.h"
 #include "support/guarded.h"
+#include "support/injection.h"
 
 using namespace test;
 
@@ -134,34 +134,44 @@ TEST(Can, BrokenFramesAreBlankAndHostileFilesRefused) {
         take_log());
 }
 
-TEST(Can, ExhaustedMemoryLeavesNothingBehind) {
-    if (!test::kAllocationsCanFail) GTEST_SKIP() << "the library has an operator new of its own";
+TEST(Can, BearsEveryRefusal) {
     write_file("a.can", can_file(kFrames));
     ANI_DATA_STRUCT *head = nullptr;
     std::int32_t result = 0, x = 0, y = 0;
-    std::string lines;  // each once
-    const auto failed = [&] {
-        const std::string log = take_log();
-        EXPECT_EQ(-1, result);
-        EXPECT_EQ(nullptr, head);
-        if (lines.find(log) == lines.npos) lines += log;
+    // How many of the images are as they should be.
+    const auto good_images = [&head] {
+        int good = 0, i = 0;
+        for (const ANI_DATA_STRUCT *at = head != nullptr ? head->next : nullptr; at != nullptr;
+             at = at->next, ++i)
+            good += std::equal(kImages[i].begin(), kImages[i].end(), at->image);
+        ANI_free_ani(head);
+        return std::to_string(good);
     };
-    fail_each_allocation(
-        [&] {
-            ANI_free_ani(head);
-            result = CAN_read_file("a.can", &head, nullptr);
-        },
-        failed);
-    ASSERT_EQ(4, result);
-    ANI_free_ani(head);
-    head = nullptr;
+    inject({.group = "CAN_read_file, ANI_free_ani",
+            .use = [&] { result = CAN_read_file("a.can", &head, nullptr); },
+            .outcome = [&] { return std::to_string(result) + ' ' + good_images(); },
+            .right = "4 4",
+            .memory = {"-1 0| ERROR : memory alloc error:CAN_read_file",
+                       "-1 0| Memory alloc error:CAN_read_file"},
+            .files = {"-1 0| CAN file a.can open error:CAN_read_file",
+                      "-1 0| ERROR : memory alloc error:CAN_read_file", "0 0",
+                      "4 2| Compress image format error", "4 3"}});
     Guarded image(kImages[2].size());
-    fail_each_allocation([&] { result = CAN_read_frame("a.can", 2, &x, &y, image, nullptr); }, failed);
-    EXPECT_EQ(kImages[2], image.contents());
-    EXPECT_EQ(
-        "Memory alloc error:CAN_read_file\nERROR : memory alloc error:CAN_read_file\n"
-        "ERROR : memory alloc error(CAN_read_frame)\n",
-        lines);
+    inject({.group = "CAN_read_frame",
+            .use = [&] { result = CAN_read_frame("a.can", 2, &x, &y, image, nullptr); },
+            .outcome =
+                [&] {
+                    const Bytes got = image.contents();
+                    return std::to_string(result) + (got == kImages[2]                ? " whole"
+                                                     : got == Bytes(got.size(), 0xEE) ? " untouched"
+                                                                                      : " begun");
+                },
+            .right = "4 whole",
+            .memory = {"-1 untouched| ERROR : memory alloc error(CAN_read_frame)"},
+            .files = {"-1 untouched", "-1 untouched| CAN file a.can open error:CAN_read_frame",
+                      "-1 untouched| ERROR : memory alloc error(CAN_read_frame)", "4 begun",
+                      "4 untouched| Compress image format error"},
+            .prepare = [&] { std::fill_n(image.data(), kImages[2].size(), 0xEE); }});
 }
 
 }  // namespace

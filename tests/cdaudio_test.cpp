@@ -9,8 +9,8 @@
 #include "inkstone/host.h"
 #include "inkstone/runtime.h"
 #include "inkstone/timer.h"
-#include "support/allocation.h"
 #include "support/calls.h"
+#include "support/injection.h"
 #include "support/new_process.h"
 #include "support/sound.h"
 
@@ -179,14 +179,67 @@ TEST(CdAudio, TracksLieInFilesOfTheirOwn) {
     }
 }
 
-TEST(CdAudio, InsertsADiscOrFailsWhateverMemoryThereIs) {
-    if (!test::kAllocationsCanFail) GTEST_SKIP() << "the library has an operator new of its own";
+TEST(CdAudio, BearsEveryRefusal) {
     insert_three();
-    std::int32_t result = 0;
-    const std::size_t count = test::fail_each_allocation([&] { result = HOST_insert_disc("disc.cue"); },
-                                                         [&] { EXPECT_EQ(result, -2); });
-    EXPECT_EQ(result, 0);
-    EXPECT_GT(count, 4U);
+    std::int32_t result = 0, opened = 0, total = 0, played = 0;
+    test::inject({.group = "HOST_insert_disc",
+                  .use = [&] { result = HOST_insert_disc("disc.cue"); },
+                  .outcome =
+                      [&] {
+                          CDROM_open(), total = CDROM_total(), CDROM_close(), HOST_eject_disc();
+                          return std::to_string(result) + ' ' + std::to_string(total);
+                      },
+                  .right = "0 3",
+                  .memory = {"-2 -1"},
+                  .files = {"-2 -1"},
+                  .prepare = HOST_eject_disc,
+                  .may_end_process = true});
+    test::inject({.group = "CDROM_open, CDROM_total, CDROM_play, CDROM_pause, CDROM_resume",
+                  .use =
+                      [&] {
+                          opened = CDROM_open(), total = CDROM_total(), played = CDROM_play(1);
+                          CDROM_pause();
+                          result = CDROM_resume();
+                      },
+                  .outcome =
+                      [&] {
+                          return std::to_string(opened) + ' ' + std::to_string(total) + ' ' +
+                                 std::to_string(played) + ' ' + std::to_string(result) +
+                                 (sectors_heard(2)[0] == 11 ? " heard" : " silent");
+                      },
+                  .right = "0 3 0 0 heard",
+                  .machine = {"-1 -1 -1 -1 silent", "0 -1 -1 -1 silent", "0 3 -1 -1 silent", "0 3 0 -1 heard",
+                              "0 3 0 -1 silent"},
+                  .prepare = [] { CDROM_open(), CDROM_stop(), CDROM_close(), insert_three(); },
+                  .may_end_process = true});
+    // A disc whose file can no longer be read is silent where it cannot, and plays on.
+    test::inject({.group = "CDROM_play, CDROM_status (disc of files)",
+                  .use =
+                      [&] {
+                          HOST_insert_disc("disc.cue");
+                          CDROM_open(), CDROM_total(), CDROM_play(0);
+                          HOST_capture_sound(1);
+                          play_sectors(10);
+                      },
+                  .outcome =
+                      [&] {
+                          test::Heard frames(10 * kSector);
+                          HOST_read_sound(frames[0].data(), 10 * kSector);
+                          HOST_capture_sound(0);
+                          const auto silent = [](const auto &frame) { return frame[0] == 0; };
+                          const std::int32_t status = CDROM_status();
+                          HOST_eject_disc();
+                          return std::to_string(status) +
+                                 (std::all_of(frames.begin(), frames.end(), silent)    ? " silent"
+                                  : std::none_of(frames.begin(), frames.end(), silent) ? " heard"
+                                                                                       : " broken");
+                      },
+                  .right = "0 heard",
+                  .memory = {"-1 silent"},
+                  .files = {"-1 silent"},
+                  .machine = {"-1 silent", "0 silent"},
+                  .prepare = [] { CDROM_open(), CDROM_stop(), CDROM_close(), HOST_eject_disc(); },
+                  .may_end_process = true});
 }
 
 TEST(CdAudio, SheetsThatAreNoneAreRefused) {

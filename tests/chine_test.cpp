@@ -6,9 +6,9 @@
 #include <cstring>
 
 #include "inkstone/lzss.h"
-#include "support/allocation.h"
 #include "support/files.h"
 #include "support/guarded.h"
+#include "support/injection.h"
 #include "support/literal_text.h"
 
 using test::Bytes;
@@ -322,28 +322,51 @@ TEST(Chine, LoadsThePackAndRefusesBadOnes) {
     }
 }
 
-TEST(Chine, SurvivesEveryAllocationThatFails) {
-    if (!test::kAllocationsCanFail) GTEST_SKIP() << "the library has an operator new of its own";
+TEST(Chine, BearsEveryRefusal) {
     write_fonts();
     write_pack(whole_pack());
-    for (const std::int32_t mode : {0, 2}) {
-        std::int32_t result = 0;
-        const std::size_t allocations = test::fail_each_allocation(
-            [&] { result = CHINE_init(mode); },
-            [&] {
-                const std::string log = test::take_log();
-                EXPECT_EQ(result, -2);
-                EXPECT_TRUE(log.ends_with(" open error\n") || log.ends_with("R : memory alloc error\n") ||
-                            log.ends_with("memory alloc error in CHINE_init\n") ||
-                            log.ends_with("total files 0 error\n"))
-                    << log;
-                CHINE_print16(0, 0, "A", 0, nullptr);
-                EXPECT_EQ(test::take_log(), "CHINE not init\n");
-            });
-        EXPECT_GE(allocations, mode == 0 ? 4u : 1u);
-        EXPECT_TRUE(all_fonts_draw());
-        std::filesystem::remove("FONT.SCF");
-    }
+    std::int32_t result = 0;
+    const auto outcome = [&] {
+        std::uint8_t none[1];
+        if (result == 0) return std::string(all_fonts_draw() ? "0 all" : "0 part");
+        CHINE_print16(0, 0, "A", 0, none);
+        return std::to_string(result);
+    };
+    test::inject({.group = "CHINE_init (fonts), CHINE_print16, CHINE_print24, CHINE_free",
+                  .use = [&] { result = CHINE_init(0); },
+                  .outcome = outcome,
+                  .right = "0 all",
+                  .memory = {"-2| memory alloc error in CHINE_init, CHINE not init"},
+                  .files = {"-2| File ASCII16.FON open error, CHINE not init",
+                            "-2| File ASCII24.FON open error, CHINE not init",
+                            "-2| File CHINE16.FON open error, CHINE not init",
+                            "-2| File CHINE24.FON open error, CHINE not init", "0 part"},
+                  .prepare = CHINE_free});
+    // A pack of the single-byte fonts alone, of which not each block is worth a failure.
+    Bytes data = noise()[0];
+    data.insert(data.end(), noise()[2].begin(), noise()[2].end());
+    write_pack(pack_of(4, {4096, 0, 12288, 0}, data));
+    test::inject(
+        {.group = "CHINE_init (pack)",
+         .use = [&] { result = CHINE_init(1); },
+         .outcome =
+             [&] {
+                 if (result != 0) return std::to_string(result);
+                 const int drawn =
+                     (cell("A", false) == stored(0, 'A', 16)) + (cell("A", true) == stored(2, 'A', 48));
+                 return "0 " + std::to_string(drawn);
+             },
+         .right = "0 2",
+         .memory = {"-2| ERROR : memory alloc error"},
+         .files = {"-2| BITIO_input_bit error, ERROR : open file FONT.SCF error",
+                   "-2| BITIO_input_bit error, ERROR : total files 0 error",
+                   "-2| BITIO_input_bits error, ERROR : open file FONT.SCF error",
+                   "-2| ERROR : file FONT.LZF open error(LZSS_expand_file), ERROR : open file FONT.SCF error",
+                   "-2| ERROR : file FONT.LZF open error(LZSS_expand_file), ERROR : total files 0 error",
+                   "-2| ERROR : file FONT.SCF open error(LZSS_expand_file), ERROR : open file FONT.SCF error",
+                   "-2| ERROR : open file FONT.SCF error", "-2| ERROR : total files 0 error", "0 1",
+                   "0 1| BITIO_input_bit error", "0 2| BITIO_input_bits error"},
+         .prepare = CHINE_free});
 }
 
 TEST(Chine, DrawsWhatShortFontsLackAsBlank) {

@@ -8,9 +8,9 @@
 #include "film/flic_film.h"
 #include "inkstone/can.h"
 #include "inkstone/pcx.h"
-#include "support/allocation.h"
 #include "support/files.h"
 #include "support/guarded.h"
+#include "support/injection.h"
 #if defined(HAS_FLIC_PEER)
 #include "bench/flic_peer.h"
 #endif
@@ -249,25 +249,23 @@ TEST(Flic, FilmsOfNoiseArePlayed) {
     }
 }
 
-TEST(Flic, ExhaustedMemoryClosesTheFilm) {
-    if (!test::kAllocationsCanFail) GTEST_SKIP() << "the library has an operator new of its own";
-    write_file("a_film_of_a_long_name.flc", film({frame({chunk(BLACK, {})})}, 4, 4));
+TEST(Flic, BearsEveryRefusal) {
+    write_file("a_film_of_a_long_name.flc",
+               film({frame({chunk(BLACK, {})}), frame({chunk(BLACK, {})})}, 4, 4));
     Guarded screen(64000, 1);
     std::int32_t opened = 0;
-    int read = 0;
-    fail_each_allocation(
-        [&] {
-            opened = FLIC_open_flic_file("a_film_of_a_long_name.flc", 1, screen);
-            read = FLIC_read_flic_data();
-        },
-        [&] {
-            EXPECT_EQ(-1, read);
-            EXPECT_EQ(opened == -1 ? "File a_film_of_a_long_name.flc open error\n" : "", take_log());
-            FLIC_close_flic_file();
-        });
-    EXPECT_EQ(1, opened);
-    EXPECT_EQ(0, read);
-    FLIC_close_flic_file();
+    int shown = 0;
+    inject({.group = "FLIC_open_flic_file, FLIC_read_flic_data, FLIC_play_flic_frame, FLIC_close_flic_file",
+            .use =
+                [&] {
+                    opened = FLIC_open_flic_file("a_film_of_a_long_name.flc", 1, screen);
+                    for (shown = 0; shown < 3 && next_frame() == 0;) ++shown;
+                    FLIC_close_flic_file();
+                },
+            .outcome = [&] { return std::to_string(opened) + ' ' + std::to_string(shown); },
+            .right = "2 2",
+            .memory = {"-1 0| File a_film_of_a_long_name.flc open error"},
+            .files = {"-1 0| File a_film_of_a_long_name.flc open error", "0 0", "0 2", "2 0", "2 1"}});
     EXPECT_EQ(-1, FLIC_open_flic_file(nullptr, 1, screen));
     EXPECT_EQ("File  open error\n", take_log());
 }

@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "inkstone/inkstone.h"
-#include "support/allocation.h"
 #include "support/calls.h"
+#include "support/injection.h"
 #include "support/new_process.h"
 
 namespace {
@@ -55,28 +55,46 @@ TEST(Host, BearsMissingResultsAndWindowsThatNobodyCanHave) {
     HOST_close_window(window);
 }
 
-TEST(Host, RefusesWhatThereIsNoMemoryFor) {
-    if (!test::kAllocationsCanFail) GTEST_SKIP();
-    const auto refused = [](auto ask) {
-        test::FailingAllocation failing(0, true);
-        return ask();
-    };
-    HOST_name();  // starts the machine
-    EXPECT_EQ(refused([] { return HOST_open_window("w", 64, 64, nullptr); }), nullptr);
+TEST(Host, BearsEveryRefusal) {
     const std::string name(50, 'n'), value(50, 'v');
-    refused([&] { return HOST_set_setting(name.c_str(), value.c_str()), 0; });
-    refused([] {
-        for (int i = 0; i < 1000; ++i) HOST_post_message(nullptr, WM_USER, 0, 0);
-        return 0;
+    HWND window = nullptr;
+    std::int32_t timer = 0;
+    test::inject({.group = "HOST_open_window, HOST_set_timer, HOST_set_setting",
+                  .use =
+                      [&] {
+                          window = HOST_open_window("w", 64, 64, nullptr);
+                          timer = HOST_set_timer(window, 100, 55);
+                          HOST_set_setting(name.c_str(), value.c_str());
+                      },
+                  .outcome =
+                      [&] {
+                          HOST_kill_timer(window, 100);
+                          HOST_close_window(window);
+                          HOST_set_setting(name.c_str(), nullptr);
+                          return std::string(window != nullptr ? "window " : "none ") + std::to_string(timer);
+                      },
+                  .right = "window 0",
+                  .memory = {"none 0"},
+                  .machine = {"none -2", "none 0", "window -2"}});
+    // Messages that there is no memory for are lost, those before them are not.
+    static int taken;
+    window = HOST_open_window("w", 8, 8, [](HWND, UINT message, WPARAM, LPARAM) -> LRESULT {
+        return taken += message == WM_USER, 0;
     });
-    int set = 0;
-    refused([&set] {
-        while (set < 1000 && HOST_set_timer(nullptr, static_cast<std::uint32_t>(100 + set), 55) == 0) ++set;
-        return 0;
-    });
-    EXPECT_LT(set, 1000);
-    for (int i = 0; i < set; ++i) HOST_kill_timer(nullptr, static_cast<std::uint32_t>(100 + i));
-    fnCheckMessage();
+    test::inject({.group = "HOST_post_message, HOST_run_messages",
+                  .use =
+                      [&] {
+                          for (int i = 0; i < 1000; ++i) HOST_post_message(window, WM_USER, 0, 0);
+                      },
+                  .outcome =
+                      [] {
+                          HOST_run_messages();
+                          return taken == 1000 ? "all" : taken > 0 ? "some" : "none";
+                      },
+                  .right = "all",
+                  .memory = {"some"},
+                  .prepare = [] { taken = 0; }});
+    HOST_close_window(window);
 }
 
 std::string time_of_day() {

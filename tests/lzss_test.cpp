@@ -5,9 +5,9 @@
 
 #include <random>
 
-#include "support/allocation.h"
 #include "support/files.h"
 #include "support/guarded.h"
+#include "support/injection.h"
 #include "support/new_process.h"
 #include "support/plain_lzss.h"
 
@@ -161,27 +161,46 @@ TEST(Lzss, TellsWhichFileCannotBeOpened) {
     EXPECT_TRUE(test::exists("out"));
     EXPECT_EQ(test::read_text("here"), "here");
 
-    // Without memory.
-    std::int32_t result = 0;
-    const auto failed = [&result] {
-        EXPECT_EQ(test::take_log().substr(0, 13), result == -1 ? "ERROR : file " : "");
-    };
-    EXPECT_GT(test::fail_each_allocation([&] { result = LZSS_compress_file("here", "out"); }, failed), 0u);
-    const std::string packed_name = "a_name_of_more_than_fifteen_letters";
-    fs::rename("out", packed_name);
-    EXPECT_GT(
-        test::fail_each_allocation([&] { result = LZSS_expand_file(packed_name.c_str(), "out"); }, failed),
-        0u);
-    EXPECT_EQ(test::read_text("out"), "here");
-    // A full disk: a line for packed bits that are lost, none for expanded bytes.
-    if (test::kHasFullDevice) {
-        EXPECT_EQ(LZSS_compress_file("here", "/dev/full"), 0);
-        EXPECT_EQ(test::take_log(), "BITIO_close_output_bit_file error\n");
-        EXPECT_EQ(LZSS_expand_file(packed_name.c_str(), "/dev/full"), 0);
-        EXPECT_EQ(test::take_log(), "");
-    }
     std::uint32_t length = 4;
     EXPECT_EQ(LZSS_compress_data(nullptr, nullptr, nullptr, &length), 0);
     EXPECT_EQ(LZSS_expand_data(nullptr, nullptr, &length, nullptr), 0);
     EXPECT_EQ(length, 4u);
+}
+
+TEST(Lzss, BearsEveryRefusal) {
+    const char *const packed = "a_name_of_more_than_fifteen_letters";
+    test::write_text("here", "here");
+    std::int32_t result = 0;
+    const auto outcome = [&](const char *name, const std::string &right) {
+        const std::string made = test::read_text(name);
+        return std::to_string(result) + (made == right             ? " whole"
+                                         : right.starts_with(made) ? " begun"
+                                                                   : " another");
+    };
+    LZSS_compress_file("here", packed);
+    const std::string code = test::read_text(packed);
+    test::inject(
+        {.group = "LZSS_compress_file",
+         .use = [&] { result = LZSS_compress_file("here", packed); },
+         .outcome = [&] { return outcome(packed, code); },
+         .right = "0 whole",
+         .memory =
+             {"-1 begun| ERROR : file a_name_of_more_than_fifteen_letters open error(LZSS_compress_file)"},
+         .files =
+             {"-1 another", "-1 begun| BITIO_close_output_bit_file error",
+              "-1 begun| ERROR : file a_name_of_more_than_fifteen_letters open error(LZSS_compress_file)",
+              "-1 begun| ERROR : file here open error(LZSS_compress_file)", "-1 whole", "0 another",
+              "0 begun| BITIO_close_output_bit_file error", "0 whole| BITIO_close_output_bit_file error"},
+         .prepare = [&] { fs::remove(packed); }});
+    test::inject(
+        {.group = "LZSS_expand_file",
+         .use = [&] { result = LZSS_expand_file(packed, "out"); },
+         .outcome = [&] { return outcome("out", "here"); },
+         .right = "0 whole",
+         .memory =
+             {"-1 begun| ERROR : file a_name_of_more_than_fifteen_letters open error(LZSS_expand_file)"},
+         .files = {"-1 begun| ERROR : file a_name_of_more_than_fifteen_letters open error(LZSS_expand_file)",
+                   "-1 begun| ERROR : file out open error(LZSS_expand_file)", "0 begun",
+                   "0 begun| BITIO_input_bit error", "0 begun| BITIO_input_bits error"},
+         .prepare = [] { fs::remove("out"); }});
 }

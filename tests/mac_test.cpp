@@ -8,8 +8,8 @@
 
 #include "inkstone/host.h"
 #include "inkstone/runtime.h"
-#include "support/allocation.h"
 #include "support/files.h"
+#include "support/injection.h"
 #include "support/script.h"
 
 namespace {
@@ -212,42 +212,49 @@ TEST(MacState, GoesOnInANewProcess) {
     EXPECT_EQ(take_log(), "LOAD MAC a.mac(22) OK!\nLOAD MAC b.mac(14) OK!\n");
 }
 
-TEST(MacState, SurvivesEveryAllocationThatFails) {
-    if (!test::kAllocationsCanFail) GTEST_SKIP() << "the library has an operator new of its own";
+TEST(MacState, BearsEveryRefusal) {
     const std::string directory = "a-directory-with-a-long-name", kept = record("a.mac", 0, 0, {3, 4});
     fs::create_directory(directory);
     write_text(directory + "/a.mac", script_file({op(17, constant(0) + constant(8)) + op(23)}));
     std::int32_t result = 0;
-    HOST_clock();  // starts the machine
-    const auto refused = [&](std::int32_t expected, const std::string &line) {
-        const std::string log = take_log();
-        const bool did_without = log.ends_with("LOAD MAC a.mac(14) OK!\n");
-        EXPECT_EQ(result, did_without ? 0 : expected);
-        if (did_without) return;
-        EXPECT_TRUE(log.ends_with("ERROR : memory alloc error" + line) ||
-                    log.find("ERROR : error open file a.mac") != std::string::npos)
-            << log;
-        EXPECT_EQ(MAC_driver(0), 0);
-    };
     const auto init = [&] { result = MAC_init(directory.c_str(), "", 2, nullptr); };
-    EXPECT_GE(fail_each_allocation(init,
-                                   [&] {
-                                       refused(-1, "\n");
-                                       EXPECT_EQ(MAC_info_size() + MAC_load("a.mac"), -1);
-                                       EXPECT_EQ(take_log(), kNotInitialised);
-                                   }),
-              1u);
-    const auto load = [&] { result = MAC_load("a.mac"); };
-    EXPECT_GE(fail_each_allocation(load, [&] { refused(-1, "(MAC_load)\n"); }), 4u);
-    take_log();
-    const auto import = [&] { result = MAC_inport_info(kept.data()); };
-    EXPECT_EQ(fail_each_allocation(import, [&] { refused(0, "\n"); }), 1u);
-    const auto reload = [&] { result = MAC_reload(); };
-    EXPECT_GE(fail_each_allocation(reload, [&] { refused(-1, "\n"); }), 4u);
-    EXPECT_EQ(MAC_get_variable(1), 4);
-    const auto run = [&] { result = MAC_driver(0); };
-    EXPECT_EQ(fail_each_allocation(run, [] {}), 0u);
-    EXPECT_EQ(MAC_get_variable(0), 8);
+    const auto ready = [&] { init(), MAC_load("a.mac"); };
+    const auto outcome = [&] {
+        const std::int32_t end = MAC_driver(0);
+        return std::to_string(result) + ' ' + std::to_string(end) + ' ' +
+               std::to_string(MAC_get_variable(0) + MAC_get_variable(1));
+    };
+    inject({.group = "MAC_init",
+            .use = init,
+            .outcome = [&] { return std::to_string(result) + ' ' + std::to_string(MAC_info_size()); },
+            .right = "0 100",
+            .memory = {"-1 0| ERROR : memory alloc error"},
+            .prepare = MAC_free});
+    inject({.group = "MAC_load",
+            .use = [&] { result = MAC_load("a.mac"); },
+            .outcome = outcome,
+            .right = "0 -1 8| LOAD MAC a.mac(14) OK!",
+            .memory = {"-1 0 0| ERROR : error open file a.mac(MAC_load)",
+                       "-1 0 0| ERROR : memory alloc error(MAC_load)"},
+            .files = {"-1 0 0| ERROR : error open file a.mac(MAC_load)",
+                      "0 -2 0| LOAD MAC a.mac(14) OK!, MAC address 14 outside code",
+                      "0 0 0| LOAD MAC a.mac(0) OK!"},
+            .prepare = init});
+    inject({.group = "MAC_inport_info, MAC_reload",
+            .use = [&] { result = MAC_inport_info(kept.data()) == 100 ? MAC_reload() : -100; },
+            .outcome = outcome,
+            .right = "0 -1 12| LOAD MAC a.mac(14) OK!",
+            .memory = {"-1 0 7| ERROR : error open file a.mac", "-1 0 7| ERROR : memory alloc error",
+                       "-100 0 0| ERROR : memory alloc error"},
+            .files = {"-1 0 7| ERROR : error open file a.mac",
+                      "0 -2 7| LOAD MAC a.mac(14) OK!, MAC address 14 outside code",
+                      "0 0 7| LOAD MAC a.mac(0) OK!"},
+            .prepare = ready});
+    inject({.group = "MAC_driver",
+            .use = [&] { result = MAC_driver(0); },
+            .outcome = [&] { return std::to_string(result) + ' ' + std::to_string(MAC_get_variable(0)); },
+            .right = "-1 8",
+            .prepare = ready});
 }
 
 // Number operands do not read variables from 16,000 on; everything else reaches them.

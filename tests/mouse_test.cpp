@@ -12,6 +12,7 @@
 #include "inkstone/timer.h"
 #include "support/calls.h"
 #include "support/files.h"
+#include "support/injection.h"
 #include "support/new_process.h"
 
 namespace {
@@ -241,6 +242,31 @@ TEST(Mouse, ImageCursorIsDrawnAndMovesOn) {
     EXPECT_EQ(shown(), Shown(0, 0, 0));
     EXPECT_EQ(MOUSE_load_image_cursor(3, "a.can", work.data()), 0);
     EXPECT_EQ(shown(), Shown(1, 0, 0));
+}
+
+TEST(Mouse, BearsEveryRefusal) {
+    write_animation("a.can", {{5, 5}});
+    std::int32_t result = 0;
+    test::inject({.group = "fnMouseInit, MOUSE_load_image_cursor, MOUSE_show_image_cursor, MOUSE_show",
+                  .use =
+                      [&] {
+                          fnMouseInit(nullptr, nullptr, 0, 0, nullptr);
+                          fnMouseInterrupt(WM_MOUSEMOVE, 0, 50 | 60 << 16);
+                          result = MOUSE_load_image_cursor(0, "a.can", nullptr);
+                          MOUSE_show(0), MOUSE_show(1);
+                          MOUSE_set_position(7, 8);
+                      },
+                  .outcome =
+                      [&] {
+                          fnCheckMessage();  // takes what moving the pointer has posted
+                          return std::to_string(result) + (std::get<0>(shown()) == 1 ? " drawn" : " blank");
+                      },
+                  .right = "0 drawn",
+                  .memory = {"-2 blank| ERROR : memory alloc error:CAN_read_file",
+                             "-2 blank| Memory alloc error:CAN_read_file"},
+                  .files = {"-2 blank| CAN file a.can open error:CAN_read_file",
+                            "-2 blank| ERROR : memory alloc error:CAN_read_file", "0 blank",
+                            "0 blank| Compress image format error"}});
 }
 
 }  // namespace

@@ -16,6 +16,7 @@
 #include "inkstone/view.h"
 #include "support/files.h"
 #include "support/guarded.h"
+#include "support/injection.h"
 #include "support/new_process.h"
 
 namespace {
@@ -182,6 +183,26 @@ TEST(Palette, FilesKeepTheirEntriesAndNeverWriteOutside) {
     PAL_save_palette(0, 256, nullptr, palette.data());
     EXPECT_EQ(test::take_log(), "FILE  open error\n");
     EXPECT_TRUE(read.intact() && read.contents() == test::Bytes(768, 3));
+}
+
+TEST(Palette, BearsEveryRefusal) {
+    const Palette palette = filled(9);
+    Palette read;
+    const auto told = [&palette](const Palette &got) {
+        return got == palette ? "whole" : got == filled(3) ? "none" : got[0] == 9 ? "begun" : "wrong";
+    };
+    test::inject({.group = "PAL_save_palette",
+                  .use = [&] { PAL_save_palette(0, 256, "x.pal", palette.data()); },
+                  .outcome = [&] { return std::to_string(test::read_file("x.pal").size()); },
+                  .right = "772",
+                  .files = {"0", "386"},
+                  .prepare = [] { test::write_file("x.pal", {}); }});
+    test::inject({.group = "PAL_read_palette",
+                  .use = [&] { PAL_read_palette("x.pal", read.data()); },
+                  .outcome = [&] { return told(read); },
+                  .right = "whole",
+                  .files = {"begun", "none", "none| FILE x.pal open error"},
+                  .prepare = [&] { read = filled(3); }});
 }
 
 TEST_F(PaletteFade, StepsFromTheDisplayedPaletteToTheTarget) {

@@ -4,9 +4,9 @@
 
 #include <cstdlib>
 
-#include "support/allocation.h"
 #include "support/files.h"
 #include "support/guarded.h"
+#include "support/injection.h"
 
 using namespace test;
 
@@ -139,42 +139,55 @@ TEST(Pcx, RefusalsChangeNothing) {
     EXPECT_EQ(before, kept_palette());
 }
 
-TEST(Pcx, ExhaustedMemoryChangesNothing) {
-    if (!test::kAllocationsCanFail) GTEST_SKIP() << "the library has an operator new of its own";
-    write_file("a.pcx", pcx_file(0, 0, 3, 2, 4, {1, 2, 3, 0, 4, 5, 6, 0}));
-    const Bytes before(768, 33);
-    std::int32_t result = 0, width = -1, height = -1;
+TEST(Pcx, BearsEveryRefusal) {
+    const Bytes before(768, 33), file = pcx_file(0, 0, 3, 2, 4, {1, 2, 3, 0, 4, 5, 6, 0});
+    std::int32_t result = 0, width = 0, height = 0;
+    inject({.group = "PCX_get_image_size",
+            .use = [&] { result = PCX_get_image_size("a.pcx", &width, &height); },
+            .outcome = [&] { return std::to_string(result) + ' ' + std::to_string(10 * width + height); },
+            .right = "6 32",
+            .files = {"-1 0| File a.pcx open error", "-2 0| PCX Header check error"},
+            .prepare = [&] { write_file("a.pcx", file), width = height = 0; }});
     Guarded pixels(6, 0xEE);
-    fail_each_allocation([&] { result = PCX_get_image_size("a.pcx", &width, &height); },
-                         [&] {
-                             EXPECT_EQ(-1, result);
-                             EXPECT_EQ("File a.pcx open error\n", take_log());
-                         });
-    PCX_inport_palette(before.data());
-    const std::size_t allocations = fail_each_allocation(
-        [&] {
-            PCX_inport_palette(before.data());
-            std::fill_n(pixels.data(), 6, 0xEE);
-            result = PCX_read_file("a.pcx", pixels);
-        },
-        [&] {
-            const std::string log = take_log();
-            EXPECT_EQ(-2, result);
-            EXPECT_TRUE(log == "Memory not enough\n" || log == "File a.pcx open error\n") << log;
-            EXPECT_EQ(Bytes(6, 0xEE), pixels.contents());
-            EXPECT_EQ(before, kept_palette());
-        });
-    EXPECT_GT(allocations, 1u);
-    EXPECT_EQ((Bytes{1, 2, 3, 4, 5, 6}), pixels.contents());
-    const Bytes old = read_file("a.pcx");
-    for (std::size_t i = 0; result != 0 || i == 0; ++i) {
-        EXPECT_EQ(old, read_file("a.pcx"));
-        FailingAllocation failing(i);
-        result = PCX_save_file("a.pcx", 0, 0, 3, 2, pixels, 3, 0);
-        EXPECT_EQ(failing.disarm() ? -1 : 0, result);
-    }
-    EXPECT_EQ(0, result);
-    EXPECT_EQ("", take_log());
+    inject({.group = "PCX_read_file",
+            .use = [&] { result = PCX_read_file("a.pcx", pixels); },
+            .outcome =
+                [&] {
+                    const Bytes got = pixels.contents();
+                    return std::to_string(result) +
+                           (kept_palette() == before ? " old colours " : " new colours ") +
+                           (got == Bytes{1, 2, 3, 4, 5, 6} ? "whole"
+                            : got == Bytes(6, '.')         ? "untouched"
+                                                           : "begun");
+                },
+            .right = "0 new colours whole",
+            .memory = {"-2 old colours untouched| Memory not enough"},
+            .files = {"-2 old colours untouched| File a.pcx open error",
+                      "-2 old colours untouched| PCX Header check error",
+                      "-2 old colours untouched| Palete check error"},
+            .prepare =
+                [&] {
+                    PCX_inport_palette(before.data());
+                    std::fill_n(pixels.data(), 6, '.');
+                }});
+    const Bytes old(3, 7);
+    Bytes saved;
+    inject({.group = "PCX_save_file",
+            .use = [&] { result = PCX_save_file("a.pcx", 0, 0, 3, 2, old.data(), 0, 0); },
+            .outcome =
+                [&] {
+                    const Bytes made = read_file("a.pcx");
+                    if (saved.empty()) saved = made;
+                    return std::to_string(result) + (made == old     ? " old"
+                                                     : made == saved ? " new"
+                                                     : std::equal(made.begin(), made.end(), saved.begin())
+                                                         ? " begun"
+                                                         : " wrong");
+                },
+            .right = "0 new",
+            .memory = {"-1 old"},
+            .files = {"-1 old", "0 begun"},
+            .prepare = [&] { write_file("a.pcx", old); }});
 }
 
 // Pictures of odd and even width go through other programs in both directions, as PPM, three components a

@@ -9,6 +9,7 @@
 #include "inkstone/timer.h"
 #include "support/calls.h"
 #include "support/files.h"
+#include "support/injection.h"
 #include "support/new_process.h"
 
 namespace {
@@ -26,6 +27,16 @@ TEST(ErrorLog, AppendsALineACall) {
     log_error_to_file("abc\n", "ERROR.MSG");
     log_error_to_file("", "ERROR.MSG");
     EXPECT_EQ(test::take_log(), "before\nabc\nabc\n\n\n");
+}
+
+TEST(ErrorLog, BearsEveryRefusal) {
+    test::inject({.group = "log_error_to_file",
+                  .use = [] { log_error_to_file("abc", "a log of a long name.txt"); },
+                  .outcome = [] { return test::read_text("a log of a long name.txt"); },
+                  .right = "abc\n",
+                  .memory = {""},
+                  .files = {"", "ab"},
+                  .prepare = [] { test::write_file("a log of a long name.txt", {}); }});
 }
 
 TEST_IN_NEW_PROCESS(QuitProcedures, RunNewestFirstAgainAndAgain) {

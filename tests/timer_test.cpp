@@ -8,9 +8,9 @@
 #include "inkstone/host.h"
 #include "inkstone/polling.h"
 #include "inkstone/runtime.h"
-#include "support/allocation.h"
 #include "support/calls.h"
 #include "support/files.h"
+#include "support/injection.h"
 
 namespace {
 
@@ -225,23 +225,41 @@ TEST(Polling, SurvivesAProcedureThatChangesItsOwnList) {
     PollingClear(0);  // the execution that was left does not count any more
 }
 
-TEST(Polling, ReportsMemoryThatRunsOut) {
-    if (!test::kAllocationsCanFail) GTEST_SKIP();
-    const auto fails = [](std::int32_t (*call)()) {
-        std::int32_t result = 0;
-        return test::fail_each_allocation([&] { result = call(); }, [&] { EXPECT_EQ(result, -2); });
-    };
-    test::take_log();
-    EXPECT_EQ(fails([] {
-                  PollingClear(5);
-                  return PollingInit(5);
-              }),
-              1U);
-    EXPECT_EQ(test::take_log(), "PollingInit(5) error\nPollingInit(5) error\n");
-    EXPECT_EQ(fails([] { return PollingAppend(5, say<'5'>); }), 1U);
-    EXPECT_EQ(fails([] { return PollingInsert(5, say<'6'>, say<'5'>); }), 1U);
-    EXPECT_EQ(run(5), "5665");
+TEST(Polling, BearsEveryRefusal) {
+    std::int32_t results[3];
+    test::inject({.group = "PollingInit, PollingAppend, PollingInsert, PollingExecute, PollingClear",
+                  .use =
+                      [&] {
+                          results[0] = PollingInit(5);
+                          results[1] = PollingAppend(5, say<'5'>);
+                          results[2] = PollingInsert(5, say<'6'>, say<'5'>);
+                      },
+                  .outcome =
+                      [&] {
+                          std::string told;
+                          for (const std::int32_t result : results) told += std::to_string(result) + ' ';
+                          return told + run(5);
+                      },
+                  .right = "0 0 0 56",
+                  .memory = {"-2 -2 -2 | PollingInit(5) error", "0 -2 -2 ", "0 0 -2 5"},
+                  .prepare = [] { PollingClear(5); }});
     PollingClear(5);
+}
+
+TEST(Timer, BearsEveryRefusal) {
+    std::int32_t result = 0;
+    test::inject({.group = "SetupTimerProc, ClearTimerProc",
+                  .use = [&] { result = SetupTimerProc(nullptr); },
+                  .outcome =
+                      [&] {
+                          HOST_advance_clock(55'000);
+                          fnCheckMessage();
+                          return std::to_string(result) + (GetTimerTick(3) == 1 ? " ticks" : "");
+                      },
+                  .right = "0 ticks",
+                  .machine = {"-2"},
+                  .prepare = [] { ClearTimerProc(nullptr), SetTimerTick(3, 0); },
+                  .may_end_process = true});
 }
 
 }  // namespace

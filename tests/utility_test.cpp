@@ -11,8 +11,8 @@
 
 #include "inkstone/host.h"
 #include "inkstone/mac.h"
-#include "support/allocation.h"
 #include "support/files.h"
+#include "support/injection.h"
 #include "support/new_process.h"
 #include "support/script.h"
 
@@ -179,7 +179,7 @@ TEST(Utility, MakesWholePaths) {
     EXPECT_EQ(whole_in(256), ".\\X");
 }
 
-TEST(Utility, BearsNullsAndMemoryThatRunsOut) {
+TEST(Utility, BearsNulls) {
     const std::uint8_t bytes[] = {1, 2, 3, 4};
     char path[] = "x", whole[512] = "old", kept[] = "README.TXT";
     std::int32_t position = 0;
@@ -197,16 +197,43 @@ TEST(Utility, BearsNullsAndMemoryThatRunsOut) {
     get_str(nullptr, "x", &position, 0, 1);
     EXPECT_EQ(position, 0);
     get_time(nullptr);
-    if (!test::kAllocationsCanFail) GTEST_SKIP();
-    const std::string deep = "some directory/whose name is long/enough to need memory";
-    std::int32_t result = 0;
-    const auto refused = [&] { EXPECT_EQ(result, -2); };
-    EXPECT_GT(test::fail_each_allocation([&] { result = check_directory_exist(deep.c_str()); }, refused), 0U);
-    EXPECT_GT(test::fail_each_allocation([&] { result = check_file_exist(deep.c_str()); }, refused), 0U);
-    EXPECT_GT(
-        test::fail_each_allocation([&] { oper_whole_path(path, whole); }, [&] { EXPECT_STREQ(whole, ""); }),
-        0U);
-    EXPECT_NE(std::string(whole), "");
+}
+
+TEST(Utility, BearsEveryRefusal) {
+    const std::string deep = "some directory whose name is long/enough to need memory";
+    char path[] = "some directory whose name is long", made_path[] = "another name that is as long as that",
+         whole[512];
+    std::int32_t file = 0, directory = 0, made = 0, removed = 0;
+    std::filesystem::create_directory(path);
+    test::write_text(deep, "x");
+    test::inject(
+        {.group = "check_file_exist, check_directory_exist, make_directory, oper_whole_path",
+         .use =
+             [&] {
+                 file = check_file_exist(deep.c_str());
+                 directory = check_directory_exist(path);
+                 made = make_directory(made_path);
+                 removed = remove_directory(made_path);
+                 oper_whole_path(path, whole);
+             },
+         .outcome =
+             [&] {
+                 return std::to_string(file) + ' ' + std::to_string(directory) + ' ' + std::to_string(made) +
+                        ' ' + std::to_string(removed) + (std::string(whole).empty() ? " none" : " whole");
+             },
+         .right = "0 0 0 0 whole",
+         .memory = {"-2 -2 -2 -2 none", "-2 0 0 0 whole", "0 -2 -2 -2 none", "0 -2 0 0 whole",
+                    "0 0 -2 -2 none", "0 0 -2 -2 whole", "0 0 0 -2 none", "0 0 0 -2 whole", "0 0 0 0 none"},
+         .files = {"-2 -2 0 0 whole", "-2 0 0 0 whole", "0 -2 0 0 whole"},
+         .prepare = [&] { std::filesystem::remove(made_path); }});
+    std::int32_t big5 = 0, drive = 0;
+    HOST_set_setting("CHINESBIG5(88)", "yes");
+    test::inject({.group = "check_big5, get_cdrom_drive",
+                  .use = [&] { big5 = check_big5(), drive = get_cdrom_drive(); },
+                  .outcome = [&] { return std::to_string(big5) + ' ' + std::to_string(drive); },
+                  .right = "0 3",
+                  .machine = {"-2 -1", "-2 3", "0 -1"}});
+    HOST_set_setting("CHINESBIG5(88)", nullptr);
 }
 
 TEST(Utility, AsksTheMachine) {

@@ -10,9 +10,9 @@
 
 #include "inkstone/host.h"
 #include "inkstone/runtime.h"
-#include "support/allocation.h"
 #include "support/calls.h"
 #include "support/guarded.h"
+#include "support/injection.h"
 #include "support/new_process.h"
 
 namespace {
@@ -192,23 +192,38 @@ TEST(View, TakesNewPlacesWhileEnabled) {
     HOST_close_window(window);
 }
 
-TEST(View, EndsTheProcessWithoutMemoryOrRoomForItsQuitProcedure) {
-    std::vector<std::uint8_t> buffer(64 * 48);
-    WViewInit(nullptr, 0, 0, 64, 48, buffer.data());
+TEST(View, EndsTheProcessWithoutRoomForItsQuitProcedure) {
     const auto full = [] {
         while (PushQuitProc([] {}) == 0) continue;
         WViewEnable();
     };
     EXPECT_EXIT(full(), testing::ExitedWithCode(1), "PUSHQUIT ERROR !!!");
-    if (!test::kAllocationsCanFail) return;
-    const auto exhausted = [](auto call) {
-        const test::FailingAllocation failing(0);
-        call();
-    };
-    EXPECT_EXIT(exhausted(WViewEnable), testing::ExitedWithCode(1), "MEMORY ERROR !!!");
-    WViewEnable();
-    EXPECT_EXIT(exhausted([] { WViewMoveBuffer2Screen(0, 0, 9, 9); }), testing::ExitedWithCode(1),
-                "MEMORY ERROR !!!");
+}
+
+TEST(View, BearsEveryRefusal) {
+    std::vector<std::uint8_t> buffer(64 * 48, 7);
+    const HWND window = HOST_open_window("w", 64, 48, nullptr);
+    std::vector<std::uint8_t> blank(buffer.size());
+    test::inject({.group = "WViewEnable, WViewBuffer2Screen, WViewMoveBuffer2Screen, WViewDisable",
+                  .use =
+                      [&] {
+                          WViewInit(window, 0, 0, 64, 48, buffer.data());
+                          WViewEnable();
+                          WViewBuffer2Screen();
+                          WViewMoveBuffer2Screen(0, 0, 9, 9);
+                          WViewSet1Palette(7, 1, 2, 3);
+                          WViewDisable();
+                      },
+                  .outcome = [&] { return shown(window, 64 * 48) == buffer ? "shown" : "not shown"; },
+                  .right = "shown",
+                  .memory = {"ends: SystemError: MEMORY ERROR !!!"},
+                  .prepare =
+                      [&] {
+                          WViewInit(window, 0, 0, 64, 48, blank.data());
+                          WViewEnable(), WViewBuffer2Screen(), WViewDisable();
+                      },
+                  .may_end_process = true});
+    HOST_close_window(window);
 }
 
 }  // namespace

@@ -6,13 +6,12 @@
 #include <cmath>
 #include <cstdlib>
 #include <numbers>
-#include <set>
 #include <tuple>
 
 #include "inkstone/host.h"
 #include "inkstone/runtime.h"
-#include "support/allocation.h"
 #include "support/calls.h"
+#include "support/injection.h"
 #include "support/new_process.h"
 #include "support/sound.h"
 
@@ -202,60 +201,62 @@ TEST(Wave, GetsOverLostMemoryAndUnknownStatus) {
     EXPECT_EQ(test::left(test::listen(3)), (std::vector<int>{5, 6, 0}));
 }
 
-// How a load ends when its allocation of that number is refused: 0 well, 1 fatally, 2 with its failure
-// result.
-int end_of_load(std::size_t refused) {
-    int code = -1;
-    const auto load = [refused] {
-        DS_init(nullptr);
-        test::FailingAllocation failing(refused);
-        const std::int32_t result = DS_load_wave_channel("a.wav", 0);
-        failing.disarm();
-        std::exit(result == 0 ? 0 : 2);
+TEST(WaveDeath, BearsEveryRefusal) {
+    const HWND window = HOST_open_window("w", 8, 8, nullptr);
+    test::write_wave("a.wav", std::vector<int>(20, 1000), 22050);
+    std::int32_t result = 0;
+    const auto outcome = [&] {
+        return std::to_string(result) + (test::listen(2)[1][0] != 0 ? " heard" : "");
     };
-    const auto ended = [&code](int status) {
-        for (code = 2; code >= 0 && !testing::ExitedWithCode(code)(status);) --code;
-        return code >= 0;
-    };
-    EXPECT_EXIT(load(), ended, "") << refused;
-    return code;
-}
-
-TEST(WaveDeath, LoadsOrFailsWhateverMemoryThereIs) {
-    if (!test::kAllocationsCanFail) GTEST_SKIP();
-    test::write_wave("a.wav", noise(500), 22050);
-    std::set<int> ends;
-    std::size_t refused = 0;
-    for (int code = -1; code != 0; ++refused) ends.insert(code = end_of_load(refused));
-    EXPECT_EQ(ends, (std::set<int>{0, 1, 2}));
-    EXPECT_GT(refused, 4U);
-}
-
-TEST(WaveDeath, EveryRefusalOfTheDeviceIsFatal) {
-    test::write_wave("a.wav", noise(500));
-    const auto whole_life = [](const char *fail) {
-        const HWND window = HOST_open_window("w", 8, 8, nullptr);
-        test::record_calls(fail);
-        DS_init(window);
-        DS_load_wave("a.wav");
+    const auto play = [&] {
         for (int i = 0; i < 2; ++i) DS_start(0, 1);
-        DS_set_volume(0, -1);
-        DS_unload_wave(0);
+        DS_set_volume(0, 0);
     };
-    const std::pair<const char *, const char *> cases[] = {
-        {"create_sound", "Create DirectSound error"},
-        {"set_cooperative_level", "Set DirectSound CooperativeLevel error"},
-        {"create_buffer", "DS: CreateSoundBuffer error"},
-        {"lock_buffer", "DS: DirectSoundBuffer Lock error"},
-        {"unlock_buffer", "DS: DirectSoundBuffer Unlock error"},
-        {"play_buffer", "DS: Cannot start playing"},
-        {"set_buffer_position", "DS: Cannot set current position"},
-        {"set_buffer_volume", "DS: can not set volume"},
-        {"stop_buffer", "DS: can not stop sound"}};
-    for (const auto &[call, message] : cases)
-        EXPECT_EXIT(whole_life(call), testing::ExitedWithCode(1),
-                    std::string("message_box .+ 8240 SystemError ") + message + "\n");
-    // A format that the mixer does not have is refused by the device too.
+    test::inject(
+        {.group = "DS_init, DS_load_wave_channel, DS_start, DS_set_volume",
+         .use = [&] { DS_init(window), result = DS_load_wave_channel("a.wav", 0), play(); },
+         .outcome = outcome,
+         .right = "0 heard",
+         .memory = {"-2| ERROR : memory alloc error(DS)", "ends: SystemError: DS: CreateSoundBuffer error"},
+         .files = {"-2", "-2| ERROR : a.wav not a WAVE file(DS)", "-2| ERROR : error open file a.wav (DS)"},
+         .machine = {"ends: ", "ends: SystemError: Create DirectSound error",
+                     "ends: SystemError: DS: Cannot set current position",
+                     "ends: SystemError: DS: Cannot start playing",
+                     "ends: SystemError: DS: CreateSoundBuffer error",
+                     "ends: SystemError: DS: DirectSoundBuffer Lock error",
+                     "ends: SystemError: DS: DirectSoundBuffer Unlock error",
+                     "ends: SystemError: DS: can not set volume",
+                     "ends: SystemError: Set DirectSound CooperativeLevel error"},
+         .prepare = [] { DS_destroy(), HOST_advance_clock(1000000); },  // what fades out is past
+         .may_end_process = true});
+    test::inject(
+        {.group = "DS_load_wave, DS_start, DS_stop, DS_destroy",
+         .use =
+             [&] {
+                 result = DS_load_wave("a.wav"), play();
+                 DS_stop(0), DS_start(0, 1);
+                 DS_unload_wave(1);
+             },
+         .outcome = outcome,
+         .right = "0 heard",
+         .memory = {"ends: SystemError: DS: CreateSoundBuffer error",
+                    "ends: SystemError: DS: memory alloc error"},
+         .files = {"ends: SystemError: DS: WAVE file has no data chunk",
+                   "ends: SystemError: DS: can't open file", "ends: SystemError: DS: not a WAVE file"},
+         .machine = {"ends: ", "ends: SystemError: DS: Cannot set current position",
+                     "ends: SystemError: DS: Cannot start playing",
+                     "ends: SystemError: DS: CreateSoundBuffer error",
+                     "ends: SystemError: DS: DirectSoundBuffer Lock error",
+                     "ends: SystemError: DS: DirectSoundBuffer Unlock error",
+                     "ends: SystemError: DS: can not set volume",
+                     "ends: SystemError: DS: can not stop sound"},
+         .prepare = [&] { DS_init(window), HOST_advance_clock(1000000); },
+         .may_end_process = true});
+    DS_destroy();
+    HOST_close_window(window);
+}
+
+TEST(WaveDeath, AFormatThatTheMixerDoesNotHaveIsFatal) {
     for (const Bytes &format :
          {test::pcm(1, 44100, 12), test::pcm(3, 44100, 16), test::pcm(1, 99, 8), test::pcm(2, 200001, 8)}) {
         test::write_file("b.wav", test::riff(test::chunk("fmt ", format) + test::chunk("data", Bytes(48))));

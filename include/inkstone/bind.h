@@ -19,13 +19,13 @@ INK_BEGIN
 /* Binds the files that list_name lists into archive_name, which is created or replaced. Returns 0, or -1 with
    one line logged; the archive is not touched while the list is read:
 
-   - "LIST file <list> open error"
+   - "LIST file <list> open error": also when it cannot be read to its end
    - "BIND element file <name> open error": a listed file cannot be opened, or is the archive itself
    - "BIND element file <name> name too long": its name has more than 15 characters
    - "BIND file <archive> too large": the archive would have 2^31 bytes or more
    - "memory alloc error"
    - "file <name> open error": the archive, or then a listed file again, cannot be opened, or that file has
-     another size now; the archive is left as far as it was written
+     another size now or cannot be read whole; the archive is left as far as it was written
    - "file <archive> write error": the archive is left as far as it was written
 */
 INK_API int32_t BIND_bind_file(const char *archive_name, const char *list_name);

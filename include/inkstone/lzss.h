@@ -26,7 +26,8 @@ INK_BEGIN
 
 /* Compresses the file input_name into the file form as output_name, which is created or replaced. Returns 0,
    or -1 when a file cannot be opened, with "ERROR : file <name> open error(LZSS_compress_file)" logged; an
-   output that is the input counts as one that cannot. An output that cannot be written is logged as
+   output that is the input counts as one that cannot. The result is -1, too, when the input cannot be read to
+   its end: the output then holds what was read. An output that cannot be written is logged as
    BITIO_output_bits and BITIO_close_output_bit_file do. */
 INK_API int32_t LZSS_compress_file(const char *input_name, const char *output_name);
 

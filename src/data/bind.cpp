@@ -55,16 +55,18 @@ Piece new_piece() {
     return piece;
 }
 
-// Copies what a file has of a stretch; false when it cannot be written.
-bool copy(host::InputFile &from, std::uint64_t offset, std::uint64_t length, std::FILE *to,
-          const Piece &piece) {
+enum class Copied { whole, short_source, not_written };
+
+// Copies what a file has of a stretch.
+Copied copy(host::InputFile &from, std::uint64_t offset, std::uint64_t length, std::FILE *to,
+            const Piece &piece) {
     for (std::size_t part; length > 0; offset += part, length -= part) {
         const auto most = static_cast<std::size_t>(std::min<std::uint64_t>(length, kPiece));
         part = from.read(offset, {piece.get(), most});
-        if (part == 0) return true;
-        if (std::fwrite(piece.get(), 1, part, to) != part) return false;
+        if (part == 0) return Copied::short_source;
+        if (std::fwrite(piece.get(), 1, part, to) != part) return Copied::not_written;
     }
-    return true;
+    return Copied::whole;
 }
 
 struct ListedFile {
@@ -102,6 +104,10 @@ bool read_list(const char *list_name, const char *archive_name, std::vector<List
             log_error_format("BIND file %s too large", archive_name);
             return false;
         }
+    }
+    if (std::ferror(list.get()) != 0) {  // a part of the list would make a part of the archive
+        log_error_format("LIST file %s open error", list_name);
+        return false;
     }
     const auto contents = static_cast<std::uint32_t>(kHeaderSize + kEntrySize * files.size());
     for (ListedFile &file : files) file.offset += contents;
@@ -221,7 +227,7 @@ bool extract(host::InputFile &archive, const char *archive_name, const std::uint
         return false;
     }
     left -= length;
-    const bool copied = copy(archive, offset, length, file.get(), piece);
+    const bool copied = copy(archive, offset, length, file.get(), piece) != Copied::not_written;
     if (host::close_file(std::move(file)) && copied) return true;
     log_not_written(name.data());
     return false;
@@ -247,12 +253,15 @@ int32_t BIND_bind_file(const char *archive_name, const char *list_name) {
     bool copied = true;
     for (const ListedFile &file : files) {
         host::InputFile contents(file.name.c_str());
-        // One that has another size now is not the file of which the directory tells.
-        if (!contents.is_open() || contents.size() != file.size) {
+        // One that has another size now, or comes up short, is not the file of which the directory tells.
+        const bool same = contents.is_open() && contents.size() == file.size;
+        const Copied result =
+            same ? copy(contents, 0, file.size, archive.get(), piece) : Copied::short_source;
+        if (result == Copied::short_source) {
             log_not_opened(file.name.c_str());
             return -1;
         }
-        copied = copied && copy(contents, 0, file.size, archive.get(), piece);
+        copied = copied && result == Copied::whole;
     }
     if (host::close_file(std::move(archive)) && copied) return 0;
     log_not_written(archive_name);

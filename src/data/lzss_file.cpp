@@ -151,7 +151,7 @@ int32_t LZSS_compress_file(const char *input_name, const char *output_name) {
     compress(bytes, tokens);
     tokens.end();
     BITIO_close_output_bit_file(output);
-    return 0;
+    return std::ferror(input.get()) == 0 ? 0 : -1;
 }
 
 int32_t LZSS_expand_file(const char *input_name, const char *output_name) {

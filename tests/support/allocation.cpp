@@ -1,5 +1,6 @@
 #include "support/allocation.h"
 
+#include <atomic>
 #include <cstdlib>
 #include <new>
 
@@ -7,6 +8,7 @@ namespace {
 
 bool armed = false, refuse_all_after = false, refused = false;
 std::size_t until_refusal = 0;
+std::atomic<std::size_t> living = 0;  // a machine with a real disc reads ahead in a thread of its own
 
 void *allocate(std::size_t size) {
     if (armed) {
@@ -16,7 +18,14 @@ void *allocate(std::size_t size) {
             return nullptr;
         }
     }
-    return std::malloc(size != 0 ? size : 1);
+    void *memory = std::malloc(size != 0 ? size : 1);
+    if (memory != nullptr) ++living;
+    return memory;
+}
+
+void release(void *memory) {
+    if (memory != nullptr) --living;
+    std::free(memory);
 }
 
 void *allocate_or_throw(std::size_t size) {
@@ -40,16 +49,16 @@ void *operator new[](std::size_t size, const std::nothrow_t &) noexcept {
     return allocate(size);
 }
 void operator delete(void *memory) noexcept {
-    std::free(memory);
+    release(memory);
 }
 void operator delete[](void *memory) noexcept {
-    std::free(memory);
+    release(memory);
 }
 void operator delete(void *memory, std::size_t) noexcept {
-    std::free(memory);
+    release(memory);
 }
 void operator delete[](void *memory, std::size_t) noexcept {
-    std::free(memory);
+    release(memory);
 }
 
 namespace test {
@@ -64,6 +73,10 @@ FailingAllocation::FailingAllocation(std::size_t failing, bool all_after) {
 bool FailingAllocation::disarm() {
     armed = false;
     return refused;
+}
+
+std::size_t living_allocations() {
+    return living;
 }
 
 }  // namespace test

@@ -2,8 +2,6 @@
 #pragma once
 
 #include <cstddef>
-#include <initializer_list>
-#include <limits>
 
 namespace test {
 
@@ -26,25 +24,7 @@ inline constexpr bool kAllocationsCanFail = false;
 inline constexpr bool kAllocationsCanFail = true;
 #endif
 
-// Calls operation with its first allocation refused, then with its second, ... and check after each, until it
-// comes through without asking for more; then the same with all later allocations refused as well.
-// operation's last call is one that succeeded. Returns how many allocations a call makes.
-template <class Operation, class Check>
-std::size_t fail_each_allocation(Operation operation, Check check) {
-    std::size_t count = 0;
-    if (!kAllocationsCanFail) {
-        operation();
-        return std::numeric_limits<std::size_t>::max();  // as many as one likes
-    }
-    for (const bool all_after : {true, false}) {
-        for (count = 0;; ++count) {
-            FailingAllocation failing(count, all_after);
-            operation();
-            if (!failing.disarm()) break;
-            check();
-        }
-    }
-    return count;
-}
+// How many blocks are allocated and not freed.
+std::size_t living_allocations();
 
 }  // namespace test
