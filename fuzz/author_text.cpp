@@ -9,6 +9,7 @@
 #include "build/recipe.h"
 #include "conf/lines.h"
 #include "files/source.h"
+#include "info/report.h"
 #include "picture/palette_file.h"
 #include "scratch.h"
 #include "strings/table.h"
@@ -24,10 +25,12 @@ void require(bool holds) {
 // Every palette can be written, and comes back.
 void palette(const char *name) {
     const StoredPalette read = read_palette(name);
-    require(is_palette_file(encode_palette(read, PaletteKind::library)));
-    const Bytes text = encode_palette(read, PaletteKind::gimp);
-    const StoredPalette again = read_palette(fuzz::as_file(text.data(), text.size()));
-    require(read.colours == again.colours && read.entries.last == again.entries.last);
+    for (const char *kind : {"pal", "gpl", "jasc", "png"}) {
+        const Bytes file = encode_palette(read, palette_kind(kind).value());
+        require(is_palette_file(file) == (kind == std::string_view("pal")));
+        const StoredPalette again = read_palette(fuzz::as_file(file.data(), file.size()));
+        require(read.colours == again.colours);
+    }
 }
 
 // A picture stands beside the description: the one that its frames are parts of.
@@ -63,6 +66,7 @@ void made(const char *name) {
         return a.words == b.words && a.inputs == b.inputs && a.outputs == b.outputs;
     };
     const std::vector<Made> read = read_made(name);
+    for (const Made &one : read) one.holds();
     write_made("made", read);
     require(std::ranges::equal(read, read_made("made"), same));
 }
@@ -72,6 +76,7 @@ void settings(const Bytes &file) {
     const Bytes set = with_value(file, "a", "b", "value");
     require(with_value(set, "a", "b", "value") == set && with_value(set, "A", "B", "other") != set);
     require(conf_lines(set).size() <= conf_lines(file).size() + 3);
+    if (const auto report = describe_conf(file)) require(report->rows.size() <= conf_lines(file).size());
 }
 
 }  // namespace

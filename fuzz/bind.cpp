@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "scratch.h"
+#include "support/allocation.h"
 
 namespace fs = std::filesystem;
 
@@ -24,11 +25,21 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         BIND_read("../input", offset, length, block.get());
     }
 
+    std::uint8_t none = 0;
+    if (BIND_open("nothing", name, &offset, &length) == 0 || BIND_read("nothing", 0, 1, &none) == 0 ||
+        BIND_bind_file("bound", "nothing") == 0 || BIND_bind_file("no/bound", "../input") == 0)
+        std::abort();
+    BIND_chop_file("nothing", nullptr);
     BIND_chop_file("../input", nullptr);
     std::uintmax_t total = 0;
     for (const auto &entry : fs::recursive_directory_iterator("."))
         if (entry.is_regular_file()) total += entry.file_size();
     if (total > 64 * size || fs::file_size("../input") != size) std::abort();
+    {
+        const test::FailingAllocation refusal(0, true);
+        if (BIND_bind_file("bound", "../input") == 0) std::abort();
+    }
+    BIND_bind_file("/dev/full", "../input");  // a disk without room
     if (BIND_bind_file("bound", "../input") == 0) BIND_chop_file("bound", nullptr);
 
     fs::current_path("..");

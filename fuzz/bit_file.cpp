@@ -2,6 +2,7 @@
 // what was read makes the same file when it is written.
 #include "inkstone/bitio.h"
 
+#include <bitset>
 #include <cstdlib>
 #include <vector>
 
@@ -31,6 +32,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         if (BITIO_input_bit(in) != single) std::abort();
         BITIO_output_bit(out, single ? -1 : 0);
     }
+    std::FILE *const digits = std::fopen("digits", "wb");
+    BITIO_file_print_binary(digits, data[0], 8);
+    std::fclose(digits);
+    if (test::read_text("digits") != std::bitset<8>(data[0]).to_string()) std::abort();
     BITIO_close_input_bit_file(in);
     BITIO_close_output_bit_file(out);
     test::Bytes expected = file;

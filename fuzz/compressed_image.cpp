@@ -19,6 +19,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     expected.assign(&block[8], &block[12]);
     block.insert(block.end(), data + 4, data + size);
     block.shrink_to_fit();
+    if (static_cast<std::size_t>(fnGetCompressImageSize(block.data())) != block.size() ||
+        static_cast<std::size_t>(fnGetCompressImageFrameSize(block.data())) != image.size())
+        std::abort();
     for (std::size_t at = 16; at < block.size(); ++at) {
         std::size_t count = 1;
         if (block[at] >= 0xC0) count = block[at++] & 0x3F;

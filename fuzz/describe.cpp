@@ -6,6 +6,7 @@
 
 #include "animation/formats.h"
 #include "info/report.h"
+#include "lzss/stream.h"
 #include "picture/picture_file.h"
 #include "png/png_file.h"
 
@@ -16,12 +17,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const char *const names[] = {"-", "a.FON"};
     try {
         if (const auto report = describe(file, names[data[0] % 2])) {
-            if (report->format.empty() || page_of("a", *report).empty()) std::abort();
+            if (report->format.empty() || page_of("a", *report).empty() ||
+                !json_of("a", *report).ends_with("]}"))
+                std::abort();
             for (const auto &row : report->rows)
                 if (row.size() != report->columns.size()) std::abort();
         }
     } catch (const std::runtime_error &) {
     }
+    if (lzss_memory_length(file) > 18 * static_cast<std::int64_t>(file.size())) std::abort();
     try {
         if (is_gif(file))
             for (const RawFrame &frame : decode_gif(file).frames)

@@ -3,6 +3,7 @@
 #include "support/drawing.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <iterator>
@@ -17,7 +18,7 @@ using namespace test;
 using fuzz::Numbers;
 
 constexpr int kBlits = static_cast<int>(std::size(kOperations));
-enum Other { kLine = kBlits, kDash, kCircle, kFill, kScale, kZoom, kOutline, kShadow, kGet, kCalls };
+enum Other { kLine = kBlits, kDash, kCircle, kFill, kScale, kZoom, kOutline, kShadow, kGet, kPoints, kCalls };
 
 void require(bool holds) {
     if (!holds) std::abort();
@@ -32,6 +33,7 @@ struct Drawn {
         std::copy(expected.begin(), expected.end(), pixels());
     }
     std::uint8_t *pixels() { return block.data() + 4; }
+    bool is_screen() const { return width == kWidth && height == kHeight; }
     bool holds() {
         return std::equal(expected.begin(), expected.end(), pixels()) && block.intact() &&
                std::equal(header.begin(), header.end(), block.data());
@@ -55,7 +57,7 @@ void figure(int which, Numbers &numbers, Drawn &drawn) {
     const int colour = numbers.number(), length = numbers.number(), end = numbers.number();
     const int w = drawn.width, h = drawn.height;
     std::uint8_t *const to = drawn.pixels();
-    const bool screen = w == kWidth && h == kHeight;
+    const bool screen = drawn.is_screen();
     const NaiveLine line(x1, y1, x2, y2);
     switch (which) {
         case kLine:
@@ -100,7 +102,8 @@ void zoom(Numbers &numbers, Drawn &screen) {
 void over_work_buffer(bool shadow, const Call &c, const Bytes &source, Drawn &screen) {
     const int d = c.a & 15;
     const Bytes picture = shadow ? shadow_of(source, c.w, c.h) : outlined(source, c.w, c.h, c.b, d);
-    Guarded work(picture.size());
+    const bool image = !shadow && (c.a & 16) != 0;
+    Guarded work(picture.size() + (image ? 4 : 0));
     Call drawn = c;
     drawn.bw = kWidth, drawn.bh = kHeight, drawn.a = 0;
     drawn.w = shadow ? c.w + c.w / 4 : c.w + 2 * d, drawn.h = shadow ? 3 * c.h / 4 : c.h + 2 * d;
@@ -110,20 +113,61 @@ void over_work_buffer(bool shadow, const Call &c, const Bytes &source, Drawn &sc
                 screen.expected, key);
     if (shadow)
         BUF_shadow_pest_bitmap(c.x, c.y, c.w, c.h, c.bitmap, screen.pixels(), work);
+    else if (image)
+        BUF_outline_pest_image(c.x, c.y, c.image, c.b, d, screen.pixels(), work);
     else
         BUF_outline_pest_bitmap(c.x, c.y, c.w, c.h, c.bitmap, c.b, d, screen.pixels(), work);
-    require(work.intact() && work.contents() == picture);
+    require(work.intact() && work.contents() == (image ? image_block(drawn.w, drawn.h, picture) : picture));
 }
 
 // A part of the buffer comes out as an image block that draws it again; what is not wholly inside stays where it is.
 void get(const Call &c, Drawn &from) {
     Guarded image(4 + static_cast<std::size_t>(c.w * c.h));
-    MEM_get_image(c.x, c.y, c.w, c.h, image, from.pixels(), from.width, from.height);
-    if (c.x >= 0 && c.y >= 0 && c.x + c.w <= from.width && c.y + c.h <= from.height)
+    const bool inside =
+        c.x >= 0 && c.y >= 0 && c.w > 0 && c.h > 0 && c.x + c.w <= from.width && c.y + c.h <= from.height;
+    if (from.is_screen())
+        BUF_get_image(c.x, c.y, c.w, c.h, image, from.pixels());
+    else
+        MEM_get_image(c.x, c.y, c.w, c.h, image, from.pixels(), from.width, from.height);
+    if (inside)
         MEM_put_image(c.x, c.y, image, from.pixels(), from.width, from.height);
     else
-        require(image.contents() == image_block(c.w, c.h, Bytes(image.size() - 4)));
+        require(image.contents() ==
+                image_block(from.is_screen() ? 0 : c.w, from.is_screen() ? 0 : c.h, Bytes(image.size() - 4)));
     require(image.intact());
+}
+
+// Single pixels and a cross, and the rectangle around all that is drawn within another.
+void points(const Call &c, Drawn &drawn) {
+    const int w = drawn.width, h = drawn.height;
+    int seen = 0, box[] = {c.x, c.y, c.w, c.h};
+    walk(drawn, [&](Canvas &canvas) {
+        for (std::int64_t away = -2; away <= 2; ++away)
+            canvas.write(c.x, c.y + away, c.b), canvas.write(c.x + away, c.y, c.b);
+        canvas.write(c.x, c.y, c.a);
+        seen = canvas.read(c.x, c.y);
+    });
+    MEM_draw_point_cross(c.x, c.y, c.b, w, h, drawn.pixels());
+    if (drawn.is_screen())
+        BUF_put_pixel(c.x, c.y, c.a, drawn.pixels());
+    else
+        MEM_put_pixel(c.x, c.y, c.a, w, h, drawn.pixels());
+    require(MEM_get_pixel(c.x, c.y, w, h, drawn.pixels()) == seen);
+    require(!drawn.is_screen() || BUF_get_pixel(c.x, c.y, drawn.pixels()) == seen);
+    const auto expected = rectangle_around(box[0], box[1], box[2], box[3], w, h, drawn.expected);
+    MEM_operate_image_size(&box[0], &box[1], &box[2], &box[3], w, h, drawn.pixels());
+    require(std::to_array(box) == expected);
+}
+
+// Lets the picture stand in the buffer that it is drawn on, if it fits.
+void put_inside(Call &c, Drawn &drawn, Bytes &source, unsigned place) {
+    if (source.size() + 4 > drawn.expected.size()) return;
+    const std::size_t at = place % (drawn.expected.size() - source.size() - 3);
+    const Bytes block = image_block(c.w, c.h, source);
+    std::copy(block.begin(), block.begin() + 4, drawn.expected.begin() + static_cast<std::ptrdiff_t>(at));
+    std::copy(block.begin(), block.begin() + 4, drawn.pixels() + at);
+    c.image = drawn.pixels() + at, c.bitmap = c.image + 4;
+    source.assign(c.bitmap, c.bitmap + source.size());
 }
 
 }  // namespace
@@ -139,9 +183,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     Guarded key(expected_key.size());
     for (int calls = 0; numbers.left() && made && calls < 10; ++calls) {
         const int which = numbers.byte() % kCalls;
-        const bool on_screen = which < kBlits   ? kOperations[which].target == kScreen
-                               : which < kScale ? numbers.byte() % 2 == 0
-                                                : which != kGet;
+        const bool on_screen = which < kBlits                    ? kOperations[which].target == kScreen
+                               : which < kScale || which >= kGet ? numbers.byte() % 2 == 0
+                                                                 : true;
         Drawn &drawn = on_screen ? screen : memory;
         Call c{};
         c.bw = drawn.width, c.bh = drawn.height, c.buf = drawn.pixels(), c.key = key;
@@ -157,8 +201,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         }
         sprite.shrink_to_fit();
         c.image = sprite.data(), c.bitmap = sprite.data() + 4;
-        const Bytes source(sprite.begin() + 4, sprite.end());
+        Bytes source(sprite.begin() + 4, sprite.end());
+        require(!has_source ||
+                IMG_get_image_size(c.image, nullptr, nullptr) == static_cast<int>(sprite.size()));
         if (which < kBlits) {
+            if (const unsigned inside = numbers.byte(); has_source && inside % 4 == 1)
+                put_inside(c, drawn, source, inside << 8 | numbers.byte());
             draw_slowly(kOperations[which], c, source, drawn.expected, expected_key);
             kOperations[which].call(c);
             require(key.intact() && std::equal(expected_key.begin(), expected_key.end(), key.data()));
@@ -167,12 +215,17 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         } else if (which == kScale) {
             const bool pest = (c.a & 1) != 0;
             scale_slowly(screen.expected, c.x, c.y, c.bw, c.bh, c.w, c.h, pest, source);
-            pest ? BUF_scale_pest_image(c.x, c.y, c.bw, c.bh, c.image, c.buf)
-                 : BUF_scale_put_bitmap(c.x, c.y, c.bw, c.bh, c.w, c.h, c.bitmap, c.buf);
+            if ((c.a & 2) != 0)
+                (pest ? BUF_scale_pest_image : BUF_scale_put_image)(c.x, c.y, c.bw, c.bh, c.image, c.buf);
+            else
+                (pest ? BUF_scale_pest_bitmap : BUF_scale_put_bitmap)(c.x, c.y, c.bw, c.bh, c.w, c.h,
+                                                                      c.bitmap, c.buf);
         } else if (which == kZoom) {
             zoom(numbers, screen);
         } else if (which == kGet) {
-            get(c, memory);
+            get(c, drawn);
+        } else if (which == kPoints) {
+            points(c, drawn);
         } else {
             over_work_buffer(which == kShadow, c, source, screen);
         }

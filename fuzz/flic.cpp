@@ -2,6 +2,7 @@
 #include "inkstone/flic.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <vector>
 
 #include "scratch.h"
@@ -17,5 +18,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     std::int32_t frames = std::min(FLIC_open_flic_file(name, small, screens[small].data()), 200);
     while (frames-- >= 0 && FLIC_read_flic_data() == 0) FLIC_play_flic_frame();
     FLIC_close_flic_file();
+    // The next film starts with the palette of this one.
+    std::vector<std::uint8_t> palette(768);
+    FLIC_export_palette(palette.data());
+    FLIC_inport_palette(palette.data());
+    if (FLIC_open_flic_file("nothing", small, screens[small].data()) >= 0) std::abort();
     return 0;
 }

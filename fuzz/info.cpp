@@ -8,9 +8,20 @@
 #include <string>
 
 #include "scratch.h"
+#include "support/allocation.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
-    if (INFO_open_file(fuzz::as_file(data, size)) != 0) std::abort();
+    if (INFO_open_file("nothing") == 0) std::abort();
+    INFO_close_file();
+    for (std::size_t failing = 0; failing < 3; ++failing) {
+        const char *const name = fuzz::as_file(data, size);
+        test::FailingAllocation refusal(failing);
+        const bool opened = INFO_open_file(name) == 0;
+        if (refusal.disarm() && opened) std::abort();
+        INFO_close_file();
+    }
+    // One that is open is not opened again.
+    if (INFO_open_file(fuzz::as_file(data, size)) != 0 || INFO_open_file("input") == 0) std::abort();
     const std::string text(reinterpret_cast<const char *>(data), size);
     const auto after = [&text](char mark) {
         const std::size_t start = std::min(text.find(mark), text.size() - 1) + 1;

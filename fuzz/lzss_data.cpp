@@ -19,5 +19,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     test::Bytes expected = plain.expand_memory_form(code, expanded);
     expected.resize(expanded, 0xEE);
     if (!std::equal(expected.begin(), expected.end(), block.get())) std::abort();
+    // Compressed again it is no longer than a plain coder's.
+    std::uint32_t again = 0;
+    test::Bytes packed(expanded + expanded / 8 + 1);
+    LZSS_compress_data(block.get(), packed.data(), &expanded, &again);
+    packed.resize(again);
+    if (packed != plain.memory_form(expected)) std::abort();
     return 0;
 }

@@ -17,6 +17,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         if (const auto from = static_cast<std::size_t>(4 + at - first * 3); from < size)
             expected[static_cast<std::size_t>(at)] = data[from];
     PAL_read_palette(fuzz::as_file(data, size), palette.data());
+    PAL_read_palette("nothing", palette.data());
     if (palette != expected) std::abort();
     PAL_save_palette(first, end, "saved", palette.data());
     if (first < 0 || first > end || end > 256) return 0;

@@ -13,6 +13,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     if (pixels < 0 || pixels > 1 << 20) return 0;
     std::vector<std::uint8_t> picture(static_cast<std::size_t>(pixels)), again(picture.size());
     if (PCX_read_file(name, picture.data()) != 0 || width > 32767 || height > 32767) return 0;
+    std::vector<std::uint8_t> palette(768);
+    PCX_export_palette(palette.data());
+    PCX_inport_palette(palette.data());
+    if (PCX_save_file("no/saved", 0, 0, width, height, picture.data(), width, 0) == 0 ||
+        PCX_get_image_size("nothing", &width, &height) >= 0 || PCX_read_file("nothing", picture.data()) == 0)
+        std::abort();
     if (PCX_save_file("saved", 0, 0, width, height, picture.data(), width, 0) != 0) std::abort();
     if (PCX_get_image_size("saved", &width, &height) != pixels) std::abort();
     if (PCX_read_file("saved", again.data()) != 0 || again != picture) std::abort();

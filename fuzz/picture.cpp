@@ -14,6 +14,7 @@
 #include "film/can_file.h"
 #include "film/flic_film.h"
 #include "flic/reader.h"
+#include "png/png_file.h"
 #include "scratch.h"
 
 namespace {
@@ -44,8 +45,9 @@ const char *as_file(const Bytes &bytes) {
 }
 
 void write_again(const IndexedPicture &picture) {
-    for (const auto kind :
-         {PictureKind::png, PictureKind::pcx, PictureKind::image_block, PictureKind::compressed_image}) {
+    for (const char *name : {"png", "pcx", "img", "cim"}) {
+        const PictureKind kind = picture_kind(name).value();
+        require(extension_of(kind) == std::string_view(name));
         const auto file = unless_refused([&] { return encode_picture(picture, kind); });
         if (!file) continue;
         const IndexedPicture again = read_any_picture(as_file(*file)).indexed.value();
@@ -54,6 +56,12 @@ void write_again(const IndexedPicture &picture) {
         const bool has_palette = kind == PictureKind::png || kind == PictureKind::pcx;
         require(!has_palette || again.palette == picture.palette);
     }
+    // As colours, by libpng's own way of reading and writing.
+    if (picture.pixels.empty()) return;
+    write_png("colours", picture.width, picture.height, picture.pixels, bright_palette(picture.palette));
+    const RgbPicture colours = read_png_rgb("colours");
+    write_png_rgb("colours", colours.width, colours.height, colours.rgb);
+    require(read_png_rgb("colours").rgb == colours.rgb && colours.rgb.size() == 3 * picture.pixels.size());
 }
 
 void write_again(const Animation &animation) {
@@ -88,8 +96,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     if (const auto picture = unless_refused([&] { return read_picture(as_file(file), colouring); })) {
         if (picture->pixels.size() > 1 << 18) return 0;
         write_again(*picture);
-        palette_inside(file);
     }
+    unless_refused([&] { return palette_inside(file); });
     const auto animation = unless_refused([&] { return read_can(file); });
     for (auto &made : {animation, unless_refused([&] { return read_flic(file); }), unless_refused([&] {
                            return coloured(read_raw_animation({as_file(file)}), colouring);

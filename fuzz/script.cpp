@@ -1,6 +1,7 @@
 // Any bytes as a script file: loaded, every procedure run, with a game whose commands read operands of every
 // kind and now and then free, reload, replace or re-enter the script system. A window timer frees it after
 // some thousand instructions, as a game's quit does, so no loop lasts.
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -69,6 +70,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     HOST_set_timer(window, 1, 4);
     const bool loaded = MAC_load("script.mac") == 0;
     for (std::int32_t proc = -1; loaded && proc < 6; ++proc) MAC_driver(proc);
+    char name[sizeof(MAC_INFO_STRUCT::name)];
+    if (MAC_export_filename(name) != nullptr) MAC_set_variable(1, MAC_get_variable(0) + MAC_head_size());
+    if (MAC_load("nothing") == 0 || MAC_inport_info(nullptr) != 0) std::abort();
+    // A game without commands.
+    MAC_init("", "nowhere", 1, nullptr);
+    if (MAC_load("script.mac") == 0) MAC_driver(0);
     HOST_kill_timer(window, 1);
     MAC_free();
     return 0;

@@ -248,16 +248,9 @@ TEST(Draw, FindsTheRectangleAroundThePixels) {
         int x1 = random(-3, 22), y1 = random(-3, 22), x2 = random(-3, 30), y2 = random(-3, 30);
         if (i == 0) x1 = y1 = INT_MIN, x2 = y2 = INT_MAX;
         int box[] = {x1, y1, x2, y2};
-        x2 = std::min(x2, bw), y2 = std::min(y2, bh);
-        int left = x2, top = y2, right = x1, bottom = y1;
-        for (int y = 0; y < bh; ++y)
-            for (int x = 0; x < bw; ++x)
-                if (x >= x1 && x < x2 && y >= y1 && y < y2 && MEM_get_pixel(x, y, bw, bh, mem) != 0) {
-                    left = std::min(left, x), right = std::max(right, x);
-                    top = std::min(top, y), bottom = std::max(bottom, y);
-                }
+        const auto expected = rectangle_around(x1, y1, x2, y2, bw, bh, mem.contents());
         MEM_operate_image_size(&box[0], &box[1], &box[2], &box[3], bw, bh, mem);
-        ASSERT_EQ(std::to_array(box), (std::array{left, top, right, bottom})) << i;
+        ASSERT_EQ(std::to_array(box), expected) << i;
     }
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <cstdlib>
 
@@ -179,6 +180,20 @@ inline Bytes shadow_of(const Bytes &source, int w, int h) {
             picture[static_cast<std::size_t>(r * width + r * w / height / 4 + c)] =
                 source[static_cast<std::size_t>(4 * r / 3 * w + c)];
     return picture;
+}
+
+// The rectangle around the pixels that are drawn within a part of a buffer; turned inside out when there is none.
+inline std::array<int, 4> rectangle_around(int x1, int y1, int x2, int y2, int bw, int bh,
+                                           const Bytes &pixels) {
+    x2 = std::min(x2, bw), y2 = std::min(y2, bh);
+    int left = x2, top = y2, right = x1, bottom = y1;
+    for (int y = std::max(y1, 0); y < y2; ++y)
+        for (int x = std::max(x1, 0); x < x2; ++x)
+            if (pixels[static_cast<std::size_t>(y * bw + x)] != 0) {
+                left = std::min(left, x), right = std::max(right, x);
+                top = std::min(top, y), bottom = std::max(bottom, y);
+            }
+    return {left, top, right, bottom};
 }
 
 // The source pixel of each destination pixel by a division.
