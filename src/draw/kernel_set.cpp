@@ -119,20 +119,14 @@ Blit joined(const Blit &blit) {
     return whole;
 }
 
-// Longer ones are copied piece by piece: from some thousand bytes on the system leaves the copy to the processor's
-// instruction for strings, and where source and target begin at nearly the same place of their pages that takes some
-// processors fifteen times as long.
-constexpr Step kPiece = 1024;
-
+// Long rows are not joined: from some thousand bytes on the system leaves a copy to the processor's instruction for
+// strings, and where source and target begin at nearly the same place of their pages that takes some processors
+// fifteen times as long.
 void copy(const Blit &part) {
-    Blit blit = joined(part);
-    if (blit.columns < kLongRow) return walk(blit, [](auto source, auto, Step) { return source; });
+    if (part.columns < kLongRow) return walk(joined(part), [](auto source, auto, Step) { return source; });
+    Blit blit = part;
     for (; blit.rows > 0; --blit.rows, blit.to += blit.to_step, blit.from += blit.from_step)
-        for (Step x = 0; x < blit.columns; x += kPiece) {
-            const Step left = blit.columns - x;
-            __builtin_memcpy(blit.to + x, blit.from + x,
-                             static_cast<std::size_t>(left < kPiece ? left : kPiece));
-        }
+        __builtin_memcpy(blit.to, blit.from, static_cast<std::size_t>(blit.columns));
 }
 
 void copy_nonzero(const Blit &blit) {
