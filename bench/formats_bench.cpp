@@ -327,9 +327,14 @@ std::vector<IndexedPicture> film_pictures() {
     return pictures;
 }
 
+const Bytes &whole_film() {
+    static const Bytes film = flic::film(film_pictures(), 70);
+    return film;
+}
+
 void play_film(benchmark::State &state) {
     const std::string file = std::filesystem::temp_directory_path() / "ink-bench.flc";
-    ink::tool::write_bytes(file, flic::film(film_pictures(), 70));
+    ink::tool::write_bytes(file, whole_film());
     Bytes screen(kPixels), palette(768);
     for (auto _ : state) {
         for (int left = FLIC_open_flic_file(file.c_str(), 0, screen.data()); left > 0; --left) {
@@ -348,7 +353,7 @@ BENCHMARK(play_film)
 #if defined(HAS_FLIC_PEER)
 // Its frames out of memory, the file already taken apart.
 void play_film_libavcodec(benchmark::State &state) {
-    const Bytes film = flic::film(film_pictures(), 70);
+    const Bytes &film = whole_film();
     std::vector<Bytes> frames;
     for (std::size_t at = 128; at < film.size();) {
         const std::size_t size =

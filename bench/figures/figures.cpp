@@ -1,5 +1,5 @@
-// figures PAGE PLOTS SET=RESULTS...: puts the tables of what the benchmarks wrote for each instruction set into a
-// page, between the two lines that mark their place, and draws the plots of the last set into a directory beside it.
+// figures PAGE PLOTS SET=RESULTS,...: puts the tables of what the benchmarks wrote for each instruction set into a
+// page (of several results for a set the later replace the earlier), between the two lines that mark their place, and draws the plots of the last set into a directory beside it.
 // What was measured where, when and how is read from the standard input and stands before the tables.
 #include <cstdio>
 #include <filesystem>
@@ -30,15 +30,19 @@ int fail(const std::string &why) {
 }  // namespace
 
 int main(int argc, char **argv) {
-    if (argc < 4) return fail("usage: figures PAGE PLOTS SET=RESULTS...");
+    if (argc < 4) return fail("usage: figures PAGE PLOTS SET=RESULTS,...");
     const std::filesystem::path page_name = argv[1], plots = argv[2];
     std::vector<Run> runs;
     for (int i = 3; i < argc; ++i) {
         const std::string argument = argv[i];
         const std::size_t equals = argument.find('=');
         if (equals == std::string::npos) return fail(argument + " is no SET=RESULTS");
-        std::ifstream json(argument.substr(equals + 1));
-        runs.push_back({argument.substr(0, equals), read_results(json)});
+        runs.push_back({argument.substr(0, equals), {}});
+        std::istringstream names(argument.substr(equals + 1));
+        for (std::string name; std::getline(names, name, ',');) {
+            std::ifstream json(name);
+            read_results(runs.back().results, json);
+        }
         if (runs.back().results.sections.empty()) return fail(argument + " holds no figures");
     }
 

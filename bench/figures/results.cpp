@@ -82,24 +82,29 @@ Named &named(std::vector<Named> &all, std::string Named::*key, const std::string
     return all.back();
 }
 
-void add_point(std::vector<Growth> &growths, const std::vector<std::string> &parts, double time) {
+void set_point(std::vector<Growth> &growths, const std::vector<std::string> &parts, double time) {
     const std::size_t comma = parts[1].rfind(", ");
     Growth &growth = named(growths, &Growth::title, parts[1].substr(0, comma));
     growth.unit = parts[1].substr(comma + 2);
-    named(growth.lines, &Growth::Line::who, parts[2])
-        .points.push_back({std::strtod(parts.back().c_str(), nullptr), time});
+    std::vector<Growth::Point> &points = named(growth.lines, &Growth::Line::who, parts[2]).points;
+    const double size = std::strtod(parts.back().c_str(), nullptr);
+    const auto found = std::find_if(points.begin(), points.end(),
+                                    [&](const Growth::Point &point) { return point.size == size; });
+    if (found != points.end())
+        found->time = time;
+    else
+        points.push_back({size, time});
 }
 
 }  // namespace
 
-Results read_results(std::istream &json) {
-    Results results;
+void read_results(Results &results, std::istream &json) {
     for (const Measured &measured : read_times(json)) {
         const std::vector<std::string> parts = split(measured.name);
         if (parts.size() < 3) continue;
         const double time = median(measured.times);
         if (parts[0] == "Growth") {
-            add_point(results.growths, parts, time);
+            set_point(results.growths, parts, time);
             continue;
         }
         std::string which = measured.label;
@@ -113,7 +118,6 @@ Results read_results(std::istream &json) {
         std::erase_if(section.rows, [](const Row &row) { return !row.measured(kOurs); });
     std::sort(results.sections.begin(), results.sections.end(),
               [](const Section &a, const Section &b) { return a.name < b.name; });
-    return results;
 }
 
 }  // namespace figures

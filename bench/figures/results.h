@@ -39,8 +39,8 @@ struct Results {
     std::vector<Growth> growths;    // those of the section of that name: Growth/TITLE, UNIT/WHO/SIZE
 };
 
-// Reads what --benchmark_format=json writes.
-Results read_results(std::istream &json);
+// Reads what --benchmark_format=json writes, over what an earlier run gave.
+void read_results(Results &results, std::istream &json);
 
 // Us; and who stands beside: a limit's name begins with that word, that of plain code of our own, which is measured
 // to know what clever code is worth, with the other. All others are peers.

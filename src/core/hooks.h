@@ -1,6 +1,8 @@
 // The hooks a game installs in the library's waits and key readers, and the turns of those waits.
 #pragma once
 
+#include <cstdint>
+
 #include "inkstone/types.h"
 
 namespace ink {
@@ -19,9 +21,11 @@ void tab_pressed();
 // not known here.
 class Wait {
   public:
-    void rest(INK_PROCEDURE pump = idle_procedure());
+    // What is waited for comes with a message, or after so many milliseconds.
+    void rest(INK_PROCEDURE pump = idle_procedure(), std::uint32_t milliseconds = kUntilMessage);
 
   private:
+    static constexpr std::uint32_t kUntilMessage = 1000;
     bool began_ = false;
 };
 

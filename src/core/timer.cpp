@@ -50,8 +50,8 @@ void idle() {
     idle_procedure()();
 }
 
-void Wait::rest(INK_PROCEDURE pump) {
-    if (std::exchange(began_, true) && pump == fnCheckMessage) host::machine().messages.rest();
+void Wait::rest(INK_PROCEDURE pump, std::uint32_t milliseconds) {
+    if (std::exchange(began_, true) && pump == fnCheckMessage) host::machine().messages.rest(milliseconds);
 }
 
 void tab_pressed() {
@@ -102,7 +102,7 @@ uint32_t get_time_delay(void) {
 // once.
 void wait_time_delay(uint32_t milliseconds) {
     for (ink::Wait wait; delay_mark < delay_start + milliseconds;) {
-        wait.rest();
+        wait.rest(ink::idle_procedure(), delay_start + milliseconds - delay_mark);
         delay_mark = ink::host::machine().timers.milliseconds();
         ink::idle();
     }

@@ -43,9 +43,9 @@ class Messages {
     virtual void post(const Message &message) = 0;
     virtual void post_quit(std::int32_t exit_code) = 0;
     // Lets the processor rest until something may have changed for one who waits: until a message comes, a
-    // timer falls due or milliseconds() gives another number, a millisecond at most. A machine whose time is
-    // simulated has nothing to wait for.
-    virtual void rest() {}
+    // timer falls due or milliseconds() has gone on by so many. A machine whose time is simulated has nothing to
+    // wait for.
+    virtual void rest(std::uint32_t /*milliseconds*/) {}
     // Shows a box with one button and waits until it is closed. Where there are no boxes its text goes to
     // the standard error output.
     virtual void message_box(HWND owner, const char *text, const char *caption, std::uint32_t style);

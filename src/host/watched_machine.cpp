@@ -101,7 +101,7 @@ class WatchedMachine final : public Windows,
     void dispatch(const Message &message) override { behind_.messages.dispatch(message); }
     void post(const Message &message) override { behind_.messages.post(message); }
     void post_quit(std::int32_t exit_code) override { behind_.messages.post_quit(exit_code); }
-    void rest() override { behind_.messages.rest(); }
+    void rest(std::uint32_t milliseconds) override { behind_.messages.rest(milliseconds); }
     void message_box(HWND owner, const char *text, const char *caption, std::uint32_t style) override {
         if (allowed("message_box", owner, style, caption, text))
             behind_.messages.message_box(owner, text, caption, style);

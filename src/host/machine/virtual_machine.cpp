@@ -122,11 +122,11 @@ bool VirtualMachine::get(Message &message) {
     return message.id != WM_QUIT;
 }
 
-void VirtualMachine::rest() {
+void VirtualMachine::rest(std::uint32_t milliseconds) {
     if (clock_.simulated() || !queue_.empty()) return;
     // Those who wait see the time in whole milliseconds, and no timer that falls due is late.
     const std::uint64_t now = clock_.now();
-    ends_->rest(*this, std::min(timers_.next_due(), (now / kMillisecond + 1) * kMillisecond));
+    ends_->rest(*this, std::min(timers_.next_due(), (now / kMillisecond + milliseconds) * kMillisecond));
 }
 
 void VirtualMachine::dispatch(const Message &message) {

@@ -57,7 +57,7 @@ class VirtualMachine final : public Windows, public Bench, public Messages, publ
     void dispatch(const Message &message) override;
     void post(const Message &message) override { queue_.post(message); }
     void post_quit(std::int32_t exit_code) override { queue_.post_quit(exit_code); }
-    void rest() override;
+    void rest(std::uint32_t milliseconds) override;
     void message_box(HWND owner, const char *text, const char *caption, std::uint32_t style) override;
 
     bool set_timer(HWND window, std::uint32_t id, std::uint32_t interval_ms,

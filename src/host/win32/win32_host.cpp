@@ -70,7 +70,9 @@ class Win32Messages final : public Messages {
         PostMessageA(message.window, message.id, message.wparam, message.lparam);
     }
     void post_quit(std::int32_t exit_code) override { PostQuitMessage(exit_code); }
-    void rest() override { MsgWaitForMultipleObjects(0, nullptr, FALSE, 1, QS_ALLINPUT); }
+    void rest(std::uint32_t milliseconds) override {
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, milliseconds, QS_ALLINPUT);
+    }
     void message_box(HWND owner, const char *text, const char *caption, std::uint32_t style) override {
         MessageBoxA(owner, text, caption, style);
     }
