@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 constexpr std::int64_t kMostPixels = 1 << 26;
 
 RawAnimation read_one(const fs::path &name, bool placed) {
-    if (name.extension() == ".sheet") return read_sheet(name);
+    if (ending_of(name) == "sheet") return read_sheet(name);
     const Bytes file = read_bytes(name);
     if (is_gif(file)) {
         try {
@@ -23,7 +23,7 @@ RawAnimation read_one(const fs::path &name, bool placed) {
             throw FileError(name, error.what());
         }
     }
-    RawFrame frame{read_any_picture(name)};
+    RawFrame frame{any_picture_of(file, name)};
     if (placed && frame.picture.indexed) {
         frame.x = frame.picture.indexed->x;
         frame.y = frame.picture.indexed->y;
@@ -177,18 +177,18 @@ void trim(Animation &animation) {
 
 std::vector<std::pair<fs::path, Bytes>> files_of(const Animation &animation, const fs::path &place,
                                                  bool transparent) {
-    const std::string ending = name_of(place.extension());
-    if (ending == ".gif") return {{place, encode_gif(animation, transparent)}};
-    if (ending == ".apng") return {{place, encode_apng(animation, transparent)}};
+    const std::string ending = ending_of(place);
+    if (ending == "gif") return {{place, encode_gif(animation, transparent)}};
+    if (ending == "apng") return {{place, encode_apng(animation, transparent)}};
     std::vector<std::pair<fs::path, Bytes>> files;
-    if (ending == ".sheet") {
+    if (ending == "sheet") {
         const fs::path picture = fs::path(place).replace_extension(".png");
         const auto [sheet, text] = sheet_of(animation, name_of(picture.filename()));
         files.emplace_back(picture, encode_picture(sheet, PictureKind::png, transparent));
         files.emplace_back(place, bytes_of(text));
         return files;
     }
-    if (!ending.empty() && !fs::is_directory(place))
+    if (place == kStream || (!ending.empty() && !fs::is_directory(place)))
         throw std::runtime_error("say where to: a folder, or a name that ends in .sheet, .gif or .apng");
     std::string text = head_of(animation);
     for (std::size_t i = 0; i < animation.frames.size(); ++i) {

@@ -36,6 +36,10 @@ struct RawAnimation {
 // where their own files place them; descriptions place them in any case. Throws FileError and SourceError.
 RawAnimation read_raw_animation(const std::vector<std::string> &names, bool placed = true);
 
+// Every frame of an animated GIF as it is seen, on the whole of the picture. Throws std::runtime_error.
+bool is_gif(std::span<const std::uint8_t> file);
+RawAnimation decode_gif(const Bytes &file);
+
 // All frames as pictures of indices: as they are where every one has a palette and none is to be coloured
 // again, otherwise in the colours of one palette for all of them.
 Animation coloured(const RawAnimation &raw, const Colouring &colouring);
