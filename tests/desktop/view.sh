@@ -33,12 +33,14 @@ manager_pid=$!
 manages() { xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'; }
 soon "a window manager" manages
 
-# Windows that vanish while they are counted are no failure.
+# A window may be made anew while it opens, so it is looked for before each use; one that vanishes while windows are
+# counted is no failure.
 opened() {
-    window=$(xwininfo -root -tree 2>/dev/null | awk -v title="\"$1\":" '!n && index($0, title) { print $1; n = 1 }') || true
+    window=$(xwininfo -root -tree 2>/dev/null | awk -v title="\"$title\":" '!n && index($0, title) { print $1; n = 1 }') || true
     [ -n "$window" ]
 }
 has_focus() {
+    opened || return 1
     [ "$(timeout 10 xdotool getwindowfocus 2>/dev/null)" = "$((window))" ] && return
     timeout 5 xdotool windowactivate "$window" 2>/dev/null
     return 1
@@ -48,14 +50,15 @@ gone() { ! kill -0 "$view_pid" 2>/dev/null; }
 view() {
     "$ink" view "$@" &
     view_pid=$!
-    soon "$1 opens a window" opened "$1"
+    title=$1
+    soon "$1 opens a window" opened
 }
 # Keys go to the window that has the focus.
 press() {
     soon "the window has the focus" has_focus
     timeout 10 xdotool key "$@"
 }
-take() { timeout 10 import -window "$window" "$1" 2>/dev/null; }
+take() { opened && timeout 10 import -window "$window" "$1" 2>/dev/null; }
 # The window is filled by the picture NAME.png, each pixel two or more wide and high; one of 640 columns may stand as it is.
 is_shown() {
     local times

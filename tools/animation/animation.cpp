@@ -111,7 +111,8 @@ RawAnimation read_raw_animation(const std::vector<std::string> &names, bool plac
     return all;
 }
 
-Animation coloured(const RawAnimation &raw, const Colouring &colouring) {
+Animation coloured(const RawAnimation &raw, const Colouring &colouring,
+                   const std::function<void(std::size_t)> &done) {
     Animation made;
     made.anchor_x = raw.anchor_x;
     made.anchor_y = raw.anchor_y;
@@ -132,6 +133,7 @@ Animation coloured(const RawAnimation &raw, const Colouring &colouring) {
         frame.picture.x = from.x;
         frame.picture.y = from.y;
         made.frames.push_back(std::move(frame));
+        if (done) done(made.frames.size());
     }
     return made;
 }

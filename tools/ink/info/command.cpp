@@ -30,17 +30,17 @@ Report report_of(const std::filesystem::path &name) {
 }
 
 void info(const Arguments &arguments) {
-    std::vector<std::string> faulty;
+    std::vector<FileError> faulty;
     std::string text;
     const auto names = expand_patterns(arguments.files);
     for (const std::string &name : names) {
         Report report = report_of(path_of(name));
-        if (!report.faults.empty()) faulty.push_back(name);
+        if (!report.faults.empty()) faulty.emplace_back(path_of(name), report.faults.front());
         if (!text.empty()) text += arguments.json ? ",\n" : "\n";
         text += arguments.json ? json_of(name, report) : page_of(name, report);
     }
     write_text(kStream, arguments.json ? '[' + text + "]\n" : text);
-    if (faulty.size() == 1) throw FileError(path_of(faulty[0]), "is not as its format wants it");
+    if (faulty.size() == 1) throw faulty[0];
     if (!faulty.empty())
         throw std::runtime_error(std::to_string(faulty.size()) + " of " + counted(names.size(), "file") +
                                  " are not as their formats want them");
