@@ -1,11 +1,12 @@
-# Another FLIC decoder to compare with, libavcodec's, where its development files are installed. What links this target
-# has HAS_FLIC_PEER defined then. That of the build machine serves no other system.
+# Another FLIC decoder to compare with, libavcodec's, and the files around it as libavformat reads them, where their
+# development files are installed. What links this target has HAS_FLIC_PEER defined then. Those of the build machine
+# serve no other system.
 add_library(inkstone_flic_peer INTERFACE)
 if(NOT CMAKE_CROSSCOMPILING)
   find_package(PkgConfig)
 endif()
 if(PkgConfig_FOUND)
-  pkg_check_modules(LIBAV IMPORTED_TARGET libavcodec libavutil)
+  pkg_check_modules(LIBAV IMPORTED_TARGET libavformat libavcodec libavutil)
 endif()
 if(LIBAV_FOUND)
   target_link_libraries(inkstone_flic_peer INTERFACE PkgConfig::LIBAV)

@@ -48,7 +48,7 @@ void sheet(const char *name) {
 }
 
 void recipes(const char *name) {
-    for (const Recipe &recipe : read_recipes(name))
+    for (const Recipe &recipe : read_recipes(name, name))
         require(!recipe.words.empty() && recipe.place.column < recipe.place.line.size());
 }
 

@@ -187,10 +187,10 @@ TEST(InkMac, BuildsRunsAndListsTheExampleOfThePage) {
     EXPECT_FALSE(exists("wrong.mac"));
     EXPECT_EQ(ink("build gate.mac -o gate.mac").substr(0, 19), "failed: gate.mac:1:");
     EXPECT_EQ(ink("run gate.mas -p nobody"),
-              "failed: ink: procedure \"nobody\" is no number and no known name\n");
-    EXPECT_EQ(ink("run gate.mas -p 2"), "failed: ink: there is no procedure 2\n");
+              "failed: ink: gate.mas: procedure \"nobody\" is no number and no known name\n");
+    EXPECT_EQ(ink("run gate.mas -p 2"), "failed: ink: gate.mas: there is no procedure 2\n");
     EXPECT_EQ(ink("run gate.mas -s 100=1"),
-              "failed: ink: there is no variable 100; there are 100, more with --variables\n");
+              "failed: ink: gate.mas: there is no variable 100; there are 100, more with --variables\n");
     // A source is not written over, whatever its name is.
     for (const char *command :
          {"build gate.mas -o ./gate.mas", "build gate.mas -o commands.mas", "dump gate.mac -o ./gate.mac",

@@ -3,11 +3,19 @@
 
 #include <algorithm>
 #include <random>
+#include <sstream>
+#include <tuple>
 
 #include "inkstone/bind.h"
 #include "inkstone/palette.h"
 #include "png/png_file.h"
 #include "support/tool.h"
+#if !defined(_WIN32)
+#include <unistd.h>
+#endif
+#if defined(HAS_FLIC_PEER)
+#include "support/film_peer.h"
+#endif
 
 namespace {
 
@@ -196,6 +204,21 @@ TEST(AnimationTool, TakesAnimationsAndFilmsApartAndPutsThemTogether) {
     const RgbPicture seen = read_png_rgb("b.apng");  // its first frame
     for (std::size_t i = 0; i < seen.rgb.size(); ++i)
         ASSERT_EQ(seen.rgb[i], colours[3U * pixels(0)[i / 3] + i % 3]);
+#if defined(HAS_FLIC_PEER)
+    // What another program makes of them: a film ends with the frame that leads back to the first.
+    for (const auto &[name, count, times] : {std::tuple{"a.flc", 5, 6}, {"b.gif", 2, 2}, {"b.apng", 2, 2}}) {
+        const std::vector<Bytes> frames = test::film_seen_by_peer(name);
+        ASSERT_EQ(frames.size(), static_cast<std::size_t>(times)) << name;
+        for (int i = 0; i < times; ++i) {
+            const auto seed = static_cast<unsigned>(i % count);
+            const Bytes wanted = pixels(seed == 4 ? 5 : seed);
+            const auto of = palette(seed == 4 ? 3 : 2);
+            for (std::size_t at = 0; at < 3 * wanted.size(); ++at)
+                ASSERT_EQ(frames[static_cast<std::size_t>(i)][at], of[3U * wanted[at / 3] + at % 3])
+                    << name << ' ' << i << ' ' << at;
+        }
+    }
+#endif
 }
 
 TEST(DataTool, PacksCompressesAndSetsAndGivesItBack) {
@@ -217,6 +240,19 @@ TEST(DataTool, PacksCompressesAndSetsAndGivesItBack) {
     std::int32_t offset = 0, size = 0;
     EXPECT_EQ(BIND_open("box.bnd", wanted.data(), &offset, &size), 0);
     EXPECT_EQ(size, kWidth * kHeight);
+    // Names are Big5 there, and what is none is spelled out; games find the first of two.
+    fs::create_directory("chinese");
+    test::write_file("chinese/\xE5\xA2\xA8.dat", pixels(2));
+    INK("bind pack c.bnd chinese");
+    Bytes chinese = test::read_file("c.bnd");
+    EXPECT_EQ(chinese.size(), 48U + kWidth * kHeight);
+    EXPECT_EQ(std::string(&chinese[24], &chinese[30]), "\xBE\xA5.dat");
+    INK("bind extract c.bnd -o chinese-back");
+    EXPECT_EQ(test::read_file("chinese-back/\xE5\xA2\xA8.dat"), pixels(2));
+    chinese[24] = chinese[25] = 0xFF;
+    test::write_file("d.bnd", chinese);
+    INK("bind extract d.bnd -o chinese-back");
+    EXPECT_EQ(test::read_file("chinese-back/%FF%FF.dat"), pixels(2));
     test::write_text("list", "; one\r\nbox/b.dat\r\n");
     INK("bind pack one.bnd list");
     test::write_text("box/A.TXT", "");
@@ -336,7 +372,7 @@ TEST(BuildTool, MakesWhatIsOutOfDateAndNothingElse) {
     test::write_text("c/x.mas", "proc a\n stop\n");
     EXPECT_EQ(ink("build c"), 1);
     EXPECT_EQ(test::read_text("out"), script + "ink picture none.png -o b.pcx\n");
-    EXPECT_TRUE(test::read_text("err").starts_with("content.ink:3:2: none.png: No such file"))
+    EXPECT_TRUE(test::read_text("err").starts_with("c/content.ink:3:2: none.png: No such file"))
         << test::read_text("err");
     test::write_text("c/content.ink", "mac bild s.mas\n");
     EXPECT_EQ(ink("build c"), 1);
@@ -366,43 +402,129 @@ TEST(ViewTool, ShowsWhatThereIsToSee) {
 TEST(Tool, RefusesBrokenFilesInOneLineAndWritesNothing) {
 #if defined(_WIN32)
     GTEST_SKIP() << "there is no /dev/null";
-#endif
+#else
     test::write_text("empty", "");
     test::write_text("noise", std::string(3000, '\x81') + '\x01');
+    test::write_text("locked", "x");
+    fs::permissions("locked", fs::perms::none);
     fs::create_directory("folder.d");
-    const char *const commands[] = {"picture % -o made.png",      "palette convert % -o made.pal",
-                                    "palette join % -o made.pal", "can build made.can %",
-                                    "can extract % -o made.gif",  "flic build made.flc %",
-                                    "flic extract % -o made",     "bind list %",
-                                    "bind extract % -o made",     "bind check %",
-                                    "lzss expand % made.x",       "conf get % a b",
-                                    "mac build % -o made.mac",    "save show %",
-                                    "strings % made.h",           "font build --ascii16 % -o made",
-                                    "disc build -o made.cue %",   "disc render -o made.wav %"};
-    for (const std::string file : {"empty", "noise", "none", "folder.d"})
-        for (std::string command : commands) {
-            // An empty text is a script, a table of strings and a configuration without a value.
-            if (file == "empty" && (command.starts_with("mac") || command.starts_with("strings"))) continue;
-            command.replace(command.find('%'), 1, file);
-            EXPECT_EQ(ink(command), 1) << command;
+    write_picture("a.png", pixels(1), palette(1));
+    test::write_text("s.mas", "proc a\n return\n");
+    test::write_text("a.notes", "voice v\nv A4:1/4\n");
+    test::write_text("a.lst", "a.png\n");
+    for (const char *made : {"picture a.png -o a.pcx", "picture a.png -o a.cim", "picture a.png -o a.img",
+                             "palette convert a.png -o a.pal", "can build a.can a.png a.png",
+                             "flic build a.flc a.png a.png", "bind pack a.bnd a.lst",
+                             "lzss compress a.png a.lz", "mac build s.mas", "disc render a.notes -o a.wav"})
+        INK(made);
+    // With % for the file; of a file that is right half is tried, too. Kinds of what some commands may well be
+    // given: an empty text, a folder, a name that is to be.
+    const struct {
+        const char *command, *whole = "", *allowed = "";
+    } cases[] = {{"picture % -o made.png", "a.pcx"},
+                 {"picture % -o made.pcx", "a.png"},
+                 {"picture % -o made.png", "a.cim"},
+                 {"picture % -o made.png", "a.img"},
+                 {"palette convert % -o made.gpl", "a.pal"},
+                 {"palette join % -o made.pal", "a.png"},
+                 {"can build made.can %", "a.png"},
+                 {"can extract % -o made.gif", "a.can"},
+                 {"flic build made.flc %", "a.png"},
+                 {"flic extract % -o made", "a.flc"},
+                 {"bind pack made.bnd %", "", "empty folder.d"},
+                 {"bind list %", "a.bnd"},
+                 {"bind extract % -o made", "a.bnd"},
+                 {"bind check %", "a.bnd"},
+                 {"lzss compress % made.lz", "", "empty noise"},
+                 {"lzss expand % made.x", "a.lz"},
+                 {"lzss expand -m --length 90000 % made.x", "a.lz"},
+                 {"conf get % a b"},
+                 {"conf set % a b c", "", "empty none"},
+                 {"conf list %", "", "empty"},
+                 {"mac build % -o made.mac", "", "empty"},
+                 {"mac dump % -o made.mas", "s.mac"},
+                 {"mac run %", "s.mac"},
+                 {"save show %"},
+                 {"strings % made.h", "", "empty"},
+                 {"font build --ascii16 % -o made"},
+                 {"font show -d % made.png"},
+                 {"disc build -o made.cue %", "a.wav"},
+                 {"disc render -o made.wav %", "a.wav"},
+                 {"info %", "a.can"},
+                 {"view % --png made.png", "a.flc"},
+                 {"build %"},
+                 {"build --description % folder.d", "", "empty"},
+                 {"new %", "", "none"}};
+    for (const auto &[command, whole, allowed] : cases)
+        for (std::string file : {"empty", "noise", "none", "folder.d", "locked", whole}) {
+            if (file.empty() || std::string(allowed).find(file) != std::string::npos) continue;
+            if (file == "locked" && geteuid() == 0) continue;  // who may read everything
+            if (file == whole) {
+                Bytes half = test::read_file(file);
+                half.resize(half.size() / 2);
+                file = "half" + file.substr(1);
+                test::write_file(file, half);
+            }
+            std::string words = command;
+            words.replace(words.find('%'), 1, file);
+            EXPECT_EQ(ink(words), 1) << words;
             const std::string said = test::read_text("err");
             EXPECT_EQ(std::count(said.begin(), said.end(), '\n'),
                       said.find("\n    ") == std::string::npos ? 1 : 3)
-                << command << '\n'
+                << words << '\n'
                 << said;
             for (const auto &entry : fs::directory_iterator("."))
-                ASSERT_FALSE(entry.path().filename().string().starts_with("made")) << command;
-            EXPECT_FALSE(test::exists("ERROR.MSG")) << command;
+                ASSERT_FALSE(entry.path().filename().string().starts_with("made")) << words;
+            EXPECT_FALSE(test::exists("ERROR.MSG") || test::exists("folder.d/.ink-build")) << words;
         }
-    EXPECT_EQ(ink("picture"), 2);
-    EXPECT_EQ(ink("picture a --what"), 2);
-    EXPECT_EQ(ink("--help"), 0);
-    EXPECT_EQ(ink("manual"), 0);
     // A device is written to, and stays one.
-    write_picture("a.png", pixels(1), palette(1));
     EXPECT_EQ(ink("picture a.png -o /dev/null --as pcx"), 0);
     EXPECT_TRUE(fs::is_character_file("/dev/null"));
     EXPECT_EQ(ink("picture a.png -o ./a.png"), 1);
+#endif
+}
+
+TEST(Tool, IsCalledAsOneWouldTry) {
+    const std::pair<const char *, const char *> wrong[] = {
+        {"", "A subcommand is required\n"},
+        {"pictrue", "\"pictrue\" is no command of ink; did you mean \"picture\"?\n"},
+        {"bind unpack", "\"unpack\" is no command of ink bind; did you mean \"pack\"?\n"},
+        {"disc", "A subcommand is required\n"},
+        {"picture", "pictures is required\n"},
+        {"picture a --what", "--output is required\n"},
+        {"picture a.png -o a.bmp", "--as: say what to make"}};
+    for (const auto &[words, message] : wrong) {
+        EXPECT_EQ(ink(words), 2) << words;
+        EXPECT_TRUE(test::read_text("err").starts_with(message)) << test::read_text("err");
+    }
+    // Every command and every format shows how it is called.
+    INK("manual --bash");
+    std::istringstream completions(test::read_text("out"));
+    int helped = 0;
+    for (std::string line; std::getline(completions, line);) {
+        const std::size_t words = line.find(") words=");
+        if (words == std::string::npos || line[4] != '"' || line[5] == '"') continue;
+        const std::string command = line.substr(5, line.find('"', 5) - 5);
+        INK(command + " --help");
+        EXPECT_NE(test::read_text("out").find("\n  ink " + command), std::string::npos) << command;
+        ++helped;
+    }
+    EXPECT_GT(helped, 35);
+    EXPECT_EQ(ink("--version"), 0);
+#if !defined(_WIN32)
+    // Old disks have names in capitals, and streams hold the file alone.
+    write_picture("A.PNG", pixels(1), palette(1));
+    INK("picture A.PNG -o B.PCX");
+    INK("view - --png - < B.PCX");
+    EXPECT_EQ(read_picture("out").indices, pixels(1));
+    INK("can build a.can A.PNG");
+    INK("can build - A.PNG");
+    EXPECT_EQ(test::read_file("a.can"), test::read_file("out"));
+    EXPECT_EQ(ink("can extract a.can -o -"), 1);
+    EXPECT_EQ(ink("info none a.can --json"), 1);
+    EXPECT_NE(test::read_text("out").find("\"CAN animation\""), std::string::npos);
+    EXPECT_FALSE(test::exists("-"));
+#endif
 }
 
 }  // namespace

@@ -13,53 +13,73 @@ finish() {
 }
 trap finish EXIT
 
+fail() { echo "FAILED: $1"; exit 1; }
+# soon WHAT COMMAND...: runs it until it succeeds. A busy machine may take its time: nothing here waits for a fixed one.
+soon() {
+    local what=$1 end=$((SECONDS + 60)); shift
+    until "$@"; do
+        [ "$SECONDS" -lt "$end" ] || fail "$what"
+        sleep 0.1
+    done
+}
+
 exec 6> display
 Xvfb -displayfd 6 -screen 0 1024x768x24 -nolisten tcp > xvfb.log 2>&1 &
 display_pid=$!
-for try in $(seq 50); do [ -s display ] && break; sleep 0.1; done
+soon "a display" [ -s display ]
 export DISPLAY=:$(cat display)
 openbox > openbox.log 2>&1 &
 manager_pid=$!
-sleep 1
+manages() { xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'; }
+soon "a window manager" manages
 
-fail() { echo "FAILED: $1"; exit 1; }
+# A window may be made anew while it opens, so it is looked for before each use; one that vanishes while windows are
+# counted is no failure.
+opened() {
+    window=$(xwininfo -root -tree 2>/dev/null | awk -v title="\"$title\":" '!n && index($0, title) { print $1; n = 1 }') || true
+    [ -n "$window" ]
+}
+has_focus() {
+    opened || return 1
+    [ "$(timeout 10 xdotool getwindowfocus 2>/dev/null)" = "$((window))" ] && return
+    timeout 5 xdotool windowactivate "$window" 2>/dev/null
+    return 1
+}
+gone() { ! kill -0 "$view_pid" 2>/dev/null; }
 # view FILE [OPTION...]: opens it and waits for its window.
 view() {
-    local try
     "$ink" view "$@" &
     view_pid=$!
-    window=""
-    for try in $(seq 100); do
-        # Windows that vanish while they are counted are no failure.
-        window=$(xwininfo -root -tree 2>/dev/null | awk -v title="\"$1\":" '!n && index($0, title) { print $1; n = 1 }') || true
-        [ -n "$window" ] && break
-        sleep 0.1
-    done
-    [ -n "$window" ] || fail "$1 opens a window"
-    # The window manager may still be at work on it.
-    xdotool windowactivate --sync "$window" 2>/dev/null || xdotool windowactivate --sync "$window"
+    title=$1
+    soon "$1 opens a window" opened
 }
-# shows NAME: within some seconds the window is filled by the picture NAME.png, each pixel two or more wide and high; one
-# of 640 columns may stand as it is.
+# Keys go to the window that has the focus.
+press() {
+    soon "the window has the focus" has_focus
+    timeout 10 xdotool key "$@"
+}
+take() { opened && timeout 10 import -window "$window" "$1" 2>/dev/null; }
+# The window is filled by the picture NAME.png, each pixel two or more wide and high; one of 640 columns may stand as it is.
+is_shown() {
+    local times
+    take shown.png || return 1
+    times=$(($(identify -format %w shown.png) / $(identify -format %w "$1.png")))
+    [ "$times" -ge 2 ] || [ "$(identify -format %w "$1.png")" = 640 ] || fail "$1 is enlarged"
+    convert "$1.png" -sample "$((times * 100))%" wanted.png
+    [ "$(compare -metric AE wanted.png shown.png null: 2>&1)" = 0 ]
+}
 shows() {
-    local try times
-    for try in $(seq 50); do
-        import -window "$window" shown.png 2>/dev/null || { sleep 0.1; continue; }
-        times=$(($(identify -format %w shown.png) / $(identify -format %w "$1.png")))
-        [ "$times" -ge 2 ] || [ "$(identify -format %w "$1.png")" = 640 ] || fail "$1 is enlarged"
-        convert "$1.png" -sample "$((times * 100))%" wanted.png
-        if [ "$(compare -metric AE wanted.png shown.png null: 2>&1)" = 0 ]; then echo "ok: $1 is shown"; return; fi
-        sleep 0.1
-    done
-    fail "$1 is shown"
+    soon "$1 is shown" is_shown "$1"
+    echo "ok: $1 is shown"
 }
+# ends HOW KEY
 ends() {
     local code=0
-    xdotool key Escape
-    timeout 5 tail --pid="$view_pid" -f /dev/null || fail "Esc ends it"
+    press "$2"
+    soon "$1" gone
     wait "$view_pid" || code=$?
-    [ "$code" = 0 ] || fail "Esc ends it with exit code $code"
-    echo "ok: Esc ends it"
+    [ "$code" = 0 ] || fail "$1, with exit code $code"
+    echo "ok: $1"
 }
 
 for i in 0 1 2; do
@@ -78,31 +98,32 @@ for file in wide.img wide.pcx; do
     "$ink" view "$file" --palette wide.pal --png "$file.png"
     view "$file" --palette wide.pal
     shows "$file"
-    ends
+    ends "Esc ends it" Escape
 done
 
 # A film of a frame a minute: it stands where keys lead it.
 for frame in 1 2 3; do "$ink" view walk.flc --frame $frame --png "walk$frame.png"; done
 view walk.flc
 shows walk1
-xdotool key Right
+press Right
 shows walk2
-xdotool key Left Left
+press Left Left
 shows walk3
-ends
+ends "Esc ends it" Escape
 
 # An animation runs by itself until Space stops it.
 for frame in 1 2 3; do "$ink" view walk.can --palette wide.pal --frame $frame --png "walk$frame.png"; done
 view walk.can --palette wide.pal
 shows walk3
 shows walk2
-xdotool key space
-sleep 0.3
-import -window "$window" first.png
-sleep 0.3
-import -window "$window" second.png
-cmp <(convert first.png rgb:-) <(convert second.png rgb:-) || fail "Space stops the animation"
-ends
+press space
+# Its frames change twelve times a second.
+stands() {
+    take first.png && sleep 0.3 && take second.png && sleep 0.25 && take third.png || return 1
+    cmp -s <(convert first.png rgb:-) <(convert second.png rgb:-) && cmp -s <(convert second.png rgb:-) <(convert third.png rgb:-)
+}
+soon "Space stops the animation" stands
+ends "Esc ends it" Escape
 
 # Pages wait for a key.
 for page in 1 2; do "$ink" view CHINE16.FON --frame $page --png "page$page.png"; done
@@ -110,23 +131,21 @@ view CHINE16.FON
 shows page1
 sleep 1.5
 shows page1
-xdotool key Right
+press Right
 shows page2
-ends
+ends "Esc ends it" Escape
 
 # All colours but that of entry 0 move on. Closing the window ends it, too.
 "$ink" view wide.pal --png swatch.png
 view wide.pal
 shows swatch
-xdotool key c
-sleep 0.5
-import -window "$window" turned.png
+press c
 colour() { convert "$1.png" -format "%[pixel:p{$2,8}]" info:; }
+turns() { take turned.png && [ "$(colour turned 24)" != "$(colour swatch 24)" ]; }
+soon "C turns the palette round" turns
 [ "$(colour turned 8)" = "$(colour swatch 8)" ] || fail "entry 0 keeps its colour"
-[ "$(colour turned 24)" != "$(colour swatch 24)" ] || fail "C turns the palette round"
-xdotool key alt+F4
-wait "$view_pid" || fail "closing the window ends it"
+ends "closing the window ends it" alt+F4
 
-DISPLAY="" INKSTONE_HOST=headless "$ink" view wide.pcx 2>err && fail "no display, no window"
+DISPLAY="" INKSTONE_HOST="" "$ink" view wide.pcx 2>err && fail "no display, no window"
 grep -q "wide.pcx.*--png" err || fail "no display: $(cat err)"
 echo "ink view holds"

@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 constexpr std::int64_t kMostPixels = 1 << 26;
 
 RawAnimation read_one(const fs::path &name, bool placed) {
-    if (name.extension() == ".sheet") return read_sheet(name);
+    if (ending_of(name) == "sheet") return read_sheet(name);
     const Bytes file = read_bytes(name);
     if (is_gif(file)) {
         try {
@@ -23,7 +23,7 @@ RawAnimation read_one(const fs::path &name, bool placed) {
             throw FileError(name, error.what());
         }
     }
-    RawFrame frame{read_any_picture(name)};
+    RawFrame frame{any_picture_of(file, name)};
     if (frame.picture.indexed && frame.picture.indexed->pixels.empty())
         throw FileError(name, "has no pixel, and every frame of an animation has");
     if (placed && frame.picture.indexed) {
@@ -113,7 +113,8 @@ RawAnimation read_raw_animation(const std::vector<std::string> &names, bool plac
     return all;
 }
 
-Animation coloured(const RawAnimation &raw, const Colouring &colouring) {
+Animation coloured(const RawAnimation &raw, const Colouring &colouring,
+                   const std::function<void(std::size_t)> &done) {
     Animation made;
     made.anchor_x = raw.anchor_x;
     made.anchor_y = raw.anchor_y;
@@ -134,6 +135,7 @@ Animation coloured(const RawAnimation &raw, const Colouring &colouring) {
         frame.picture.x = from.x;
         frame.picture.y = from.y;
         made.frames.push_back(std::move(frame));
+        if (done) done(made.frames.size());
     }
     return made;
 }
@@ -179,18 +181,18 @@ void trim(Animation &animation) {
 
 std::vector<std::pair<fs::path, Bytes>> files_of(const Animation &animation, const fs::path &place,
                                                  bool transparent) {
-    const std::string ending = name_of(place.extension());
-    if (ending == ".gif") return {{place, encode_gif(animation, transparent)}};
-    if (ending == ".apng") return {{place, encode_apng(animation, transparent)}};
+    const std::string ending = ending_of(place);
+    if (ending == "gif") return {{place, encode_gif(animation, transparent)}};
+    if (ending == "apng") return {{place, encode_apng(animation, transparent)}};
     std::vector<std::pair<fs::path, Bytes>> files;
-    if (ending == ".sheet") {
+    if (ending == "sheet") {
         const fs::path picture = fs::path(place).replace_extension(".png");
         const auto [sheet, text] = sheet_of(animation, name_of(picture.filename()));
         files.emplace_back(picture, encode_picture(sheet, PictureKind::png, transparent));
         files.emplace_back(place, bytes_of(text));
         return files;
     }
-    if (!ending.empty() && !fs::is_directory(place))
+    if (place == kStream || (!ending.empty() && !fs::is_directory(place)))
         throw std::runtime_error("say where to: a folder, or a name that ends in .sheet, .gif or .apng");
     std::string text = head_of(animation);
     for (std::size_t i = 0; i < animation.frames.size(); ++i) {

@@ -1,6 +1,7 @@
 // Animations: pictures one after another, each at its place and for its time.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -36,9 +37,14 @@ struct RawAnimation {
 // where their own files place them; descriptions place them in any case. Throws FileError and SourceError.
 RawAnimation read_raw_animation(const std::vector<std::string> &names, bool placed = true);
 
+// Every frame of an animated GIF as it is seen, on the whole of the picture. Throws std::runtime_error.
+bool is_gif(std::span<const std::uint8_t> file);
+RawAnimation decode_gif(const Bytes &file);
+
 // All frames as pictures of indices: as they are where every one has a palette and none is to be coloured
-// again, otherwise in the colours of one palette for all of them.
-Animation coloured(const RawAnimation &raw, const Colouring &colouring);
+// again, otherwise in the colours of one palette for all of them. done is told how many frames are coloured.
+Animation coloured(const RawAnimation &raw, const Colouring &colouring,
+                   const std::function<void(std::size_t)> &done = {});
 
 // What all frames cover together.
 struct Box {

@@ -5,9 +5,6 @@
 
 namespace ink::tool {
 
-bool is_gif(std::span<const std::uint8_t> file);
-// Every frame as it is seen, on the whole of the picture. Throws std::runtime_error.
-RawAnimation decode_gif(const Bytes &file);
 Bytes encode_gif(const Animation &animation, bool transparent);
 
 Bytes encode_apng(const Animation &animation, bool transparent);

@@ -94,7 +94,8 @@ std::string_view as_text(std::span<const std::uint8_t> bytes) {
 }
 
 FileError::FileError(const fs::path &name, const std::string &reason)
-    : std::runtime_error(name_of(name) + ": " + reason) {}
+    : std::runtime_error((name == kStream ? "standard input" : name_of(name)) + ": " + reason),
+      reason_(reason) {}
 
 fs::path path_of(std::string_view utf8) {
     return fs::path(std::u8string(utf8.begin(), utf8.end()));
@@ -102,6 +103,12 @@ fs::path path_of(std::string_view utf8) {
 std::string name_of(const fs::path &path) {
     const std::u8string name = path.u8string();
     return {name.begin(), name.end()};
+}
+std::string ending_of(const fs::path &path) {
+    std::string ending = name_of(path.extension());
+    for (char &letter : ending)
+        if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter + 32);
+    return ending.empty() ? ending : ending.substr(1);
 }
 
 Bytes read_bytes(const fs::path &name) {
@@ -146,7 +153,7 @@ void NewFiles::add(const fs::path &name, std::span<const std::uint8_t> bytes, bo
     if (!may_replace_input && was_read(name))
         throw FileError(name, "is what this is made of; name another file to write");
     std::error_code error;
-    const fs::file_status status = fs::status(name, error);
+    const fs::file_status status = name == kStream ? fs::file_status() : fs::status(name, error);
     if (fs::is_directory(status)) throw FileError(name, "is a directory");
     if (name == kStream || (fs::exists(status) && !fs::is_regular_file(status))) {
         direct_.emplace_back(name, Bytes(bytes.begin(), bytes.end()));

@@ -22,11 +22,18 @@ std::string_view as_text(std::span<const std::uint8_t> bytes);
 class FileError : public std::runtime_error {
   public:
     FileError(const std::filesystem::path &name, const std::string &reason);
+    const std::string &reason() const { return reason_; }
+
+  private:
+    std::string reason_;
 };
 
 // Names on the command line are UTF-8 on every system; so are those in messages.
 std::filesystem::path path_of(std::string_view utf8);
 std::string name_of(const std::filesystem::path &path);
+
+// What a name ends in, without the dot and in small letters: old disks have names in capitals.
+std::string ending_of(const std::filesystem::path &path);
 
 // The name of standard input or output.
 inline constexpr const char *kStream = "-";

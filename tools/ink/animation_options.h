@@ -38,7 +38,9 @@ struct AnimationArguments {
     }
 
     Animation read(bool placed) const {
-        return coloured(read_raw_animation(frames, placed), colouring.read());
+        const RawAnimation raw = read_raw_animation(frames, placed);
+        Progress progress("colouring frames", raw.frames.size());
+        return coloured(raw, colouring.read(), [&](std::size_t frame) { progress.done(frame); });
     }
 
     // Writes what was built, and the palette where it is wanted.

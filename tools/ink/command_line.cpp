@@ -1,6 +1,7 @@
 #include "command_line.h"
 
 #include <cstdio>
+#include <iostream>
 #include <sstream>
 
 #if defined(_WIN32)
@@ -8,6 +9,8 @@
 #else
 #include <unistd.h>
 #endif
+
+#include "files/source.h"
 
 namespace ink::tool {
 namespace {
@@ -43,7 +46,37 @@ CLI::App *add_command(CLI::App &parent, const std::string &name, const std::stri
     footer += examples.size() > 1 ? "Examples:" : "Example:";
     for (const std::string &example : examples) footer += "\n  " + example;
     command->footer(footer);
+    // A format's help has one example of each of its commands.
+    if (parent.get_parent() != nullptr)
+        parent.footer((parent.get_footer().empty() ? "Examples:" : parent.get_footer()) + "\n  " +
+                      examples.front());
     return command;
+}
+
+void require_known(const CLI::App &app, const std::vector<std::string> &words) {
+    const CLI::App *known = &app;
+    for (const std::string &word : words) {
+        const auto below = known->get_subcommands([](const CLI::App *) { return true; });
+        if (below.empty() || word.starts_with('-')) return;
+        const auto found = std::ranges::find(below, word, &CLI::App::get_name);
+        if (found == below.end()) {
+            std::vector<std::string> names;
+            for (const CLI::App *command : below) names.push_back(command->get_name());
+            throw CLI::ExtrasError('"' + word + "\" is no command of " +
+                                       (known == &app ? "ink" : "ink " + known->get_name()) +
+                                       suggestion(word, names),
+                                   CLI::ExitCodes::ExtrasError);
+        }
+        known = *found;
+    }
+}
+
+std::string counted(std::size_t count, const std::string &what) {
+    return std::to_string(count) + ' ' + what + (count == 1 ? "" : "s");
+}
+
+void tell(const std::string &output, const std::string &text) {
+    if (output != kStream) std::cout << output << ": " << text << '\n';
 }
 
 bool is_watched() {

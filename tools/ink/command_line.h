@@ -23,6 +23,15 @@ CLI::App *add_group(CLI::App &app, const std::string &name, const std::string &d
 CLI::App *add_command(CLI::App &parent, const std::string &name, const std::string &description,
                       const std::vector<std::string> &examples, const std::string &more = {});
 
+// Throws CLI::ParseError where the words name no command, and says which one was probably meant.
+void require_known(const CLI::App &app, const std::vector<std::string> &words);
+
+// "1 frame", "4 frames".
+std::string counted(std::size_t count, const std::string &what);
+
+// Tells what has been written, where the standard output is not what was written to.
+void tell(const std::string &output, const std::string &text);
+
 // Whether somebody watches the standard error.
 bool is_watched();
 

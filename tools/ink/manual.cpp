@@ -60,7 +60,10 @@ std::string manual_page(const CLI::App &app) {
         for (const CLI::Option *option : options_of(*command))
             page +=
                 ".TP\n.B " + troff(option_names(*option)) + "\n" + troff(option->get_description()) + "\n";
-        page += ".PP\n.nf\n" + troff(command->get_footer()) + "\n.fi\n";
+        const std::string footer = command->get_footer();
+        const std::size_t examples = footer.find("Example");
+        page += ".PP\n" + troff(footer.substr(0, examples)) + ".PP\n.nf\n" + troff(footer.substr(examples)) +
+                "\n.fi\n";
     }
     return page +
            ".SH EXIT STATUS\n0 when all was done, 1 when a command failed, 2 when it was called wrongly. A "

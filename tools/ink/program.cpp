@@ -9,6 +9,7 @@ namespace ink::tool {
 void run_program(std::vector<std::string> words) {
     CLI::App app("Makes, converts and inspects the files of Inkstone games", "ink");
     app.require_subcommand(1);
+    app.set_version_flag("--version", "ink " INK_VERSION, "Print the version of this program and exit");
     add_new(app);
     add_build(app);
     add_info(app);
@@ -28,9 +29,10 @@ void run_program(std::vector<std::string> words) {
     add_disc(app);
     add_replay(app);
     add_manual(app);
-    // The parser takes the last word first.
-    std::ranges::reverse(words);
     try {
+        require_known(app, words);
+        // The parser takes the last word first.
+        std::ranges::reverse(words);
         app.parse(std::move(words));
     } catch (const CLI::ParseError &error) {
         // Help, and what was wrong, are told while there is somebody who knows them.

@@ -112,8 +112,11 @@ bool is_palette_file(std::span<const std::uint8_t> file) {
            std::ranges::all_of(file.subspan(4), [](std::uint8_t component) { return component < 64; });
 }
 
-StoredPalette read_palette(const std::filesystem::path &name) try {
-    const Bytes file = read_bytes(name);
+StoredPalette read_palette(const std::filesystem::path &name) {
+    return palette_of(read_bytes(name), name);
+}
+
+StoredPalette palette_of(const Bytes &file, const std::filesystem::path &name) try {
     const std::string_view text = as_text(file);
     if (is_palette_file(file)) return palette_of_library(file);
     if (is_png(file)) return palette_of_png(name, file);

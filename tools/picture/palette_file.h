@@ -27,6 +27,8 @@ bool is_palette_file(std::span<const std::uint8_t> file);
 // Reads any of the kinds above, or the palette of a PCX picture, an indexed PNG picture or a FLIC film.
 // Throws FileError.
 StoredPalette read_palette(const std::filesystem::path &name);
+// The same of a file that has been read; the name is for messages.
+StoredPalette palette_of(const Bytes &file, const std::filesystem::path &name);
 
 // The palette as 16 x 16 cells, each in its entry.
 IndexedPicture swatch_of(const Palette &palette);

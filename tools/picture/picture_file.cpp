@@ -151,8 +151,11 @@ std::optional<PictureKind> recognise_picture(std::span<const std::uint8_t> file)
     return block ? std::optional(PictureKind::image_block) : std::nullopt;
 }
 
-AnyPicture read_any_picture(const std::filesystem::path &name) try {
-    const Bytes file = read_bytes(name);
+AnyPicture read_any_picture(const std::filesystem::path &name) {
+    return any_picture_of(read_bytes(name), name);
+}
+
+AnyPicture any_picture_of(const Bytes &file, const std::filesystem::path &name) try {
     const auto kind = recognise_picture(file);
     if (!kind) throw FileError(name, "is no picture: neither PNG nor PCX, image block nor compressed image");
     AnyPicture picture;
@@ -182,8 +185,7 @@ ColourPicture colours_of(const AnyPicture &picture) {
     return colours;
 }
 
-IndexedPicture read_picture(const std::filesystem::path &name, const Colouring &colouring) try {
-    AnyPicture picture = read_any_picture(name);
+IndexedPicture coloured(AnyPicture picture, const Colouring &colouring) {
     const bool bare =
         picture.kind == PictureKind::image_block || picture.kind == PictureKind::compressed_image;
     if (picture.indexed && (bare || !colouring.again)) {
@@ -197,6 +199,10 @@ IndexedPicture read_picture(const std::filesystem::path &name, const Colouring &
     Entries entries = colouring.entries;
     if (!has_transparent(colours) && entries.first == 1 && entries.last == 255) entries.first = 0;
     return quantise(colours, make_palette({colours}, {}, entries), entries, colouring.dither);
+}
+
+IndexedPicture read_picture(const std::filesystem::path &name, const Colouring &colouring) try {
+    return coloured(read_any_picture(name), colouring);
 } catch (const FileError &) {
     throw;
 } catch (const std::runtime_error &error) {

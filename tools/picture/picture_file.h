@@ -33,11 +33,14 @@ struct AnyPicture {
     std::optional<ColourPicture> colours;
 };
 AnyPicture read_any_picture(const std::filesystem::path &name);
+// The same of a file that has been read; the name is for messages.
+AnyPicture any_picture_of(const Bytes &file, const std::filesystem::path &name);
 
 // The same with its colours found in a palette where it has none of its own, or is to be coloured again.
 // Transparent pixels are colour 0, and no other ones are, in every picture that has transparent ones. Throws
 // FileError.
 IndexedPicture read_picture(const std::filesystem::path &name, const Colouring &colouring = {});
+IndexedPicture coloured(AnyPicture picture, const Colouring &colouring = {});
 
 // The colours of a picture's pixels.
 ColourPicture colours_of(const AnyPicture &picture);

@@ -226,7 +226,10 @@ class SdlEnds : public Ends {
 Machine *open_machine() {
 #if defined(__unix__)
     // Without a desktop SDL would take over the console of a server.
-    const auto set = [](const char *name) { return std::getenv(name) != nullptr; };
+    const auto set = [](const char *name) {
+        const char *const value = std::getenv(name);
+        return value != nullptr && *value != '\0';
+    };
     if (!set("DISPLAY") && !set("WAYLAND_DISPLAY") && !set("SDL_VIDEODRIVER")) return nullptr;
 #endif
     // Closing the last window is the game's affair, which gets WM_CLOSE. A signal ends the program as it ends

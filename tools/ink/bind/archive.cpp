@@ -1,6 +1,7 @@
 #include "bind/archive.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <map>
 
 #include "charset/big5.h"
@@ -39,6 +40,30 @@ std::vector<BindEntry> bind_entries(const Bytes &file) {
         entries.back().size = reader.u32();
     }
     return entries;
+}
+
+void name_bind_entry(Bytes &file, std::size_t index, const std::string &name) {
+    const auto field = file.begin() + static_cast<std::ptrdiff_t>(kHeader + kEntry * index);
+    std::fill_n(field, kName, std::uint8_t{0});
+    std::ranges::copy(name, field);
+}
+
+std::string file_name_of_entry(const std::string &name) {
+    std::string made;
+    for (std::string_view left = name; !left.empty();) {
+        const bool lead = static_cast<unsigned char>(left[0]) >= 0x80;
+        const std::string_view character = left.substr(0, lead ? 2 : 1);
+        if (const auto utf8 = character_of_big5(character)) {
+            made += *utf8 == "\\" ? "/" : *utf8;
+            left.remove_prefix(character.size());
+        } else {
+            char code[8];
+            std::snprintf(code, sizeof code, "%%%02X", static_cast<unsigned>(left[0]) & 0xFFU);
+            made += code;
+            left.remove_prefix(1);
+        }
+    }
+    return made;
 }
 
 std::optional<Report> describe_bind(const Bytes &file) {

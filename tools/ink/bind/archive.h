@@ -23,4 +23,10 @@ std::vector<BindEntry> bind_entries(const Bytes &file);
 // The longest name an archive holds.
 inline constexpr std::size_t kLongestBindName = 15;
 
+// Gives an entry of an archive's directory another name, of at most that length.
+void name_bind_entry(Bytes &file, std::size_t index, const std::string &name);
+
+// What a system may call a file of that name: in UTF-8 with slashes, and a byte that is no Big5 as %XX.
+std::string file_name_of_entry(const std::string &name);
+
 }  // namespace ink::tool

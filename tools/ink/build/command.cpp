@@ -71,7 +71,10 @@ void build(const Arguments &arguments) {
         arguments.description.empty() ? fs::path() : fs::absolute(path_of(arguments.description));
     const Inside inside(path_of(arguments.folder));
     const std::vector<Recipe> recipes =
-        read_recipes(description.empty() ? fs::path(kDescription) : description);
+        description.empty()
+            ? read_recipes(kDescription,
+                           name_of((path_of(arguments.folder) / kDescription).lexically_normal()))
+            : read_recipes(description, arguments.description);
     std::vector<Made> before = arguments.all ? std::vector<Made>() : read_made(kState), after;
     std::size_t count = 0;
     for (const Recipe &recipe : recipes) {

@@ -12,8 +12,8 @@ constexpr std::string_view kBlanks = " \t", kBeside = "@/", kHead = "ink-build 1
 
 }  // namespace
 
-std::vector<Recipe> read_recipes(const fs::path &name) {
-    const std::vector<Place> lines = lines_of(name_of(name), read_text(name));
+std::vector<Recipe> read_recipes(const fs::path &name, const std::string &shown) {
+    const std::vector<Place> lines = lines_of(shown, read_text(name));
     require_utf8(lines);
     std::vector<Recipe> recipes;
     for (Place line : lines) {

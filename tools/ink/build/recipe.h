@@ -17,8 +17,9 @@ struct Recipe {
 };
 
 // The commands of a description, one a line; words with blanks stand in quotes, a ; begins a comment, and a
-// word that begins with @/ is a name beside the description. Throws SourceError.
-std::vector<Recipe> read_recipes(const std::filesystem::path &name);
+// word that begins with @/ is a name beside the description. shown is what messages call it. Throws
+// SourceError.
+std::vector<Recipe> read_recipes(const std::filesystem::path &name, const std::string &shown);
 
 // A file as it was: when it was changed last, and its size.
 struct Stamp {

@@ -1,5 +1,4 @@
 // ink can: animations made of pictures, and taken apart.
-#include <iostream>
 #include <memory>
 
 #include "animation_options.h"
@@ -22,7 +21,7 @@ void build(const Arguments &arguments) {
     const Bytes file = can_file(frames, animation.anchor_x + arguments.anchor.first,
                                 animation.anchor_y + arguments.anchor.second);
     arguments.write(file, animation);
-    std::cout << arguments.output << ": " << frames.size() << " frames, " << file.size() << " bytes\n";
+    tell(arguments.output, counted(frames.size(), "frame") + ", " + counted(file.size(), "byte"));
 }
 
 void extract(const Arguments &arguments) {

@@ -16,6 +16,12 @@ struct Arguments {
     std::string file, section, key, value;
 };
 
+Bytes read_settings(const std::filesystem::path &name) {
+    Bytes file = read_bytes(name);
+    if (!is_text(file)) throw FileError(name, "is no text, so no configuration file");
+    return file;
+}
+
 // As a game reads it.
 std::string value_of(const Bytes &file, const std::string &section, const std::string &key) {
     const Workshop workshop;
@@ -29,7 +35,8 @@ std::string value_of(const Bytes &file, const std::string &section, const std::s
 
 void get(const Arguments &arguments) {
     const auto path = path_of(arguments.file);
-    const std::string value = value_of(read_bytes(path), to_big5(arguments.section), to_big5(arguments.key));
+    const std::string value =
+        value_of(read_settings(path), to_big5(arguments.section), to_big5(arguments.key));
     if (value.empty()) throw FileError(path, "has no [" + arguments.section + "] " + arguments.key);
     std::cout << from_big5(value) << '\n';
 }
@@ -38,7 +45,7 @@ void set(const Arguments &arguments) {
     const auto path = path_of(arguments.file);
     const std::string section = to_big5(arguments.section), key = to_big5(arguments.key),
                       value = to_big5(arguments.value);
-    const Bytes before = std::filesystem::exists(path) ? read_bytes(path) : Bytes();
+    const Bytes before = std::filesystem::exists(path) ? read_settings(path) : Bytes();
     const Bytes after = with_value(before, section, key, value);
     // Names with separators in them, and values that are too long, would not be found again.
     if (value_of(after, section, key) != value)
@@ -49,7 +56,7 @@ void set(const Arguments &arguments) {
 
 void list(const Arguments &arguments) {
     std::string section;
-    for (const ConfLine &line : conf_lines(read_bytes(path_of(arguments.file)))) {
+    for (const ConfLine &line : conf_lines(read_settings(path_of(arguments.file)))) {
         if (line.kind == ConfLine::Kind::section) std::cout << '[' << from_big5(line.key) << "]\n";
         if (line.kind == ConfLine::Kind::value)
             std::cout << from_big5(line.key) << " = " << from_big5(line.value) << '\n';

@@ -96,13 +96,14 @@ Bytes with_value(const Bytes &file, const std::string &section, const std::strin
     return Bytes(text.begin(), text.end());
 }
 
-std::optional<Report> describe_conf(const Bytes &file) {
-    const std::string_view text = as_text(file);
-    const bool plain = !text.empty() && std::ranges::none_of(text, [](char letter) {
-        const auto byte = static_cast<unsigned char>(letter);
-        return byte < 0x20 && letter != '\t' && letter != '\r' && letter != '\n' && letter != '\x1A';
+bool is_text(const Bytes &file) {
+    return std::ranges::none_of(file, [](std::uint8_t byte) {
+        return byte < 0x20 && byte != '\t' && byte != '\r' && byte != '\n' && byte != 0x1A;
     });
-    if (!plain) return std::nullopt;
+}
+
+std::optional<Report> describe_conf(const Bytes &file) {
+    if (file.empty() || !is_text(file)) return std::nullopt;
     const std::vector<ConfLine> lines = conf_lines(file);
     const auto first =
         std::ranges::find_if(lines, [](const ConfLine &line) { return line.kind != ConfLine::Kind::other; });

@@ -15,6 +15,9 @@ struct ConfLine {
     bool ended = true;           // with a line feed, without which games do not see it
 };
 
+// Whether there is nothing in it that no text has.
+bool is_text(const Bytes &file);
+
 std::vector<ConfLine> conf_lines(const Bytes &file);
 
 // The file with that value: in the line where a game finds it, or in a new one at the end of its section.

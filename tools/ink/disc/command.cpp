@@ -25,7 +25,7 @@ struct Song {
 Song read_song(const std::string &name) {
     const fs::path path = path_of(name);
     const std::string stem = name_of(path.stem());
-    if (path.extension() == ".notes") {
+    if (ending_of(path) == "notes") {
         const Music music = parse_notes(read_text(path), name);
         return {music.title.empty() ? stem : music.title, play_notes(music)};
     }
@@ -54,6 +54,7 @@ std::string msf(std::size_t sectors) {
 }
 
 void build(const std::vector<std::string> &names, const fs::path &output, double gap) {
+    if (output == kStream) throw std::runtime_error("a disc is two files, which no stream can hold");
     if (names.size() > kMostTracks) throw std::runtime_error("a disc has 99 tracks at most");
     const auto gap_sectors = static_cast<std::size_t>(std::lround(gap * kSectorsPerSecond));
     const fs::path image = fs::path(output).replace_extension(".bin");
@@ -120,12 +121,10 @@ struct Options {
 
 void add_disc(CLI::App &app) {
     auto options = std::make_shared<Options>();
-    CLI::App *disc = add_command(
-        app, "disc", "Audio discs: CUE sheet and image",
-        {"ink disc build -o music.cue title.notes cave.wav", "ink disc render title.notes -o title.wav"});
+    CLI::App *disc = add_group(app, "disc", "Audio discs: CUE sheet and image");
 
-    CLI::App *building =
-        disc->add_subcommand("build", "Makes a disc of wave files and music written as notes");
+    CLI::App *building = add_command(*disc, "build", "Make a disc of wave files and music written as notes",
+                                     {"ink disc build title.notes cave.wav -o music.cue"});
     building->add_option("tracks", options->names, "Files .wav and .notes, one for each track")->required();
     building->add_option("-o,--output", options->output, "The CUE sheet; the image .bin is written beside it")
         ->required();
@@ -134,7 +133,8 @@ void add_disc(CLI::App &app) {
     building->callback(
         [options] { build(expand_patterns(options->names), path_of(options->output), options->gap); });
 
-    CLI::App *rendering = disc->add_subcommand("render", "Writes one track as a wave file, for listening");
+    CLI::App *rendering = add_command(*disc, "render", "Write one track as a wave file, for listening",
+                                      {"ink disc render title.notes -o title.wav"});
     rendering->add_option("track", options->name, "A file .wav or .notes")->required();
     rendering->add_option("-o,--output", options->output, "The wave file")->required();
     rendering->callback([options] { render(options->name, path_of(options->output)); });

@@ -1,6 +1,5 @@
 // ink flic: films made of pictures, and taken apart.
 #include <algorithm>
-#include <iostream>
 #include <memory>
 #include <numeric>
 
@@ -37,7 +36,7 @@ void build(const Arguments &arguments) {
     }
     const Bytes file = flic::film(pictures, time);
     arguments.write(file, animation);
-    std::cout << arguments.output << ": " << pictures.size() << " frames, " << file.size() << " bytes\n";
+    tell(arguments.output, counted(pictures.size(), "frame") + ", " + counted(file.size(), "byte"));
 }
 
 void extract(const Arguments &arguments) {

@@ -69,7 +69,7 @@ void report(std::size_t font, const std::vector<std::string> &sources, const Cov
     const text::FontLayout &layout = text::kFontLayouts[font];
     std::string from;
     for (const std::string &source : sources)
-        from += (from.empty() ? "" : ", ") + fs::path(source).filename().string();
+        from += (from.empty() ? "" : ", ") + name_of(path_of(source).filename());
     std::printf("%s  %zu x %zu  from %s\n", layout.file_name, layout.width, layout.height, from.c_str());
     if (layout.glyphs == text::kBig5Glyphs)
         std::printf(

@@ -48,12 +48,8 @@ std::optional<Report> describe_font(const Bytes &file, const std::filesystem::pa
         return report;
     }
     // A font is nothing but its bitmaps: its size says which one it is, where its name says that it is one.
-    std::string ending = name_of(name.extension());
-    std::ranges::transform(ending, ending.begin(), [](char letter) {
-        return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 32) : letter;
-    });
     for (const text::FontLayout &layout : text::kFontLayouts) {
-        if (ending != ".FON" || file.size() != layout.bytes()) continue;
+        if (ending_of(name) != "fon" || file.size() != layout.bytes()) continue;
         report.format = "font";
         add_font(report, layout, file);
         return report;

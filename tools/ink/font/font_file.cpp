@@ -100,7 +100,7 @@ FontFile::FontFile(const std::string &source, int width, int height) {
     std::string file = source;
     const int size = take_number(file, '@').value_or(height);
     const int index = take_number(file, '#').value_or(0);
-    name_ = std::filesystem::path(file).filename().string();
+    name_ = name_of(path_of(file).filename());
     bytes_ = read_whole(file);
     FT_Library library = nullptr;
     if (FT_Init_FreeType(&library) != 0) refuse(name_, "FreeType cannot be started");

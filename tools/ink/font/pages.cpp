@@ -87,10 +87,10 @@ void load_fonts(const fs::path &directory) {
         fs::current_path(directory);
         if (CHINE_init(keep ? 2 : 1) == 0) return;
     } else {
-        throw std::runtime_error(directory.string() +
+        throw std::runtime_error(name_of(directory) +
                                  ": there are no fonts; make some with `ink font build`");
     }
-    throw std::runtime_error(directory.string() +
+    throw std::runtime_error(name_of(directory) +
                              ": the fonts cannot be loaded; the reason stands in its ERROR.MSG");
 }
 

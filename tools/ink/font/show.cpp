@@ -28,7 +28,7 @@ unsigned lead_byte(const std::string &page) {
 }  // namespace
 
 void show_font(const FontShow &show) {
-    const fs::path picture = fs::absolute(show.picture);
+    const fs::path picture = show.picture == kStream ? show.picture : fs::absolute(show.picture);
     const std::string text = to_big5(show.text);
     const unsigned lead = lead_byte(show.page.empty() ? "A4" : show.page);
     const fs::path before = fs::current_path();

@@ -13,23 +13,37 @@ struct Arguments {
     bool json = false;
 };
 
+// Of several files one that cannot be read is no reason to say nothing of the others.
+Report report_of(const std::filesystem::path &name) {
+    Bytes file;
+    try {
+        file = read_bytes(name);
+    } catch (const FileError &error) {
+        Report report("unreadable");
+        report.faults.emplace_back(error.reason());
+        return report;
+    }
+    if (auto report = describe(file, name)) return *report;
+    Report report("unknown");
+    report.faults.emplace_back(file.empty() ? "it is empty" : "it is of no format that is known here");
+    return report;
+}
+
 void info(const Arguments &arguments) {
-    bool faulty = false;
+    std::vector<FileError> faulty;
     std::string text;
-    for (const std::string &name : expand_patterns(arguments.files)) {
-        const std::filesystem::path path = path_of(name);
-        auto report = describe(read_bytes(path), path);
-        if (!report) {
-            report.emplace();
-            report->format = "unknown";
-            report->faults.emplace_back("it is of no format that is known here");
-        }
-        faulty = faulty || !report->faults.empty();
+    const auto names = expand_patterns(arguments.files);
+    for (const std::string &name : names) {
+        Report report = report_of(path_of(name));
+        if (!report.faults.empty()) faulty.emplace_back(path_of(name), report.faults.front());
         if (!text.empty()) text += arguments.json ? ",\n" : "\n";
-        text += arguments.json ? json_of(name, *report) : page_of(name, *report);
+        text += arguments.json ? json_of(name, report) : page_of(name, report);
     }
     write_text(kStream, arguments.json ? '[' + text + "]\n" : text);
-    if (faulty) throw std::runtime_error("not every file is as its format wants it");
+    if (faulty.size() == 1) throw faulty[0];
+    if (!faulty.empty())
+        throw std::runtime_error(std::to_string(faulty.size()) + " of " + counted(names.size(), "file") +
+                                 " are not as their formats want them");
 }
 
 }  // namespace

@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
 #include <limits>
 #include <set>
 #include <string_view>
 #include <utility>
 
 #include "core/reader.h"
+#include "files/file.h"
 #include "mac/expression.h"
 #include "mac/line.h"
 #include "script/instruction_set.h"
@@ -194,8 +194,9 @@ class Assembler {
     void include(Line &line, int depth) {
         const Token name = line.expect(Token::Kind::string, "a file name in quotes");
         if (depth == kDeepestInclude) line.fail(name.column, "too many files include each other");
-        const auto path =
-            (std::filesystem::path(line.place().file).parent_path() / name.text).generic_string();
+        const auto beside = tool::path_of(line.place().file).parent_path() / tool::path_of(name.text);
+        const std::u8string generic = beside.generic_u8string();
+        const std::string path(generic.begin(), generic.end());
         const auto text = read_(path);
         if (!text) line.fail(name.column, "cannot read " + path);
         source(path, *text, depth + 1);

@@ -6,10 +6,12 @@
 #include <string>
 
 #include "command_line.h"
+#include "core/reader.h"
 #include "files/file.h"
 #include "mac/declarations.h"
 #include "mac/disassembler.h"
 #include "mac/runner.h"
+#include "script/instruction_set.h"
 
 namespace ink::tool {
 namespace {
@@ -17,27 +19,42 @@ namespace fs = std::filesystem;
 
 struct Arguments {
     std::string input, output, declarations;
+    bool damaged = false;
     mac::RunOptions run;
 };
 
 void build(const Arguments &arguments) {
     const mac::Program program = mac::assemble_file(arguments.input);
-    const std::string output = arguments.output.empty()
-                                   ? fs::path(arguments.input).replace_extension(".mac").string()
-                                   : arguments.output;
-    write_bytes(path_of(output), program.file);
+    const fs::path output = arguments.output.empty() ? path_of(arguments.input).replace_extension(".mac")
+                                                     : path_of(arguments.output);
+    write_bytes(output, program.file);
+}
+
+Bytes read_script(const std::string &name) {
+    Bytes file = read_bytes(path_of(name));
+    Reader reader(file);
+    reader.seek(script::kCodeSizeAt);
+    const std::uint32_t code_size = reader.u32();
+    reader.seek(script::kProcedureCountAt);
+    const std::uint32_t procedures = reader.u32();
+    // Old scripts may have more behind their code.
+    if (!reader.ok() || procedures > reader.left() / 4 ||
+        reader.left() - 4 * std::size_t{procedures} < code_size)
+        throw FileError(path_of(name), "is no script, or is damaged");
+    return file;
 }
 
 void dump(const Arguments &arguments) {
-    const Bytes file = read_bytes(path_of(arguments.input));
+    const Bytes file =
+        arguments.damaged ? read_bytes(path_of(arguments.input)) : read_script(arguments.input);
     // Inclusions are relative to the file they stand in.
-    const fs::path folder = fs::path(arguments.output).parent_path();
-    const std::string include =
-        arguments.declarations.empty()
-            ? ""
-            : fs::proximate(arguments.declarations, folder.empty() ? fs::path(".") : folder).generic_string();
-    const std::string source =
-        mac::disassemble(file, mac::read_declarations(arguments.declarations), include);
+    const fs::path folder = path_of(arguments.output).parent_path();
+    std::u8string include;
+    if (!arguments.declarations.empty())
+        include = fs::proximate(path_of(arguments.declarations), folder.empty() ? fs::path(".") : folder)
+                      .generic_u8string();
+    const std::string source = mac::disassemble(file, mac::read_declarations(arguments.declarations),
+                                                {include.begin(), include.end()});
     write_text(arguments.output.empty() ? kStream : path_of(arguments.output), source);
 }
 
@@ -49,9 +66,13 @@ void run(const Arguments &arguments) {
         program = mac::assemble_file(arguments.input);
     } else {
         program = mac::read_declarations(arguments.declarations);
-        program.file = file;
+        program.file = read_script(arguments.input);
     }
-    mac::run(program, arguments.run, std::cout);
+    try {
+        mac::run(program, arguments.run, std::cout);
+    } catch (const std::runtime_error &error) {
+        throw FileError(path_of(arguments.input), error.what());
+    }
 }
 
 }  // namespace
@@ -73,6 +94,7 @@ void add_mac(CLI::App &app) {
     dumper.add_option("script", arguments->input, "The script file")->required();
     dumper.add_option("-o,--output", arguments->output, "The source (standard output)");
     dumper.add_option("-d,--declarations", arguments->declarations, declarations);
+    dumper.add_flag("--damaged", arguments->damaged, "List what is there of a damaged script, too");
     dumper.callback([arguments] { dump(*arguments); });
 
     CLI::App &runner = *add_command(mac, "run", "Run a procedure and show the commands it gives the game",

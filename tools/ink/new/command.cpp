@@ -13,14 +13,17 @@ namespace fs = std::filesystem;
 
 void create(const std::string &directory) {
     const fs::path place = path_of(directory);
-    const std::string game = name_of(fs::absolute(place).lexically_normal().filename());
+    // With or without a slash behind it; "." is the folder we stand in.
+    const fs::path whole = fs::absolute(place / "").lexically_normal();
+    const std::string game = name_of(whole.parent_path().filename());
     const auto plain = [](char letter) {
         return (letter >= 'a' && letter <= 'z') || (letter >= 'A' && letter <= 'Z') ||
                (letter >= '0' && letter <= '9') || letter == '_' || letter == '-';
     };
     if (game.empty() || !std::ranges::all_of(game, plain))
         throw FileError(place, "a game's name is made of letters a to z, digits, _ and -");
-    if (fs::exists(place) && !fs::is_empty(place)) throw FileError(place, "is there already, and not empty");
+    if (fs::exists(place) && !(fs::is_directory(place) && fs::is_empty(place)))
+        throw FileError(place, "is there already, and not empty");
     fs::create_directories(place / "content" / "art");
     NewFiles files;
     for (const auto &[name, text] : texts_of_game(game))

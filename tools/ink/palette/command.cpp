@@ -18,11 +18,8 @@ struct Arguments {
 };
 
 void write(const Arguments &arguments, const StoredPalette &palette) {
-    const std::string extension = name_of(path_of(arguments.output).extension());
-    const std::string name = !arguments.kind.empty() ? arguments.kind
-                             : extension.empty()     ? ""
-                                                     : extension.substr(1);
-    const auto kind = palette_kind(name);
+    const auto kind =
+        palette_kind(!arguments.kind.empty() ? arguments.kind : ending_of(path_of(arguments.output)));
     if (!kind) throw CLI::ValidationError("--as", "say what to make with --as pal, gpl, jasc or png");
     write_bytes(path_of(arguments.output), encode_palette(palette, *kind));
 }

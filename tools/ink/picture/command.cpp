@@ -31,11 +31,8 @@ fs::path place_of(const Arguments &arguments, const fs::path &input, const char 
 }
 
 PictureKind kind_of(const Arguments &arguments) {
-    const std::string extension = name_of(path_of(arguments.output).extension());
-    const std::string name = !arguments.kind.empty() ? arguments.kind
-                             : extension.empty()     ? ""
-                                                     : extension.substr(1);
-    const auto kind = picture_kind(name);
+    const auto kind =
+        picture_kind(!arguments.kind.empty() ? arguments.kind : ending_of(path_of(arguments.output)));
     if (!kind) throw CLI::ValidationError("--as", "say what to make with --as png, pcx, img or cim");
     return *kind;
 }
@@ -71,11 +68,10 @@ void add_picture(CLI::App &app) {
     const auto arguments = std::make_shared<Arguments>();
     CLI::App *command = add_command(
         app, "picture",
-        "Turn pictures into another kind: PNG, PCX, image block (img) or compressed image (cim). Indices of "
-        "pictures that have a palette stay as they are; other pictures are given one, or are mapped to "
-        "yours. "
-        "Pixels that are transparent become colour 0, and no other ones do",
-        {"ink picture hero.png -o hero.pcx", "ink picture art/*.png -o content --as cim --palette game.pal"});
+        "Turn pictures into another kind: PNG, PCX, image block (img) or compressed image (cim)",
+        {"ink picture hero.png -o hero.pcx", "ink picture art/*.png -o content --as cim --palette game.pal"},
+        "Indices of pictures that have a palette stay as they are; other pictures are given one, or are "
+        "mapped to yours. Pixels that are transparent become colour 0, and no other ones do.");
     command->add_option("pictures", arguments->inputs, "Pictures of any of these kinds, or patterns of names")
         ->required();
     command->add_option("-o,--output", arguments->output, "The picture to write, or a directory for several")

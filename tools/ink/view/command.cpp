@@ -1,5 +1,4 @@
 // ink view: shows what is in a file.
-#include <iostream>
 #include <memory>
 
 #include "can/reader.h"
@@ -8,6 +7,7 @@
 #include "flic/reader.h"
 #include "font/pages.h"
 #include "info/report.h"
+#include "lzss/stream.h"
 #include "mac/declarations.h"
 #include "mac/disassembler.h"
 #include "picture/palette_file.h"
@@ -24,23 +24,38 @@ struct Arguments {
     std::size_t frame = 1;
 };
 
-Animation still(IndexedPicture picture) {
+// What a file looks like, and whether that moves by itself; a font's pages are turned by hand.
+struct Look {
     Animation animation;
+    bool moves = true;
+};
+
+Look still(IndexedPicture picture) {
+    Look look;
     picture.x = picture.y = 0;
-    animation.frames.push_back({std::move(picture), kUsualMilliseconds});
-    return animation;
+    look.animation.frames.push_back({std::move(picture), kUsualMilliseconds});
+    return look;
 }
 
-// What a file looks like; nothing when there is nothing to see in it.
-std::optional<Animation> look_of(const fs::path &name, const Bytes &file) {
-    if (describe_can(file)) return read_can(file);
-    if (describe_flic(file)) return read_flic(file);
-    if (is_palette_file(file)) return still(swatch_of(read_palette(name).colours));
-    if (recognise_picture(file)) return still(read_picture(name));
-    if (describe_font(file, name)) return font_pages(file);
-    if (name.extension() == ".gif" || name.extension() == ".sheet")
-        return coloured(read_raw_animation({name_of(name)}), {});
+// Nothing when there is nothing to see in it.
+std::optional<Look> look_of(const fs::path &name, const Bytes &file) {
+    if (describe_can(file)) return Look{read_can(file)};
+    if (describe_flic(file)) return Look{read_flic(file)};
+    if (is_palette_file(file)) return still(swatch_of(palette_of(file, name).colours));
+    if (recognise_picture(file)) return still(coloured(any_picture_of(file, name)));
+    if (describe_font(file, name)) return Look{font_pages(file), false};
+    if (is_gif(file)) return Look{coloured(decode_gif(file), {})};
+    if (ending_of(name) == "sheet") return Look{coloured(read_raw_animation({name_of(name)}), {})};
     return std::nullopt;
+}
+
+// What there is to read about a file that shows nothing.
+std::string text_of(const Arguments &arguments, const fs::path &name, const Bytes &file) {
+    if (describe_script(file))
+        return mac::disassemble(file, mac::read_declarations(arguments.declarations), "");
+    const auto report = describe(file, name);
+    if (!report) throw FileError(name, "is of no format that is known here");
+    return page_of(arguments.file, *report);
 }
 
 void view(const Arguments &arguments) {
@@ -48,26 +63,19 @@ void view(const Arguments &arguments) {
     const Bytes file = read_bytes(name);
     try {
         auto look = look_of(name, file);
-        if (!look && describe_script(file)) {
-            write_text(kStream, mac::disassemble(file, mac::read_declarations(arguments.declarations), ""));
-            return;
-        }
-        if (!look) {
-            const auto report = describe(file, name);
-            if (!report) throw FileError(name, "is of no format that is known here");
-            std::cout << page_of(arguments.file, *report);
-            return;
-        }
+        // What is packed is shown as it will be.
+        if (!look && lzss_stream_length(file).value_or(0) > 0) look = look_of(name, expand_lzss(file));
+        if (!look && !arguments.picture.empty()) throw FileError(name, "has nothing to see in it");
+        if (!look) return write_text(kStream, text_of(arguments, name, file));
+        Animation &animation = look->animation;
         if (!arguments.palette.empty()) {
             const Palette palette = read_palette(path_of(arguments.palette)).colours;
-            for (Frame &frame : look->frames) frame.picture.palette = palette;
+            for (Frame &frame : animation.frames) frame.picture.palette = palette;
         }
-        // A font's pages are turned by hand.
-        if (arguments.picture.empty())
-            return show_in_window(arguments.file, *look, !describe_font(file, name));
-        if (arguments.frame > look->frames.size())
-            throw FileError(name, "has " + std::to_string(look->frames.size()) + " frames");
-        const IndexedPicture picture = on_field(*look, look->frames[arguments.frame - 1]);
+        if (arguments.picture.empty()) return show_in_window(arguments.file, animation, look->moves);
+        if (arguments.frame > animation.frames.size())
+            throw FileError(name, "has " + counted(animation.frames.size(), "frame"));
+        const IndexedPicture picture = on_field(animation, animation.frames[arguments.frame - 1]);
         write_bytes(path_of(arguments.picture), encode_picture(picture, PictureKind::png));
     } catch (const FileError &) {
         throw;
