@@ -10,7 +10,7 @@ build_packages="g++ cmake ninja-build pkg-config libsdl2-dev libcli11-dev libfre
 test_packages="libgtest-dev imagemagick netpbm libavcodec-dev libavformat-dev libavutil-dev"
 # What continuous integration takes on top: the second compiler with its sanitizers and fuzzer, the formatter, a
 # display without a screen and a hand for it, and the peers of the benchmarks.
-ci_packages="clang-14 clang libclang-rt-14-dev clang-format-14 clang-format xvfb xauth xdotool x11-utils openbox
+ci_packages="clang-14 clang libclang-rt-14-dev llvm-14 clang-format-14 clang-format xvfb xauth xdotool x11-utils openbox
   libbenchmark-dev liballegro4-dev liblua5.4-dev sox debootstrap"
 # What building for Windows takes, and a Windows to test it on.
 windows_packages="g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix googletest libcli11-dev wine wine64
