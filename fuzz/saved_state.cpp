@@ -13,7 +13,7 @@
 #include "support/script.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
-    fuzz::as_file(nullptr, 0);
+    fuzz::as_file(data, size);  // for the directory
     if (size < sizeof(MAC_INFO_STRUCT)) return 0;
     const std::uint32_t variables = ink::get_u32(data + offsetof(MAC_INFO_STRUCT, variable_count));
     if (size < sizeof(MAC_INFO_STRUCT) + std::size_t{4} * variables) return 0;
