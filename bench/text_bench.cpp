@@ -191,7 +191,8 @@ constexpr struct {
     };
     for (const auto &[name, style, mode] : kStyles) {
         const std::string page = std::string("CHINE_print24, ") + name;
-        row(page, "inkstone", [style, mode](benchmark::State &state) { page_of(state, style, mode); });
+        row(page, "inkstone",
+            [style = style, mode = mode](benchmark::State &state) { page_of(state, style, mode); });
         row(page, "limit memcpy of pixels", [](benchmark::State &state) { expanded_page(state, copy_rows); });
     }
     row("CHINE_print24, opaque", "plain copies of pixels",
@@ -204,10 +205,10 @@ constexpr struct {
         [](benchmark::State &state) { bit_by_bit(state, false); });
     for (const auto &[name, style] : {std::pair{"patterned", ""}, {"patterned outline", "~O1"}})
         row(std::string("CHINE_print24, ") + name, "inkstone",
-            [style](benchmark::State &state) { text_patterned(state, style, kTransparent); });
+            [style = style](benchmark::State &state) { text_patterned(state, style, kTransparent); });
     for (const auto &[name, style] : {std::pair{"double size", "~Z1"}, {"double size, outline", "~Z1~O1"}})
         row(std::string("CHINE_print24, ") + name, "inkstone",
-            [style](benchmark::State &state) { text_zoomed(state, style, kTransparent); });
+            [style = style](benchmark::State &state) { text_zoomed(state, style, kTransparent); });
     for (const bool opaque : {true, false}) {
         const std::string page = std::string("print_ascii16 page, ") + (opaque ? "opaque" : "transparent");
         row(page, "inkstone",

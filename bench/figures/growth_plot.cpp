@@ -9,7 +9,7 @@ namespace figures {
 
 namespace {
 
-constexpr int kWidth = 420, kHeight = 300, kLeft = 62, kTop = 30, kRight = 12, kBottom = 42;
+constexpr int kWidth = 420, kHeight = 300, kLeft = 62, kTop = 30, kRight = 30, kBottom = 42;
 const char *const kColours[] = {"#1b62a5", "#c1440e", "#2a7d3f", "#7a4a9c"};
 
 // One axis: whole decades from first to last, laid over pixels from start to end.
