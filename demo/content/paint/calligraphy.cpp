@@ -88,7 +88,52 @@ void write(Canvas &canvas, const Character &character, double x, double y, doubl
     }
 }
 
+// Capitals on a height of 1: their width, and their strokes.
+struct Letter {
+    char name;
+    double width;
+    std::vector<Path> strokes;
+};
+const std::vector<Letter> kLetters = {
+    {'T', 0.8, {{{0, 0}, {0.8, 0}}, {{0.4, 0}, {0.4, 1}}}},
+    {'H', 0.75, {{{0, 0}, {0, 1}}, {{0.75, 0}, {0.75, 1}}, {{0, 0.48}, {0.75, 0.48}}}},
+    {'E', 0.6, {{{0, 0}, {0, 1}}, {{0, 0}, {0.58, 0}}, {{0, 0.48}, {0.48, 0.48}}, {{0, 1}, {0.6, 1}}}},
+    {'M',
+     0.96,
+     {{{0, 1}, {0.1, 0}}, {{0.1, 0}, {0.48, 0.82}}, {{0.48, 0.82}, {0.86, 0}}, {{0.86, 0}, {0.96, 1}}}},
+    {'O', 0.92, {ellipse(0.46, 0.5, 0.46, 0.5)}},
+    {'N', 0.76, {{{0, 1}, {0, 0}}, {{0, 0}, {0.76, 1}}, {{0.76, 1}, {0.76, 0}}}},
+    {'I', 0.06, {{{0.03, 0}, {0.03, 1}}}},
+    {'K', 0.68, {{{0, 0}, {0, 1}}, {{0.64, 0}, {0, 0.56}}, {{0.22, 0.4}, {0.68, 1}}}},
+    {' ', 0.34, {}},
+};
+
+const Letter &letter_of(char name) {
+    for (const Letter &letter : kLetters)
+        if (letter.name == name) return letter;
+    return kLetters.back();
+}
+
 }  // namespace
+
+void write_roman(Canvas &canvas, double x, double y, double height, std::string_view text, Tone tone) {
+    constexpr double kApart = 0.34;
+    double width = -kApart;
+    for (const char name : text) width += letter_of(name).width + kApart;
+    double left = x - width * height / 2;
+    for (const char name : text) {
+        const Letter &letter = letter_of(name);
+        for (const Path &path : letter.strokes) {
+            Path drawn = placed(path, left, y, height, height);
+            if (drawn.size() > 2) drawn.push_back(drawn[0]);
+            // Down strokes are thick and the others thin, as a flat pen writes them.
+            const double dx = drawn[1].x - drawn[0].x, dy = drawn[1].y - drawn[0].y;
+            const bool thick = dy * dy > dx * dx;
+            canvas.lay(stroke(drawn, height * (thick ? 0.15 : 0.1)), tone);
+        }
+        left += (letter.width + kApart) * height;
+    }
+}
 
 void write_title(Canvas &canvas, double x, double y, double size, Tone tone) {
     write(canvas, kInk, x, y, size, tone);

@@ -1,12 +1,17 @@
 // Characters written with a brush.
 #pragma once
 
+#include <string_view>
+
 #include "canvas.h"
 
 namespace paint {
 
 // The title of the game, its three characters one below the other, each size pixels high.
 void write_title(Canvas &canvas, double x, double y, double size, Tone tone);
+
+// A line of roman capitals, those that the title needs, its middle at x.
+void write_roman(Canvas &canvas, double x, double y, double height, std::string_view text, Tone tone);
 
 // The sign of the paper shop, four characters side by side, and the one on its banner.
 void write_shop_sign(Canvas &canvas, double x, double y, double size, Tone tone);

@@ -124,6 +124,7 @@ Canvas paint_title() {
             if (noise(radius / 230.0, (dx > 0 ? dy : -dy) / 26.0, 44) < 0.4) brush.at(x, y) *= 0.3F;
         }
     canvas.lay(brush, {Ramp::moon, 0.34}, 0.72);
+    write_roman(canvas, 166, 200, 11, "THE MOON IN THE INK", {Ramp::moon, 0.6});
     // The near shore: reeds and a pine bough lean into the picture.
     Chance chance(91);
     for (int i = 0; i < 70; ++i) {
