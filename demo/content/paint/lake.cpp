@@ -234,7 +234,9 @@ Scene paint_lake() {
 
     Keys keys(scene.mask);
     keys.area(35, {{0, 90}, {640, 90}, {640, kWater}, {0, kWater}});
-    keys.area(34, {{0, kWater}, {640, kWater}, {640, 344}, {0, 344}});
+    keys.area(34, {{0, kWater}, {640, kWater}, {640, 338}, {0, 338}});
+    // The moon is mirrored in the water alone, not on the pier.
+    keys.area(0, {{284, 298}, {350, 298}, {356, 360}, {278, 360}});
     keys.area(1, {{24, 364}, {616, 364}, {616, 424}, {24, 424}});
     keys.area(2, {{0, 356}, {26, 356}, {26, 440}, {0, 440}});
     keys.area(33, {{432, 196},

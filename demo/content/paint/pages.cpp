@@ -57,7 +57,7 @@ Canvas paint_end() {
          0.46, 11);
     hill({{35, 430}, {90, 412}, {180, 428}, {300, 424}, {420, 430}, {520, 410}, {605, 392}}, 0.7, 12);
     paint_plum(canvas, {{35, 52}, {86, 66}, {140, 62}, {196, 84}, {240, 78}}, 9, 21);
-    paint_plum(canvas, {{92, 66}, {120, 92}, {112, 110}}, 4, 22);
+    paint_plum(canvas, {{92, 66}, {110, 78}, {108, 90}}, 4, 22);
     // Where the picture hangs.
     canvas.shade(fill(rectangle(366, 96, 582, 312)), -0.14);
     canvas.lay(fill(rectangle(358, 86, 582, 310)), {Ramp::ink, 0.1});
@@ -119,7 +119,6 @@ Canvas paint_paper() {
     canvas.lay(stroke({{436, 444.6}, {606, 432.6}}, 2), {Ramp::straw, 0.86});
     canvas.lay(stroke({{434, 446}, {420, 447}}, 8), {Ramp::gold, 0.5});
     canvas.lay(stroke(curve({{420, 447}, {404, 447}, {386, 452}}), 8, 9, 1), {Ramp::ink, 0.12});
-    stamp_seal(canvas, 604, 26, 20);
     return canvas;
 }
 
