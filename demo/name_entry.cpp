@@ -15,7 +15,7 @@
 namespace moon {
 namespace {
 
-constexpr int kMiddle = INK_SCREEN_WIDTH / 2, kTop = 180;
+constexpr int kMiddle = INK_SCREEN_WIDTH / 2, kTop = 210;
 constexpr std::int32_t kCaretCounter = 3;
 
 bool is_letter(std::uint8_t key) {
@@ -32,7 +32,7 @@ void draw_entry(const std::string &name) {
     const TextStyle question{kPaperWhite, kInkBlack, kBrightGold, false};
     const TextStyle letters{kBrightGold, kInkBlack, kBrightGold, true};
     const TextStyle hint{4, kInkBlack, kBrightGold, false};
-    draw_glass(kMiddle - 220, kTop, kMiddle + 220, kTop + 150);
+    draw_glass(kMiddle - 190, kTop, kMiddle + 190, kTop + 150);
     print_centred(kMiddle, kTop + 20, in_language(WHO_ARE_YOU_ZH, WHO_ARE_YOU_EN), question);
     const int width = text_width(name), left = kMiddle - width / 2, y = kTop + 62;
     print(left, y, name, letters);

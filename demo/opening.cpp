@@ -36,6 +36,14 @@ TextStyle style_in(const std::uint8_t *colours) {
     return style;
 }
 
+// On a band of dark glass: the film is bright in some places and dark in others.
+void draw_caption(const std::string &line, const TextStyle &style) {
+    constexpr int kMiddle = INK_SCREEN_WIDTH / 2, kTop = 424;
+    const int half = text_width(line) / 2 + 24;
+    BUF_glass_bar(kMiddle - half, kTop - 10, kMiddle + half, kTop + text_height() + 10, kDarkGlass, screen());
+    print_centred(kMiddle, kTop, line, style);
+}
+
 }  // namespace
 
 void show_opening() {
@@ -48,11 +56,13 @@ void show_opening() {
         FLIC_play_flic_frame();
         FLIC_export_palette(colours.data());
         SCR_set_palette(colours.data());
+        PAL_make_glass_table(1, 256, kDarkGlass, 20, colours.data());
+        const TextStyle style = style_in(colours.data());
         for (int shown = 0; shown < kFrameTime && !left; shown += kFrameMilliseconds) {
             const Input input = begin_frame(Waiting::kTime);
             left = input.click || input.key == kKeyEsc || input.key == kKeySpace || input.key == kKeyEnter;
             std::copy(film.begin(), film.end(), screen());
-            print_centred(INK_SCREEN_WIDTH / 2, 424, line_at(i, frames), style_in(colours.data()));
+            draw_caption(line_at(i, frames), style);
             end_frame();
         }
     }

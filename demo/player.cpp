@@ -2,6 +2,7 @@
 
 #include <inkstone/inkstone.h>
 
+#include <array>
 #include <cstdio>
 #include <cstring>
 #include <utility>
@@ -97,27 +98,28 @@ void Player::pursue(const Goal &goal) {
     }
 }
 
-// A hare lives in the moon: a ring, a fill, two ears and an eye.
+// A golden moon with its seas: rings and fills, a line, and a stroke of the brush.
 void Player::paint() {
     const auto on_sheet = [](int x, int y) { return Point{176 + 144 + x, 72 + 144 + y}; };
-    const Point circle{54, 170}, fill{114, 170}, line{114, 110}, brush{54, 110}, thick{124, 242};
-    const Point gold{603, 98}, grey{539, 98}, done{555, 320};
+    const Point circle{54, 170}, fill{114, 170}, line{114, 110}, brush{54, 110};
+    const Point gold{603, 98}, white{603, 134}, done{555, 320};
     click(gold);
     click(circle);
-    drag(on_sheet(0, 0), on_sheet(112, 0));
+    drag(on_sheet(0, 0), on_sheet(116, 0));
     click(fill);
     click(on_sheet(60, 60));
-    click(grey);
-    click(circle);
-    drag(on_sheet(-10, 30), on_sheet(20, 40));
-    click(fill);
-    click(on_sheet(-10, 30));
-    click(thick);
+    click(white);
+    for (const auto &[x, y, radius] :
+         {std::array{-38, -30, 30}, std::array{34, 22, 40}, std::array{-24, 62, 16}}) {
+        click(circle);
+        drag(on_sheet(x, y), on_sheet(x + radius, y));
+        click(fill);
+        click(on_sheet(x, y));
+    }
     click(line);
-    drag(on_sheet(-20, 10), on_sheet(-44, -50));
-    drag(on_sheet(0, 4), on_sheet(-6, -60));
+    drag(on_sheet(-10, -16), on_sheet(10, -4));
     click(brush);
-    drag(on_sheet(22, 44), on_sheet(54, 52));
+    drag(on_sheet(50, -52), on_sheet(70, -34));
     picture("painting");
     click(done);
     then(1500, [] {});

@@ -77,7 +77,7 @@ std::vector<Canvas> hand_cursor() {
                                    {7, 8}});
         canvas.shape(hand, kSkin, gradient({6, 20}, 0.66, {24, 10}, 1), 1.6);
         for (const double x : {16.0, 19.6, 22.6})
-            canvas.line(curve({{x, 12.4 + bend}, {x + 0.6, 15 + bend}, {x + 0.4, 17}}), kSkin, 0.15,
+            canvas.line(curve({{x, 12.4 + bend}, {x + 0.6, 15 + bend}, {x + 0.4, 17}}), kWood, 0.3,
                         {1, 1.2, 0.6});
         frames.push_back(canvas);
     }

@@ -12,6 +12,28 @@ namespace {
 
 using namespace people;
 
+// The picture in the nearest of the colours that are the same in every light.
+ink::tool::IndexedPicture in_fixed_colours(ink::tool::IndexedPicture picture) {
+    static const ink::tool::Palette palette = paint::palette_of(paint::Light::day);
+    for (std::uint8_t &pixel : picture.pixels) {
+        int best = 0, best_distance = 1 << 20;
+        for (int fixed = paint::kBlack; fixed <= paint::kWhite && pixel != 0; ++fixed) {
+            int distance = 0;
+            for (int c = 0; c < 3; ++c) {
+                const int difference = palette[static_cast<std::size_t>(pixel * 3 + c)] -
+                                       palette[static_cast<std::size_t>(fixed * 3 + c)];
+                distance += difference * difference;
+            }
+            if (distance < best_distance) {
+                best = fixed;
+                best_distance = distance;
+            }
+        }
+        pixel = static_cast<std::uint8_t>(best);
+    }
+    return picture;
+}
+
 class Output {
   public:
     explicit Output(std::filesystem::path directory) : directory_(std::move(directory)) {
@@ -24,10 +46,11 @@ class Output {
         ink::tool::write_bytes(directory_ / name, ink::tool::image_block(canvas.picture(dither)));
     }
 
-    // All frames of a cursor have one size: its hot spot stays where it is.
+    // All frames of a cursor have one size: its hot spot stays where it is. Its colours are those that no light
+    // changes, so that it is found by night.
     void cursor(const char *name, const std::vector<Canvas> &frames) const {
         std::vector<ink::tool::IndexedPicture> pictures;
-        for (const Canvas &frame : frames) pictures.push_back(frame.picture(0));
+        for (const Canvas &frame : frames) pictures.push_back(in_fixed_colours(frame.picture(0)));
         ink::tool::write_bytes(directory_ / name, ink::tool::can_file(pictures, 0, 0));
     }
 
