@@ -19,7 +19,7 @@ namespace moon {
 namespace {
 
 constexpr int kLeft = 16, kTop = 366, kRight = 623, kBottom = 471;
-constexpr int kPortraitX = 28, kPortraitWidth = 112, kPortraitHeight = 136;
+constexpr int kPortraitX = 28, kPortraitHeight = 136;
 constexpr int kTextX = 160, kTextWidth = 444, kTextY = kTop + 12;
 constexpr int kNarratorX = 40, kNarratorWidth = 560, kCaptionWidth = 600;
 constexpr std::int32_t kMarkCounter = 3;

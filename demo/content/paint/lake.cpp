@@ -8,7 +8,7 @@
 namespace paint {
 namespace {
 
-constexpr int kWater = 262, kShore = 342;
+constexpr int kWater = 262;
 
 Path shore_line() {
     return curve({{-10, 330},

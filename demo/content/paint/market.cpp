@@ -263,13 +263,14 @@ void paint_willow_trunk(Canvas &canvas) {
 
 // What stands on the quay, and the shade of the willow on its stones.
 void paint_goods(Canvas &canvas) {
-    for (const auto &[x, y, size] : {Jar{258, 362, 1}, Jar{286, 358, 0.8}}) {
+    for (const Jar &jar : {Jar{258, 362, 1}, Jar{286, 358, 0.8}}) {
+        const double x = jar.x, y = jar.y, size = jar.size;
         canvas.lay(fill(ellipse(x + 3, y, 19 * size, 5 * size)), {Ramp::ink, 0.2}, 0.45);
         const Path body = placed(
             curve({{-9, 0}, {-16, -16}, {-13, -30}, {-7, -36}, {7, -36}, {13, -30}, {16, -16}, {9, 0}}, true),
             x, y, size, size);
         canvas.lay(stroke(body, 2.4), {Ramp::ink, 0.08});
-        canvas.lay(fill(body), [&, left = x - 16 * size](int px, int py) {
+        canvas.lay(fill(body), [left = x - 16 * size, size](int px, int py) {
             const double across = (px - left) / (32 * size);
             return Tone{Ramp::wood, 0.62 - 0.5 * across * across + ((py + 3) % 9 == 0 ? 0.08 : 0)};
         });
