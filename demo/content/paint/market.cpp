@@ -261,6 +261,21 @@ void paint_willow_trunk(Canvas &canvas) {
     paint_trunk(canvas, curve({{590, 150}, {540, 110}, {500, 92}}), 8, 3, 94);
 }
 
+// Boughs whose places and lengths are drawn by lot, one number after another, in an order that no compiler may change.
+struct Boughs {
+    int count;
+    double left, right, top, bottom, shortest, longest, sway_left, sway_right;
+};
+void paint_boughs(Canvas &canvas, const Boughs &boughs, Chance &chance, std::uint32_t seed) {
+    for (int i = 0; i < boughs.count; ++i) {
+        const double x = chance.between(boughs.left, boughs.right),
+                     y = chance.between(boughs.top, boughs.bottom);
+        const double length = chance.between(boughs.shortest, boughs.longest);
+        const double sway = chance.between(boughs.sway_left, boughs.sway_right);
+        paint_willow_bough(canvas, x, y, length, sway, seed + static_cast<std::uint32_t>(i));
+    }
+}
+
 // What stands on the quay, and the shade of the willow on its stones.
 void paint_goods(Canvas &canvas) {
     for (const Jar &jar : {Jar{258, 362, 1}, Jar{286, 358, 0.8}}) {
@@ -298,9 +313,7 @@ Scene paint_market() {
     paint_goods(canvas);
     paint_willow_trunk(canvas);
     Chance chance(95);
-    for (int i = 0; i < 26; ++i)
-        paint_willow_bough(canvas, chance.between(482, 640), chance.between(66, 112), chance.between(50, 130),
-                           chance.between(-16, 12), static_cast<std::uint32_t>(100 + i));
+    paint_boughs(canvas, {26, 482, 640, 66, 112, 50, 130, -16, 12}, chance, 100);
     paint_grain(canvas, 0.032, 7);
 
     Keys keys(scene.mask);
@@ -327,13 +340,8 @@ Scene paint_market() {
     for (const Point &at : kLanterns) keys.area(21, lantern_shape(at.x, at.y, 13, 17));
     keys.area(20, {{176, 262}, {232, 262}, {232, 374}, {176, 374}});
 
-    for (int i = 0; i < 22; ++i)
-        paint_willow_bough(scene.front, chance.between(560, 650), chance.between(-20, 60),
-                           chance.between(110, 250), chance.between(-22, 8),
-                           static_cast<std::uint32_t>(200 + i));
-    for (int i = 0; i < 9; ++i)
-        paint_willow_bough(scene.front, chance.between(300, 560), -26, chance.between(40, 96),
-                           chance.between(-14, 8), static_cast<std::uint32_t>(300 + i));
+    paint_boughs(scene.front, {22, 560, 650, -20, 60, 110, 250, -22, 8}, chance, 200);
+    paint_boughs(scene.front, {9, 300, 560, -27, -25, 40, 96, -14, 8}, chance, 300);
     return scene;
 }
 

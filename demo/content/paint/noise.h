@@ -12,7 +12,7 @@ inline std::uint32_t hash(std::uint32_t x, std::uint32_t y, std::uint32_t seed) 
     return h ^ (h >> 15);
 }
 
-// Random numbers one after another.
+// Random numbers one after another. No two belong into the arguments of one call, whose order is the compiler's.
 class Chance {
   public:
     explicit Chance(std::uint32_t seed) : seed_(seed) {}

@@ -48,9 +48,11 @@ void paint_town(Canvas &canvas) {
     }
     canvas.lay(stroke({{326, 132}, {326, 112}}, 2.2, 1.4, 0.6), {Ramp::mountain, 0.08});
     Chance chance(71);
-    for (int i = 0; i < 13; ++i)
-        paint_needles(canvas, 268 + i * 20.0 + chance.between(-5, 5), 276 + chance.between(-4, 8),
-                      chance.between(8, 15), chance.between(6, 9), static_cast<std::uint32_t>(80 + i));
+    for (int i = 0; i < 13; ++i) {
+        const double x = 268 + i * 20.0 + chance.between(-5, 5), y = 276 + chance.between(-4, 8);
+        const double half_width = chance.between(8, 15), half_height = chance.between(6, 9);
+        paint_needles(canvas, x, y, half_width, half_height, static_cast<std::uint32_t>(80 + i));
+    }
     paint_reflection(canvas, 262, 522, kWater + 3, kWater + 44, {Ramp::ink, 0.3}, 77);
     // The lights of the windows on the water.
     for (int i = 0; i < 15; ++i) {
