@@ -311,7 +311,7 @@ void Player::show_at(std::uint64_t time) {
             leave(first_difference_ != 0 ? kDiffers : 0);
         }
         if (now >= time) return;
-        shown.messages.rest();
+        shown.messages.rest(static_cast<std::uint32_t>((time - now) / 1000 + 1));
     }
 }
 

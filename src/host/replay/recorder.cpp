@@ -57,7 +57,7 @@ class Recorder final : public Tape, public Windows, public Messages, public Time
     void dispatch(const Message &message) override;
     void post(const Message &message) override;
     void post_quit(std::int32_t exit_code) override { behind()->messages.post_quit(exit_code); }
-    void rest() override { behind()->messages.rest(); }
+    void rest(std::uint32_t milliseconds) override { behind()->messages.rest(milliseconds); }
     void message_box(HWND owner, const char *text, const char *caption, std::uint32_t style) override;
 
     bool set_timer(HWND window, std::uint32_t id, std::uint32_t interval_ms,
