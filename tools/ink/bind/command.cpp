@@ -181,12 +181,12 @@ void add_bind(CLI::App &app) {
         return command;
     };
 
-    CLI::App *packer =
-        add_archive(add_command(*group, "pack", "Pack the files of a folder, or those that a list names",
-                                {"ink bind pack game.bnd content", "ink bind pack game.bnd files.lst"},
-                                "Names are relative to the folder, or to the list's, with / between "
-                                "their parts; an archive holds names of at most 15 bytes, in Big5. A list has "
-                                "a name a line; a ; begins a comment."));
+    CLI::App *packer = add_archive(
+        add_command(*group, "pack", "Pack the files of a folder, or those that a list names",
+                    {"ink bind pack game.bnd content", "ink bind pack game.bnd files.lst"},
+                    "Names are relative to the folder, or to the list's, with / between "
+                    "their parts; an archive holds names of at most 15 bytes, in Big5. A list has "
+                    "a name a line; a ; begins a comment."));
     packer->add_option("source", arguments->source, "The folder, or the list")->required();
     packer->callback([arguments] { pack(*arguments); });
 
