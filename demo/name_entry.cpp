@@ -15,7 +15,7 @@
 namespace moon {
 namespace {
 
-constexpr int kMiddle = INK_SCREEN_WIDTH / 2, kTop = 210;
+constexpr int kMiddle = INK_SCREEN_WIDTH / 2, kTop = 226;
 constexpr std::int32_t kCaretCounter = 3;
 
 bool is_letter(std::uint8_t key) {
