@@ -69,7 +69,7 @@ void play(Change change, bool fed) {
     DS_load_wave_channel("beep.wav", 0);
     DS_load_wave_channel("beep.wav", 1);
     Bytes sectors;
-    for (int i = 0; i < 588 * 300; ++i) test::put(sectors, i * 2654435761U >> 20, 4);
+    for (std::uint32_t i = 0; i < 588 * 300; ++i) test::put(sectors, i * 2654435761U >> 20, 4);
     test::write_file("disc.bin", sectors);
     test::write_text("disc.cue", "FILE disc.bin BINARY\nTRACK 01 AUDIO\nINDEX 01 00:00:00\n");
     hear(HOST_insert_disc("disc.cue"));
