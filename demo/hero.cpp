@@ -75,14 +75,14 @@ void move_hero() {
     if (!walking) return;
     const int dx = target.x - get(kHeroX), dy = target.y - get(kHeroY);
     // Up and down the floor he seems to go half as fast.
-    const int far = std::max(std::abs(dx), std::abs(dy) * 2);
-    if (far <= kSpeed) {
+    const int way = std::max(std::abs(dx), std::abs(dy) * 2);
+    if (way <= kSpeed) {
         place_hero(target);
         SetTimerTick(kCounter, 10);
         return;
     }
-    set(kHeroX, get(kHeroX) + dx * kSpeed / far);
-    set(kHeroY, get(kHeroY) + dy * kSpeed / far);
+    set(kHeroX, get(kHeroX) + dx * kSpeed / way);
+    set(kHeroY, get(kHeroY) + dy * kSpeed / way);
     constexpr int kStep = 44;
     if ((distance += kSpeed) >= kStep) {
         distance = 0;

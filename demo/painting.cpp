@@ -136,12 +136,12 @@ std::vector<std::uint8_t> cut_moon(const std::vector<std::uint8_t> &painting) {
     MEM_get_image(kFirst, kFirst, kSize, kSize, moon.data(), painting.data(), kSheetSize, kSheetSize);
     for (int y = 0; y < kSize; ++y) {
         for (int x = 0; x < kSize; ++x) {
-            const int dx = x - kMoonRadius, dy = y - kMoonRadius, far = dx * dx + dy * dy;
+            const int dx = x - kMoonRadius, dy = y - kMoonRadius, square = dx * dx + dy * dy;
             std::uint8_t &pixel = moon[static_cast<std::size_t>(y * kSize + x) + 4];
-            if (far > kMoonRadius * kMoonRadius)
+            if (square > kMoonRadius * kMoonRadius)
                 pixel = 0;
             else if (pixel == kPaperColour)  // bright in the middle, and a little less so towards the edge
-                pixel = static_cast<std::uint8_t>(kMoonRamp + 7 - far * 3 / (kMoonRadius * kMoonRadius));
+                pixel = static_cast<std::uint8_t>(kMoonRamp + 7 - square * 3 / (kMoonRadius * kMoonRadius));
         }
     }
     return moon;

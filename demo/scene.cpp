@@ -64,9 +64,9 @@ Point nearest(const std::vector<std::uint8_t> &in, int key, int x, int y) {
     int best = std::numeric_limits<int>::max();
     for (int row = 0; row < INK_SCREEN_HEIGHT; ++row) {
         for (int column = 0; column < INK_SCREEN_WIDTH; ++column) {
-            const int far = (column - x) * (column - x) + (row - y) * (row - y);
-            if (far >= best || BUF_get_pixel(column, row, in.data()) != key) continue;
-            best = far;
+            const int square = (column - x) * (column - x) + (row - y) * (row - y);
+            if (square >= best || BUF_get_pixel(column, row, in.data()) != key) continue;
+            best = square;
             found = {column, row};
         }
     }
