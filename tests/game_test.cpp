@@ -32,7 +32,8 @@ std::vector<std::string> texts_of(const std::string &line) {
 
 // The script as the build made it, with a fresh state.
 void begin() {
-    std::filesystem::copy_file(GAME_SCRIPT, kScriptFile, std::filesystem::copy_options::overwrite_existing);
+    std::filesystem::remove(kScriptFile);
+    std::filesystem::copy_file(GAME_SCRIPT, kScriptFile);
     ASSERT_TRUE(begin_script());
 }
 

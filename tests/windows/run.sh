@@ -212,13 +212,15 @@ code=0; wait "$board_pid" || code=$?
 
 # ---- The game ----
 
-# A whole play of it shows and sounds as it does on this machine.
+# A whole play of it shows and sounds as it does on this machine. Windows packs PNG files in its own way.
+same_pixels() { [ "$(compare -metric AE "$1" "$2" null: 2>&1)" = 0 ]; }
 "$native/demo/demo" --host headless --tour --pictures native > demo.log 2>&1 || not_ok "the game's tour on this machine"
 "$wine" "$build/bin/demo.exe" --host headless --tour --pictures windows > demo_windows.log 2>&1 ||
     not_ok "the game's tour reaches the end"
-for file in native/*.png native/sound.wav; do
-    cmp -s "$file" "windows/$(basename "$file")" || not_ok "the game's tour differs in $(basename "$file")"
+for file in native/*.png; do
+    same_pixels "$file" "windows/$(basename "$file")" || not_ok "the game's tour differs in $(basename "$file")"
 done
+cmp native/sound.wav windows/sound.wav || not_ok "the game's tour differs in its sound"
 ok "the game's tour, $(ls native/*.png | wc -l) pictures and the sound"
 "$wine" "$build/bin/demo.exe" --folder game &
 demo_pid=$!
