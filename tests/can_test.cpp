@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "inkstone/draw.h"
 #include "support/blocks.h"
 #include "support/guarded.h"
 #include "support/injection.h"
@@ -142,8 +143,13 @@ TEST(Can, BearsEveryRefusal) {
     const auto good_images = [&head] {
         int good = 0, i = 0;
         for (const ANI_DATA_STRUCT *at = head != nullptr ? head->next : nullptr; at != nullptr;
-             at = at->next, ++i)
-            good += std::equal(kImages[i].begin(), kImages[i].end(), at->image);
+             at = at->next, ++i) {
+            // What came of a frame that could not be read may be a smaller image.
+            std::int32_t w = 0, h = 0;
+            IMG_get_image_size(at->image, &w, &h);
+            good += static_cast<std::size_t>(w * h + 4) == kImages[i].size() &&
+                    std::equal(kImages[i].begin(), kImages[i].end(), at->image);
+        }
         ANI_free_ani(head);
         return std::to_string(good);
     };
