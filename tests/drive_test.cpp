@@ -47,7 +47,6 @@ TEST_F(Drive, PlaysTheDiscThatLiesInIt) {
     ASSERT_EQ(HOST_insert_disc(test::kDriveName), 0);
     CDROM_open();
     ASSERT_EQ(CDROM_total(), 3);
-    EXPECT_EQ(CDROM_track_time(0), 30U);
     EXPECT_EQ(CDROM_track_time(1), 20U);
     EXPECT_EQ(CDROM_track_time(2), 60U);
     CDROM_play(0);
