@@ -4,9 +4,7 @@
 set -euo pipefail
 
 probe=$(realpath "$1")
-place=$(mktemp -d)
-cd "$place"
-export INKSTONE_HOST=sdl
+. "$(dirname "$0")/display.sh"
 passed=0
 failed=0
 
@@ -29,37 +27,20 @@ expect() {
 start_mark() { mark=$(wc -l < output); }
 # find_window TITLE: the number of the window with that title, once it is there.
 find_window() {
-    local try number=""
-    for try in $(seq 100); do
-        number=$(xwininfo -root -tree | awk -v title="\"$1\":" 'index($0, title) { print $1; exit }')
-        [ -n "$number" ] && break
-        sleep 0.1
-    done
-    echo "$number"
+    soon "a window with the title $1" opened "$1"
+    echo "$window"
 }
 same_picture() {
     local different
     different=$(compare -metric AE "$1" "$2" difference.png 2>&1 || true)
     [ "$different" = 0 ] && ok "$3" || not_ok "$3 ($different pixels differ)"
 }
-finish() {
-    kill "${display_pid:-}" 2>/dev/null || true
-    cd / && rm -rf "$place"
-}
-trap finish EXIT
-
-exec 6> display
-Xvfb -displayfd 6 -screen 0 1440x1100x24 -nolisten tcp > xvfb.log 2>&1 &
-display_pid=$!
-for try in $(seq 50); do [ -s display ] && break; sleep 0.1; done
-export DISPLAY=:$(cat display)
-openbox > openbox.log 2>&1 &
-sleep 1
+open_display 1440x1100
 
 mark=0
 : > output
 "$probe" >> output 2>&1 &
-probe_pid=$!
+program_pid=$!
 expect "the desktop machine is chosen" "host sdl"
 window=$(find_window "Inkstone probe")
 xdotool windowactivate --sync "$window"
@@ -109,18 +90,18 @@ tail -n +$((mark + 1)) output | grep -q 01c && not_ok "the game sees nothing of 
 start_mark
 xdotool key alt+F4  # the window manager closes it
 expect "closing the window puts the palette back" "close" "palette restored"
-wait "$probe_pid" && ok "the program ends with exit code 0" || not_ok "the program ends with exit code $?"
+wait "$program_pid" && ok "the program ends with exit code 0" || not_ok "the program ends with exit code $?"
 
 start_mark
 INKSTONE_RECORD=$place/play.rec "$probe" >> output 2>&1 &
-probe_pid=$!
+program_pid=$!
 expect "a play is recorded" "host sdl"
 window=$(find_window "Inkstone probe")
 xdotool windowactivate --sync "$window"
 xdotool mousemove --window "$window" 100 200 click 1 mousemove --window "$window" 300 120 click 3; sleep 0.3
 xdotool key a Up; sleep 1.2; xdotool keydown shift key F12 keyup shift; sleep 0.3
 xdotool key alt+F4
-wait "$probe_pid" || not_ok "the recorded program ends with exit code $?"
+wait "$program_pid" || not_ok "the recorded program ends with exit code $?"
 tail -n +$((mark + 1)) output > played
 grep -q "^button 201" played && grep -q "^down 058" played || not_ok "keys and clicks are in the play: $(cat played)"
 # replays MACHINE TEXT: the program hears and shows there what it did when it was played.
@@ -135,7 +116,7 @@ replays sdl "and in a window at its pace"
 start_mark
 mkfifo loaded
 "$probe" loading < loaded >> output 2>&1 &
-probe_pid=$!
+program_pid=$!
 exec 7> loaded
 expect "another one loads for a while" "host sdl"
 window=$(find_window "Inkstone probe")
@@ -144,16 +125,16 @@ import -window "$window" loading.png
 convert loading.png -filter point -resize 640x480 loading-same.png
 same_picture loading-same.png card.ppm "a palette and a picture show though nobody pumps"
 echo > loaded
-wait "$probe_pid" || true
+wait "$program_pid" || true
 
 start_mark
 "$probe" fatal >> output 2>&1 &
-probe_pid=$!
+program_pid=$!
 box=$(find_window "SystemError")
 [ -n "$box" ] && ok "a fatal exit shows a box" || not_ok "a fatal exit shows a box"
 sleep 0.5
 xdotool windowfocus "$box" key Return
-code=0; wait "$probe_pid" || code=$?
+code=0; wait "$program_pid" || code=$?
 expect "the quit procedures run after it" "quit procedure"
 [ "$code" = 1 ] && ok "and the program ends with exit code 1" || not_ok "exit code $code instead of 1"
 

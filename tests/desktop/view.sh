@@ -4,61 +4,16 @@
 set -euo pipefail
 ink=$(realpath "$1/tools/ink/ink")
 fonts=$(realpath "$1/demo/content")
-place=$(mktemp -d)
-cd "$place"
-export INKSTONE_HOST=sdl
-finish() {
-    kill "${view_pid:-}" "${manager_pid:-}" "${display_pid:-}" 2>/dev/null || true
-    cd / && rm -rf "$place"
-}
-trap finish EXIT
+. "$(dirname "$0")/display.sh"
+open_display 1024x768
 
-fail() { echo "FAILED: $1"; exit 1; }
-# soon WHAT COMMAND...: runs it until it succeeds. A busy machine may take its time: nothing here waits for a fixed one.
-soon() {
-    local what=$1 end=$((SECONDS + 60)); shift
-    until "$@"; do
-        [ "$SECONDS" -lt "$end" ] || fail "$what"
-        sleep 0.1
-    done
-}
-
-exec 6> display
-Xvfb -displayfd 6 -screen 0 1024x768x24 -nolisten tcp > xvfb.log 2>&1 &
-display_pid=$!
-soon "a display" [ -s display ]
-export DISPLAY=:$(cat display)
-openbox > openbox.log 2>&1 &
-manager_pid=$!
-manages() { xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'; }
-soon "a window manager" manages
-
-# A window may be made anew while it opens, so it is looked for before each use; one that vanishes while windows are
-# counted is no failure.
-opened() {
-    window=$(xwininfo -root -tree 2>/dev/null | awk -v title="\"$title\":" '!n && index($0, title) { print $1; n = 1 }') || true
-    [ -n "$window" ]
-}
-has_focus() {
-    opened || return 1
-    [ "$(timeout 10 xdotool getwindowfocus 2>/dev/null)" = "$((window))" ] && return
-    timeout 5 xdotool windowactivate "$window" 2>/dev/null
-    return 1
-}
-gone() { ! kill -0 "$view_pid" 2>/dev/null; }
 # view FILE [OPTION...]: opens it and waits for its window.
 view() {
     "$ink" view "$@" &
-    view_pid=$!
+    program_pid=$!
     title=$1
-    soon "$1 opens a window" opened
+    soon "$1 opens a window" opened "$title"
 }
-# Keys go to the window that has the focus.
-press() {
-    soon "the window has the focus" has_focus
-    timeout 10 xdotool key "$@"
-}
-take() { opened && timeout 10 import -window "$window" "$1" 2>/dev/null; }
 # The window is filled by the picture NAME.png, each pixel two or more wide and high; one of 640 columns may stand as it is.
 is_shown() {
     local times
@@ -77,7 +32,7 @@ ends() {
     local code=0
     press "$2"
     soon "$1" gone
-    wait "$view_pid" || code=$?
+    wait "$program_pid" || code=$?
     [ "$code" = 0 ] || fail "$1, with exit code $code"
     echo "ok: $1"
 }
