@@ -193,7 +193,7 @@ TEST(CdAudio, BearsEveryRefusal) {
                   .memory = {"-2 -1"},
                   .files = {"-2 -1"},
                   .prepare = HOST_eject_disc,
-                  .may_end_process = true});
+                  .in_process_of_its_own = true});
     test::inject({.group = "CDROM_open, CDROM_total, CDROM_play, CDROM_pause, CDROM_resume",
                   .use =
                       [&] {
@@ -211,7 +211,7 @@ TEST(CdAudio, BearsEveryRefusal) {
                   .machine = {"-1 -1 -1 -1 silent", "0 -1 -1 -1 silent", "0 3 -1 -1 silent", "0 3 0 -1 heard",
                               "0 3 0 -1 silent"},
                   .prepare = [] { CDROM_open(), CDROM_stop(), CDROM_close(), insert_three(); },
-                  .may_end_process = true});
+                  .in_process_of_its_own = true});
     // A disc whose file can no longer be read is silent where it cannot, and plays on.
     test::inject({.group = "CDROM_play, CDROM_status (disc of files)",
                   .use =
@@ -239,7 +239,7 @@ TEST(CdAudio, BearsEveryRefusal) {
                   .files = {"-1 silent"},
                   .machine = {"-1 silent", "0 silent"},
                   .prepare = [] { CDROM_open(), CDROM_stop(), CDROM_close(), HOST_eject_disc(); },
-                  .may_end_process = true});
+                  .in_process_of_its_own = true});
 }
 
 TEST(CdAudio, SheetsThatAreNoneAreRefused) {

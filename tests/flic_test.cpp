@@ -8,6 +8,7 @@
 #include "film/flic_film.h"
 #include "inkstone/can.h"
 #include "inkstone/pcx.h"
+#include "support/allocation.h"
 #include "support/files.h"
 #include "support/guarded.h"
 #include "support/injection.h"
@@ -249,23 +250,43 @@ TEST(Flic, FilmsOfNoiseArePlayed) {
     }
 }
 
+// A frame that is not all there shows what of it is there, and closing frees all that a film took.
 TEST(Flic, BearsEveryRefusal) {
+    constexpr std::size_t kPixels = 320 * 12;
+    const Bytes first(kPixels, 8), second(kPixels, 9);
     write_file("a_film_of_a_long_name.flc",
-               film({frame({chunk(BLACK, {})}), frame({chunk(BLACK, {})})}, 4, 4));
-    Guarded screen(64000, 1);
+               film({frame({chunk(FLI_COPY, first)}), frame({chunk(FLI_COPY, second)})}, 320, 12));
+    Guarded screen(64000);
     std::int32_t opened = 0;
     int shown = 0;
-    inject({.group = "FLIC_open_flic_file, FLIC_read_flic_data, FLIC_play_flic_frame, FLIC_close_flic_file",
+    std::size_t kept = 0;
+    const auto picture = [&] {
+        const std::uint8_t *const end = screen.data() + kPixels;
+        const std::uint8_t *const rest = std::find_if(screen.data(), screen.data() + kPixels,
+                                                      [&](int pixel) { return pixel != 7 + shown; });
+        const bool is_before = std::all_of(rest, end, [&](int pixel) { return pixel == 6 + shown; });
+        return !is_before ? " wrong" : rest == end ? " whole" : " begun";
+    };
+    inject({.group = "FLIC_open_flic_file, FLIC_read_flic_data, FLIC_play_flic_frame, FLIC_close_flic_file, "
+                     "FLIC_export_palette, FLIC_inport_palette",
             .use =
                 [&] {
+                    const std::size_t before = living_allocations();
                     opened = FLIC_open_flic_file("a_film_of_a_long_name.flc", 1, screen);
                     for (shown = 0; shown < 3 && next_frame() == 0;) ++shown;
                     FLIC_close_flic_file();
+                    kept = living_allocations() - before;
                 },
-            .outcome = [&] { return std::to_string(opened) + ' ' + std::to_string(shown); },
-            .right = "2 2",
-            .memory = {"-1 0| File a_film_of_a_long_name.flc open error"},
-            .files = {"-1 0| File a_film_of_a_long_name.flc open error", "0 0", "0 2", "2 0", "2 1"}});
+            .outcome =
+                [&] {
+                    return std::to_string(opened) + ' ' + std::to_string(shown) + picture() +
+                           (kept != 0 ? " and keeps memory" : "");
+                },
+            .right = "2 2 whole",
+            .memory = {"-1 0 whole| File a_film_of_a_long_name.flc open error", "2 0 whole"},
+            .files = {"-1 0 whole| File a_film_of_a_long_name.flc open error", "0 0 whole", "2 1 begun",
+                      "2 1 whole"},
+            .prepare = [&] { std::fill_n(screen.data(), screen.size(), 7); }});
     EXPECT_EQ(-1, FLIC_open_flic_file(nullptr, 1, screen));
     EXPECT_EQ("File  open error\n", take_log());
 }

@@ -107,7 +107,7 @@ TEST(Info, BearsEveryRefusal) {
          .right = "0 all",
          .memory = {"-2 none| INFO_open_file: Memory alloc error!!!", "-2 none| Memory alloc error!!!",
                     "-2 some| INFO_open_file: Memory alloc error!!!"},
-         .files = {"-2 none| INFO file game.inf open error!!!", "0 none", "0 some"},
+         .files = {"-2 none| INFO file game.inf open error!!!", "0 none"},
          .prepare = [] { INFO_close_file(); }});
     EXPECT_EQ(INFO_read_config("s49", "key", nullptr), std::string("49"));
     EXPECT_EQ(INFO_read_config(nullptr, "key", nullptr), std::string());

@@ -257,9 +257,10 @@ TEST(Timer, BearsEveryRefusal) {
                           return std::to_string(result) + (GetTimerTick(3) == 1 ? " ticks" : "");
                       },
                   .right = "0 ticks",
+                  .memory = {"-2"},
                   .machine = {"-2"},
                   .prepare = [] { ClearTimerProc(nullptr), SetTimerTick(3, 0); },
-                  .may_end_process = true});
+                  .in_process_of_its_own = true});
 }
 
 }  // namespace

@@ -222,7 +222,7 @@ TEST(View, BearsEveryRefusal) {
                           WViewInit(window, 0, 0, 64, 48, blank.data());
                           WViewEnable(), WViewBuffer2Screen(), WViewDisable();
                       },
-                  .may_end_process = true});
+                  .in_process_of_its_own = true});
     HOST_close_window(window);
 }
 

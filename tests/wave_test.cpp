@@ -228,7 +228,7 @@ TEST(WaveDeath, BearsEveryRefusal) {
                      "ends: SystemError: DS: can not set volume",
                      "ends: SystemError: Set DirectSound CooperativeLevel error"},
          .prepare = [] { DS_destroy(), HOST_advance_clock(1000000); },  // what fades out is past
-         .may_end_process = true});
+         .in_process_of_its_own = true});
     test::inject(
         {.group = "DS_load_wave, DS_start, DS_stop, DS_destroy",
          .use =
@@ -251,7 +251,7 @@ TEST(WaveDeath, BearsEveryRefusal) {
                      "ends: SystemError: DS: can not set volume",
                      "ends: SystemError: DS: can not stop sound"},
          .prepare = [&] { DS_init(window), HOST_advance_clock(1000000); },
-         .may_end_process = true});
+         .in_process_of_its_own = true});
     DS_destroy();
     HOST_close_window(window);
 }

@@ -17,9 +17,9 @@
 INK_BEGIN
 
 /* Loads a file. Returns 0, or -2 with one line logged: "INFO file reopen error !!!" while one is loaded,
-   "Memory alloc error!!!", "INFO file <name> open error!!!" or "INFO_open_file: Memory alloc error!!!". After
-   the last two, too, INFO_close_file comes before the next INFO_open_file; after the last, the lines read
-   before can be looked up. */
+   "Memory alloc error!!!", "INFO file <name> open error!!!" (also when it cannot be read to its end) or
+   "INFO_open_file: Memory alloc error!!!". After the last two, too, INFO_close_file comes before the next
+   INFO_open_file; after the last, the lines read before can be looked up. */
 INK_API int32_t INFO_open_file(const char *file_name);
 
 /* Looks a key up in the first section of that name: the first line of it that gives the key a value. Copies

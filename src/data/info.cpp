@@ -62,13 +62,16 @@ class Lines {
 // A loaded file, indexed so that a look-up finds what a walk through its lines would.
 class Info {
   public:
-    // Throws std::bad_alloc. Lines up to the one that there is no memory for can be looked up then.
-    void load(host::InputFile &file) {
+    // Throws std::bad_alloc. Lines up to the one that there is no memory for can be looked up then. False when the
+    // file cannot be read to its end: nothing is loaded of it, since a part would pass for the whole.
+    bool load(host::InputFile &file) {
         text_ = std::make_unique_for_overwrite<char[]>(static_cast<std::size_t>(file.size()));
         auto *const bytes = reinterpret_cast<std::uint8_t *>(text_.get());
         const std::size_t size = file.read(0, {bytes, static_cast<std::size_t>(file.size())});
+        if (size != file.size()) return false;
         Lines lines({text_.get(), size});
         for (std::string_view line; lines.next(line);) add(skip_separators(line));
+        return true;
     }
 
     std::string_view find(std::string_view section, std::string_view key) const {
@@ -132,11 +135,10 @@ int32_t INFO_open_file(const char *file_name) try {
         return -2;
     }
     host::InputFile file(file_name);
-    if (!file.is_open()) {
+    if (!file.is_open() || !loaded->load(file)) {
         log_error_format("INFO file %s open error!!!", text_of(file_name));
         return -2;
     }
-    loaded->load(file);
     return 0;
 } catch (const std::bad_alloc &) {
     log_error("INFO_open_file: Memory alloc error!!!");

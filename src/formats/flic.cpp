@@ -83,7 +83,7 @@ class FlicPlayer {
 
     void close() {
         file_ = {};
-        data_ = {};
+        data_ = std::vector<std::uint8_t>();  // = {} would keep the memory
         chunks_ = 0;
     }
 

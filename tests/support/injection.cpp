@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <limits>
 
 #include "inkstone/host.h"
 #include "support/allocation.h"
@@ -19,6 +20,7 @@ namespace test {
 namespace {
 
 constexpr std::size_t kMostPoints = 10000;  // nothing here asks for so much
+constexpr std::size_t kNever = std::numeric_limits<std::size_t>::max();
 
 // While armed, operation number failing of the machine is refused, and with all_after every later one too.
 class FailingMachine {
@@ -47,14 +49,34 @@ class FailingMachine {
     static inline bool all_after_, refused_;
 };
 
+// Files are counted all the same.
 class NothingFails {
   public:
-    bool disarm() { return false; }
+    bool disarm() { return files_.disarm(); }
+
+  private:
+    FailingFiles files_{kNever, FileFault::once};
+};
+
+template <class Refusal>
+class WithCountedFiles {
+  public:
+    template <class... Arguments>
+    explicit WithCountedFiles(Arguments... arguments) : refusal_(arguments...) {}
+    bool disarm() {
+        files_.disarm();
+        return refusal_.disarm();
+    }
+
+  private:
+    FailingFiles files_{kNever, FileFault::once};
+    Refusal refusal_;
 };
 
 struct Trial {
     std::string outcome;
-    bool refused;
+    bool refused = false;
+    std::ptrdiff_t kept = 0;  // blocks of memory
 };
 
 template <class Arm>
@@ -63,7 +85,7 @@ Trial attempt(const Scenario &scenario, Arm arm) {
     take_log();
     auto failing = arm();
     scenario.use();
-    Trial trial{{}, failing.disarm()};
+    Trial trial{{}, failing.disarm(), 0};
     trial.outcome = scenario.outcome();
     std::string log = take_log();
     if (!log.empty()) log.pop_back();
@@ -77,7 +99,7 @@ template <class Arm>
 Trial attempt_twice(const Scenario &scenario, Arm arm) {
     std::string afterwards;
     afterwards.reserve(4096);
-    Trial trial{{}, false};
+    Trial trial;
     trial.outcome.reserve(4096);
     const std::size_t before = living_allocations();
     const auto add = [&trial](const std::string &text) { trial.outcome.append(text); };
@@ -90,7 +112,7 @@ Trial attempt_twice(const Scenario &scenario, Arm arm) {
         afterwards.append(attempt(scenario, [] { return NothingFails(); }).outcome);
         if (afterwards != scenario.right) trial.outcome.append(" and then " + afterwards);
     }
-    if (living_allocations() > before) trial.outcome.append(" and memory is lost");
+    trial.kept = static_cast<std::ptrdiff_t>(living_allocations()) - static_cast<std::ptrdiff_t>(before);
     if (open_files() != 0) trial.outcome.append(" and a file stays open");
     return trial;
 }
@@ -101,7 +123,8 @@ Trial attempt_in_child(const Scenario &, Arm) {
     return {};
 }
 #else
-// In a process of its own, which may end: it writes whether anything was refused, and the outcome.
+// In a process of its own, which may end: it writes whether anything was refused, how much memory is kept, and the
+// outcome.
 template <class Arm>
 Trial attempt_in_child(const Scenario &scenario, Arm arm) {
     int ends[2];
@@ -111,7 +134,7 @@ Trial attempt_in_child(const Scenario &scenario, Arm arm) {
     if (child == 0) {
         dup2(ends[1], STDERR_FILENO);
         const Trial trial = attempt_twice(scenario, arm);
-        std::fprintf(stderr, "%c%s", trial.refused ? 'r' : 'w', trial.outcome.c_str());
+        std::fprintf(stderr, "%c%td %s", trial.refused ? 'r' : 'w', trial.kept, trial.outcome.c_str());
         std::exit(0);
     }
     close(ends[1]);
@@ -125,23 +148,31 @@ Trial attempt_in_child(const Scenario &scenario, Arm arm) {
     if (WIFEXITED(status) && WEXITSTATUS(status) == 1) {
         const std::string log = take_log();
         EXPECT_EQ(log, "") << told;
-        return {"ends: " + told.substr(0, told.find('\n')), true};
+        return {"ends: " + told.substr(0, told.find('\n')), true, 0};
     }
-    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0 && !told.empty()) << told;
-    return {told.substr(std::min<std::size_t>(told.size(), 1)), told.starts_with('r')};
+    const std::size_t space = told.find(' ');
+    const bool told_well = WIFEXITED(status) && WEXITSTATUS(status) == 0 && space != told.npos;
+    EXPECT_TRUE(told_well) << told;
+    if (!told_well) return {told, false, 0};
+    return {told.substr(space + 1), told.starts_with('r'), std::atol(&told[1])};
 }
 #endif
 
+template <class Arm>
+Trial attempt_where_it_belongs(const Scenario &scenario, Arm arm) {
+    return scenario.in_process_of_its_own ? attempt_in_child(scenario, arm) : attempt_twice(scenario, arm);
+}
+
 template <class Fault>
-void refuse_each(const Scenario &scenario, const char *kind, const Outcomes &expected,
+void refuse_each(const Scenario &scenario, const char *kind, const Outcomes &expected, std::ptrdiff_t kept,
                  std::initializer_list<Fault> faults, auto arm) {
     Outcomes seen;
     std::size_t most = 0, total = 0;
     for (const Fault fault : faults) {
         for (std::size_t point = 0;; ++point, ++total) {
             const auto refuse = [&] { return arm(point, fault); };
-            const Trial trial = scenario.may_end_process ? attempt_in_child(scenario, refuse)
-                                                         : attempt_twice(scenario, refuse);
+            Trial trial = attempt_where_it_belongs(scenario, refuse);
+            if (trial.kept > kept) trial.outcome.append(" and memory is lost");
             most = std::max(most, point);
             if (!trial.refused) {
                 EXPECT_EQ(trial.outcome, scenario.right) << scenario.group << ", " << kind;
@@ -152,26 +183,39 @@ void refuse_each(const Scenario &scenario, const char *kind, const Outcomes &exp
         }
     }
     EXPECT_EQ(seen, expected) << scenario.group << ", " << kind;
-    std::printf("injected | %s | %s | %zu | %zu | %zu\n", scenario.group, kind, most, total, seen.size());
+    if (scenario.asks_for_nothing) {
+        EXPECT_EQ(most, 0U) << scenario.group << ", " << kind;
+    }
+    // A line of the table that scripts/injection makes.
+    if (std::getenv("INKSTONE_TELL_REFUSALS") != nullptr)
+        std::printf("injected | %s | %s | %zu | %zu | %zu\n", scenario.group, kind, most, total, seen.size());
 }
 
 }  // namespace
 
 void inject(const Scenario &scenario) {
-    EXPECT_EQ(attempt(scenario, [] { return NothingFails(); }).outcome, scenario.right) << scenario.group;
 #if defined(_WIN32)
-    if (scenario.may_end_process) return;
+    if (scenario.in_process_of_its_own) return;
 #endif
+    // What the first use keeps, such as a loaded file or room in a list, every other one may keep, too.
+    const auto nothing = [] { return NothingFails(); };
+    Trial undisturbed = attempt_where_it_belongs(scenario, nothing);
+    EXPECT_EQ(undisturbed.outcome, scenario.right) << scenario.group;
+    const std::ptrdiff_t kept = scenario.in_process_of_its_own ? undisturbed.kept : 0;
     HOST_observe([](const char *) -> std::int32_t { return 0; });  // what watches stays for good
     HOST_observe(nullptr);
     if (kAllocationsCanFail)
-        refuse_each(scenario, "memory", scenario.memory, {false, true},
-                    [](std::size_t point, bool all_after) { return FailingAllocation(point, all_after); });
+        refuse_each(scenario, "memory", scenario.memory, kept, {false, true},
+                    [](std::size_t point, bool all_after) {
+                        return WithCountedFiles<FailingAllocation>(point, all_after);
+                    });
     if (kFilesCanFail)
-        refuse_each(scenario, "files", scenario.files, {FileFault::once, FileFault::all, FileFault::halves},
+        refuse_each(scenario, "files", scenario.files, kept,
+                    {FileFault::once, FileFault::all, FileFault::halves},
                     [](std::size_t point, FileFault fault) { return FailingFiles(point, fault); });
-    refuse_each(scenario, "machine", scenario.machine, {false, true},
-                [](std::size_t point, bool all_after) { return FailingMachine(point, all_after); });
+    refuse_each(
+        scenario, "machine", scenario.machine, kept, {false, true},
+        [](std::size_t point, bool all_after) { return WithCountedFiles<FailingMachine>(point, all_after); });
 }
 
 }  // namespace test

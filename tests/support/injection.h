@@ -19,12 +19,15 @@ struct Scenario {
     // What else comes of it when these are refused: all of it, and nothing else.
     Outcomes memory = {}, files = {}, machine = {};
     std::function<void()> prepare = [] {};  // before each use, with nothing refused
-    bool may_end_process = false;           // then the outcome is "ends: " and what the message box says
+    // Each use then begins with what the process holds now, and may end it: the outcome is "ends: " and what the message
+    // box says.
+    bool in_process_of_its_own = false;
+    bool asks_for_nothing = false;  // then there must be nothing to refuse
 };
 
 // Refuses the first, the second, ... until there is none left to refuse: once alone, and once with all that follow; of a
 // file's operations also with half of what was asked. After each of them the same use must come out right, with no more
-// memory held and no more files open than before. Prints a line for each kind: how many there are, and the outcomes.
+// memory held and no more files open than before.
 void inject(const Scenario &scenario);
 
 }  // namespace test
