@@ -57,8 +57,7 @@ void draw_strip(const Input &input) {
     if (pointed != kNoThing && shown == kHeight) {
         const std::string name = in_language(names[pointed]);
         const int width = text_width(name), middle = std::max(kFirstX + width / 2, input.x);
-        draw_glass(middle - width / 2 - 12, kHeight + 4, middle + width / 2 + 12,
-                   kHeight + 16 + text_height());
+        draw_glass(middle - width / 2 - 12, kHeight + 4, middle + width / 2 + 12, kHeight + 16 + kTextHeight);
         print_centred(middle, kHeight + 10, name, style);
     }
 }
