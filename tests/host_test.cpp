@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "inkstone/inkstone.h"
+#include "support/allocation.h"
 #include "support/calls.h"
 #include "support/injection.h"
 #include "support/new_process.h"
@@ -135,6 +136,49 @@ TEST_IN_NEW_PROCESS(Host, KeepsTheSystemsTimeUntilItIsSet) {
 }
 
 // Exit handlers run last of all, and one that was registered first runs after everything else is gone.
+// A machine that there is no memory for gives way to the next one, and a program for which there is none to its end.
+TEST(HostDeath, StartsOnceThereIsMemoryForAMachine) {
+    if (!test::kAllocationsCanFail) GTEST_SKIP();
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const auto find_none = [] {
+        static const test::FailingAllocation failing(0, true);  // till the exit handlers
+        HOST_clock();
+    };
+    EXPECT_EXIT(find_none(), testing::ExitedWithCode(1), "^SystemError: there is no memory for a machine\n$");
+    const auto choose = [] {
+        std::size_t refused = 0;
+        for (bool chosen = false; !chosen; ++refused) {
+            const test::FailingAllocation failing(refused);
+            chosen = HOST_choose("headless") == 0;
+        }
+        const HWND window = HOST_open_window("w", 8, 8, nullptr);
+        std::exit(refused > 2 && window != nullptr ? 7 : 1);
+    };
+    EXPECT_EXIT(choose(), testing::ExitedWithCode(7), "^$");
+    // What was to be recorded or replayed does not run otherwise.
+    const auto trace = [](char *variable) {
+        putenv(variable);
+        HOST_clock();
+    };
+    char record[] = "INKSTONE_RECORD=no/such/place", replay[] = "INKSTONE_REPLAY=none.rec";
+    EXPECT_EXIT(trace(record), testing::ExitedWithCode(1), "^record: no/such/place cannot be recorded\n$");
+    EXPECT_EXIT(trace(replay), testing::ExitedWithCode(1),
+                "none.rec cannot be replayed: there is no such file");
+}
+
+TEST_IN_NEW_PROCESS(Host, ListsItsMachines) {
+    const char *name = nullptr, *description = nullptr;
+    std::string names;
+    for (std::int32_t i = 0; HOST_list(i, &name, &description) == 0; ++i) {
+        names += std::string(name) + ' ';
+        EXPECT_EQ(HOST_list(i, nullptr, nullptr), 0);
+        EXPECT_NE(std::string(description), name);
+    }
+    EXPECT_NE((' ' + names).find(" headless "), names.npos) << names;
+    EXPECT_EQ(HOST_list(-1, &name, &description), -2);
+    EXPECT_EQ(HOST_choose(nullptr), -2);
+}
+
 TEST(HostDeath, ServesExitHandlers) {
     const auto live = [] {
         std::atexit(ExecQuitProc);

@@ -9,6 +9,7 @@
 
 #include "host/replay/record_reader.h"
 #include "inkstone/inkstone.h"
+#include "support/failing_files.h"
 #include "support/script.h"
 #include "support/sound.h"
 #include "support/tool.h"
@@ -19,7 +20,7 @@ namespace fs = std::filesystem;
 using test::Bytes;
 
 constexpr int kWidth = 64, kHeight = 48, kFrames = 50;
-enum class Change { none, picture, sound, question, shorter };
+enum class Change { none, picture, sound, question, shorter, fatal };
 
 // Everything that the program hears of runs into this number, which it shows as pixels.
 std::uint32_t state = 1;
@@ -33,6 +34,8 @@ LRESULT procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
     if (message != WM_USER && message != WM_SETCURSOR) hear(lparam + static_cast<LPARAM>(wparam));
     hear(message);
     if (message == WM_KEYDOWN) fnKeyBoardInterrupt(static_cast<std::uint8_t>(lparam >> 16 & 0x7F));
+    if (message >= WM_MOUSEMOVE && message <= WM_MBUTTONDBLCLK)
+        fnMouseInterrupt(message, static_cast<std::uint32_t>(wparam), static_cast<std::int32_t>(lparam));
     return HOST_default_procedure(window, message, wparam, lparam);
 }
 
@@ -42,6 +45,39 @@ void feed(int frame) {
     if (frame % 7 == 0) HOST_pointer_button(frame % 2, frame % 3);
     if (frame % 5 == 0) HOST_key(0x10 + frame % 10, frame % 2);
     if (frame == 20) HOST_advance_clock(1'300'000);
+    if (frame == 26) HOST_set_local_time(1980, 2, 29, 1, 2, 3);
+    if (frame == 27) HOST_set_setting("CHINESBIG5(88)", "yes");
+    if (frame == 28) HOST_set_timer_resolution(60);
+}
+
+// What is asked of the pointer, of windows, of timers and of the system, now and then.
+void ask(int frame, HWND window) {
+    static HWND second = nullptr;
+    MOUSE_set_cursor(frame % 2);
+    MOUSE_show(frame % 4 != 0);
+    if (frame % 9 == 2) MOUSE_set_position(frame, 2 * frame);
+    std::int32_t x = 0, y = 0, width = 0, height = 0;
+    MOUSE_get_position(&x, &y);
+    hear(x + y + check_big5() + get_cdrom_drive());
+    if (frame == 11) hear(HOST_open_window("none", 0, 9, nullptr) != nullptr);
+    if (frame == 13) second = HOST_open_window("second", 20, 10, procedure);
+    if (frame == 23) HOST_close_window(second);
+    hear(HOST_window_size(second, &width, &height) + width * height);
+    if (frame == 29) HOST_kill_timer(window, 77), HOST_set_timer(window, 78, 10);
+    if (frame == 41) HOST_eject_disc();
+    if (frame == 45) HOST_post_quit(9);
+    hear(HOST_exit_code());
+}
+
+// A channel whose buffer is lost once before it can be filled.
+void load_lost(std::int32_t channel) {
+    static int times;
+    times = 0;
+    HOST_observe([](const char *call) -> std::int32_t {
+        return std::string(call).starts_with("lock_buffer") && times++ == 0 ? 2 : 0;
+    });
+    DS_load_wave_channel("beep.wav", channel);
+    HOST_observe(nullptr);
 }
 
 void run_script() {
@@ -67,22 +103,27 @@ void play(Change change, bool fed) {
     test::write_wave("beep.wav", samples, 11025);
     DS_init(window);
     DS_load_wave_channel("beep.wav", 0);
-    DS_load_wave_channel("beep.wav", 1);
+    load_lost(1);
+    fnMouseInit(window, nullptr, 3, 4, nullptr);
+    MOUSE_load_cursor(1, HOST_load_cursor(HOST_CURSOR_HAND));
     Bytes sectors;
     for (std::uint32_t i = 0; i < 588 * 300; ++i) test::put(sectors, i * 2654435761U >> 20, 4);
     test::write_file("disc.bin", sectors);
-    test::write_text("disc.cue", "FILE disc.bin BINARY\nTRACK 01 AUDIO\nINDEX 01 00:00:00\n");
+    test::write_text("disc.cue",
+                     "FILE disc.bin BINARY\nTRACK 01 AUDIO\nINDEX 01 00:00:00\n"
+                     "TRACK 02 AUDIO\nINDEX 01 00:03:00\n");
     hear(HOST_insert_disc("disc.cue"));
-    hear(CDROM_open());
+    hear(CDROM_open() + CDROM_total() + static_cast<int>(CDROM_track_time(1)));
     hear(CDROM_play(0));
-    hear(check_big5() + get_cdrom_drive());
     run_random_init();
     HOST_capture_sound(1);
     int posted = 0;
     for (int frame = 0; frame < kFrames; ++frame) {
         posted = frame;
         if (frame == 30 && change == Change::shorter) std::exit(0);
+        if (frame == 40 && change == Change::fatal) fnErrorExit(window, "over");
         if (fed) feed(frame);
+        ask(frame, window);
         if (frame % 10 == 9) HOST_post_message(window, WM_USER, 0, reinterpret_cast<LPARAM>(&posted));
         clear_time_delay();
         if (frame == 8) run_script();
@@ -118,6 +159,9 @@ void play(Change change, bool fed) {
     HOST_close_window(window);
     ExecQuitProc();
     test::write_text("state", std::to_string(state));
+    std::int32_t seconds = -1, different = -1;
+    HOST_replay_state(&seconds, &different);
+    test::write_text("progress", std::to_string(seconds) + ' ' + std::to_string(different));
     std::exit(0);
 }
 
@@ -138,18 +182,18 @@ void live_play() {
     play(Change::none, true);
 }
 
-void record_play() {
+void record_play(const char *file = "play.rec", Change change = Change::none) {
     HOST_set_local_time(1999, 12, 31, 23, 59, 40);
-    if (HOST_record("play.rec") != 0) std::exit(1);
-    play(Change::none, true);
+    if (HOST_record(file) != 0) std::exit(1);
+    play(change, true);
 }
 
-void replay_play(Change change) {
+void replay_play(Change change, const char *file = "play.rec") {
     // All of which the record knows better.
     HOST_set_local_time(2001, 1, 1, 0, 0, 0);
     HOST_set_setting("CHINESBIG5(88)", "no");
     HOST_advance_clock(77'777);
-    if (HOST_replay("play.rec") != 0) std::exit(1);
+    if (HOST_replay(file) != 0) std::exit(1);
     play(change, false);
 }
 
@@ -164,6 +208,7 @@ class ReplayDeath : public testing::Test {
 
 TEST_F(ReplayDeath, RunsAProgramAgainPictureForPictureAndSoundForSound) {
     EXPECT_EXIT(replay_play(Change::none), testing::ExitedWithCode(0), "replay: 4\\.. seconds, equal");
+    EXPECT_EQ(test::read_text("progress"), "4 0");
     // And neither recording nor replaying changes what it sees and hears.
     const std::string replayed = test::read_text("state");
     EXPECT_EXIT(live_play(), testing::ExitedWithCode(0), "^$");
@@ -187,6 +232,7 @@ TEST_F(ReplayDeath, TellsWhereAChangedProgramDiffers) {
     EXPECT_EXIT(replay_play(Change::shorter), testing::ExitedWithCode(3),
                 "the program ended, and the record goes on");
     EXPECT_EXIT(replay_play(Change::picture), testing::ExitedWithCode(3), "second 4 differs: the picture\n");
+    EXPECT_EQ(test::read_text("progress"), "4 4");
     const Bytes recorded = test::read_file("play.rec-recorded.bmp"),
                 replayed = test::read_file("play.rec-replayed.bmp");
     ASSERT_EQ(recorded.size(), 54U + 1024 + kWidth * kHeight);
@@ -196,6 +242,45 @@ TEST_F(ReplayDeath, TellsWhereAChangedProgramDiffers) {
         if (recorded[i] != replayed[i]) different.push_back(i);
     // The first pixel of the upper row, which such files have last.
     EXPECT_EQ(different, std::vector<std::size_t>{recorded.size() - kWidth});
+}
+
+TEST_F(ReplayDeath, TellsOfAFatalExitWithoutABox) {
+    EXPECT_EXIT(record_play("play.rec", Change::fatal), testing::ExitedWithCode(1), "^SystemError: over\n$");
+    EXPECT_EXIT(replay_play(Change::fatal), testing::ExitedWithCode(1),
+                "^SystemError: over\nreplay: 3\\.. seconds, equal\n$");
+}
+
+TEST_F(ReplayDeath, TellsOfAnotherDisc) {
+    const auto with_disc = [](bool fed) {
+        static char disc[] = "INKSTONE_DISC=disc.cue";
+        putenv(disc);
+        if (fed ? HOST_record("play.rec") != 0 : HOST_replay("play.rec") != 0) std::exit(1);
+        const std::int32_t tracks = (CDROM_open(), CDROM_total());
+        std::exit(tracks == 2 ? 7 : 1);
+    };
+    EXPECT_EXIT(with_disc(true), testing::ExitedWithCode(7), "^$");
+    EXPECT_EXIT(with_disc(false), testing::ExitedWithCode(7), "^replay: 0\\.. seconds, equal\n$");
+    Bytes image = test::read_file("disc.bin");
+    image.resize(image.size() - 2352);
+    test::write_file("disc.bin", image);
+    EXPECT_EXIT(with_disc(false), testing::ExitedWithCode(7),
+                "another disc: recorded with \"disc\\.cue 0\\+225");
+}
+
+// What the full disk does not take is missed, and the program goes on as it does otherwise.
+TEST_F(ReplayDeath, EndsARecordThatTheDiskIsFullFor) {
+    if (!test::kFilesCanFail) GTEST_SKIP();
+    const std::string right = test::read_text("state");
+    fs::remove("state");
+    const auto record = [](std::size_t writes) {
+        static test::FailingFiles failing(writes, test::FileFault::all, ".rec");
+        record_play("full.rec");
+    };
+    EXPECT_EXIT(record(1), testing::ExitedWithCode(1), "full.rec cannot be recorded");
+    EXPECT_EXIT(record(4), testing::ExitedWithCode(0), "^record: ended, since the file cannot be written\n$");
+    EXPECT_EQ(test::read_text("state"), right);
+    EXPECT_EXIT(replay_play(Change::none, "full.rec"), testing::ExitedWithCode(0),
+                "replay: [0-3]\\.. seconds, equal");
 }
 
 std::vector<std::string> answers_in(Bytes file, std::string &reason) {

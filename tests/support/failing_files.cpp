@@ -14,6 +14,7 @@ namespace {
 bool armed = false, refused = false;
 std::size_t until_refusal = 0, files = 0;
 test::FileFault fault;
+const char *among = "";
 
 enum class Turn { well, by_half, not_at_all };
 
@@ -79,7 +80,8 @@ int close_file(void *cookie) {
 extern "C" [[gnu::visibility("default")]] std::FILE *fopen(const char *name, const char *mode) {
     static const auto open =
         reinterpret_cast<std::FILE *(*)(const char *, const char *)>(dlsym(RTLD_NEXT, "fopen"));
-    if (!armed || std::strstr(name, "ERROR.MSG") != nullptr) return open(name, mode);
+    if (!armed || std::strstr(name, "ERROR.MSG") != nullptr || std::strstr(name, among) == nullptr)
+        return open(name, mode);
     if (take_turn() != Turn::well) return errno = EACCES, nullptr;
     std::FILE *const behind = open(name, mode);
     if (behind == nullptr) return nullptr;
@@ -91,8 +93,9 @@ extern "C" [[gnu::visibility("default")]] std::FILE *fopen(const char *name, con
 
 namespace test {
 
-FailingFiles::FailingFiles(std::size_t failing, FileFault of) {
+FailingFiles::FailingFiles(std::size_t failing, FileFault of, const char *only) {
     until_refusal = failing;
+    among = only;
     fault = of;
     refused = false;
     armed = true;
@@ -113,7 +116,7 @@ std::size_t open_files() {
 
 namespace test {
 
-FailingFiles::FailingFiles(std::size_t, FileFault) {}
+FailingFiles::FailingFiles(std::size_t, FileFault, const char *) {}
 bool FailingFiles::disarm() {
     return false;
 }

@@ -13,11 +13,11 @@ enum class FileFault {
             // then no more, as on a disk that is full; anything else fails
 };
 
-// While armed, operation number failing (counted from 0) is refused. The error log is spared, so that what is logged
-// can be seen.
+// While armed, operation number failing (counted from 0) is refused, of all files, or of those alone whose name only is a
+// part of. The error log is spared, so that what is logged can be seen.
 class FailingFiles {
   public:
-    FailingFiles(std::size_t failing, FileFault fault);
+    FailingFiles(std::size_t failing, FileFault fault, const char *only = "");
     ~FailingFiles() { disarm(); }
     FailingFiles(const FailingFiles &) = delete;
     FailingFiles &operator=(const FailingFiles &) = delete;

@@ -15,12 +15,16 @@ namespace {
 
 class DiscDevice final : public DiscContents {
   public:
-    explicit DiscDevice(int device) : device_(device) {}
+    explicit DiscDevice(const char *name) : device_(::open(name, O_RDONLY | O_NONBLOCK | O_CLOEXEC)) {}
     DiscDevice(const DiscDevice &) = delete;
     DiscDevice &operator=(const DiscDevice &) = delete;
-    ~DiscDevice() override { close(device_); }
+    ~DiscDevice() override {
+        if (device_ >= 0) close(device_);
+    }
 
+    // False when the drive cannot be opened or has no disc that could be understood. Throws std::bad_alloc.
     bool read_contents() {
+        if (device_ < 0) return false;
         cdrom_tochdr header{};
         if (ioctl(device_, CDROMREADTOCHDR, &header) != 0 || header.cdth_trk1 < header.cdth_trk0)
             return false;
@@ -85,9 +89,7 @@ bool is_disc_device(const char *name) {
 }
 
 std::unique_ptr<DiscContents> open_disc_device(const char *name) {
-    const int device = ::open(name, O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-    if (device < 0) return nullptr;
-    auto disc = std::make_unique<DiscDevice>(device);
+    auto disc = std::make_unique<DiscDevice>(name);
     if (!disc->read_contents()) return nullptr;
     return disc;
 }
