@@ -51,7 +51,7 @@ void show_ending() {
         int y = text.y;
         for (const Both &line : lines) {
             print_centred(text.x, y, in_language(line), {kInkBlack, -1, kVermilion, false});
-            y += line_height() + 10;
+            y += kLineHeight + 12;
         }
     };
     prepare(Light::kDay);

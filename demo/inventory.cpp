@@ -54,11 +54,11 @@ void draw_strip(const Input &input) {
         x += kColumn;
     }
     const TextStyle style{kPaperWhite, kInkBlack, kBrightGold, false};
-    if (pointed != kNoThing && shown == kHeight) {
+    // What is in the hand would lie upon the name.
+    if (pointed != kNoThing && shown == kHeight && get(kHeld) == kNoThing) {
         const std::string name = in_language(names[pointed]);
         const int width = text_width(name), middle = std::max(kFirstX + width / 2, input.x);
-        draw_glass(middle - width / 2 - 12, kHeight + 4, middle + width / 2 + 12,
-                   kHeight + 16 + text_height());
+        draw_glass(middle - width / 2 - 12, kHeight + 4, middle + width / 2 + 12, kHeight + 16 + kTextHeight);
         print_centred(middle, kHeight + 10, name, style);
     }
 }

@@ -57,7 +57,7 @@ int choose_line(const std::vector<std::string> &lines, int x, int y, Waiting wai
         for (int i = 0; i < count; ++i) {
             const TextStyle style{i == chosen ? kBrightGold : kPaperWhite, kInkBlack, kBrightGold,
                                   i == chosen};
-            print_centred(x, y + i * kRow + (kRow - text_height()) / 2, lines[static_cast<std::size_t>(i)],
+            print_centred(x, y + i * kRow + (kRow - kTextHeight) / 2, lines[static_cast<std::size_t>(i)],
                           style);
         }
         end_frame();

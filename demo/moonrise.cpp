@@ -35,7 +35,8 @@ bool is_water(int x, int y) {
     return key_at(x, y) == kWater || key_at(x, y) == kBoat;
 }
 
-// The moon upside down in the water, half as high, on every other pixel so that the waves show through.
+// The moon upside down in the water, half as high, on every other pixel so that the waves show through. Their crests
+// lie farther apart the nearer they are, and between them is no moon at all.
 void draw_reflection(int x, int water, int height, int size) {
     std::int32_t width = 0, rows = 0;
     IMG_get_image_size(moon_image.data(), &width, &rows);
@@ -49,7 +50,9 @@ void draw_reflection(int x, int water, int height, int size) {
     BUF_get_image(0, 0, w, h, scaled.data(), sheet.data());
     // Waves: each row a little to the side of the one above, and only where there is water.
     for (int row = 0; row < h; ++row) {
-        const int shift = int_sin((row * 40 + static_cast<int>(GetTimerTick(2)) * 12) % 360) * 3 / 65536;
+        const int wave = (5400 / (row + 18) * 30 + static_cast<int>(GetTimerTick(2)) * 12) % 360;
+        if (int_cos(wave) < -40000) continue;
+        const int shift = int_sin(wave) * 3 / 65536;
         std::uint8_t *pixels = scaled.data() + 4 + row * w;
         const int left = x - w / 2 + shift;
         for (int i = 0; i < w; ++i)
@@ -77,7 +80,8 @@ void draw_boat() {
     // Farther out on the lake it is smaller.
     const int percent = 100 - 45 * boat_out / 1000;
     const int bob = int_sin(static_cast<int>(GetTimerTick(2)) * 9 % 360) * 2 / 65536;
-    draw_person(kBoatman, now.x + width * percent / 250, now.y + bob + height * percent / 160, true, 0);
+    draw_person(kBoatman, now.x + width * percent / 250, now.y + bob + height * percent / 160, percent, true,
+                0);
     BUF_scale_pest_image(now.x, now.y + bob, width * percent / 100, height * percent / 100, boat.data(),
                          screen());
 }
@@ -94,9 +98,9 @@ void draw_risen_moon() {
     draw_boat();
     const Point jetty = layout_point("lake", "jetty", {120, 405});
     constexpr int kApart = 60;
-    draw_person(kMaster, jetty.x, jetty.y, false, 0);
-    draw_person(kSeller, jetty.x + kApart, jetty.y, false, 0);
-    draw_person(kGirl, jetty.x + kApart * 2, jetty.y, false, 0);
+    draw_person(kMaster, jetty.x, jetty.y, percent_at(jetty.y), false, 0);
+    draw_person(kSeller, jetty.x + kApart, jetty.y, percent_at(jetty.y), false, 0);
+    draw_person(kGirl, jetty.x + kApart * 2, jetty.y, percent_at(jetty.y), false, 0);
 }
 
 void let_moon_rise() {

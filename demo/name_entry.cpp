@@ -37,7 +37,7 @@ void draw_entry(const std::string &name) {
     const int width = text_width(name), left = kMiddle - width / 2, y = kTop + 62;
     print(left, y, name, letters);
     if (GetTimerTick(kCaretCounter) / 8 % 2 == 0)
-        BUF_bar(left + width + 2, y, left + width + 4, y + text_height() - 2, kVermilion, screen());
+        BUF_bar(left + width + 2, y, left + width + 4, y + kTextHeight - 2, kVermilion, screen());
     BUF_line(kMiddle - 90, y + 30, kMiddle + 90, y + 30, kGold, screen());
     print_centred(kMiddle, kTop + 108, in_language(NAME_HINT_ZH, NAME_HINT_EN), hint);
 }

@@ -37,11 +37,15 @@ TextStyle style_in(const std::uint8_t *colours) {
 }
 
 // On a band of dark glass: the film is bright in some places and dark in others.
-void draw_caption(const std::string &line, const TextStyle &style) {
-    constexpr int kMiddle = INK_SCREEN_WIDTH / 2, kTop = 424;
-    const int half = text_width(line) / 2 + 24;
-    BUF_glass_bar(kMiddle - half, kTop - 10, kMiddle + half, kTop + text_height() + 10, kDarkGlass, screen());
-    print_centred(kMiddle, kTop, line, style);
+void draw_caption(const std::vector<std::string> &lines, const TextStyle &style) {
+    constexpr int kMiddle = INK_SCREEN_WIDTH / 2, kBottom = 456;
+    int half = 0, y = kBottom - kLineHeight * static_cast<int>(lines.size());
+    for (const std::string &line : lines) half = std::max(half, text_width(line) / 2 + 24);
+    BUF_glass_bar(kMiddle - half, y - 10, kMiddle + half, kBottom + 6, kDarkGlass, screen());
+    for (const std::string &line : lines) {
+        print_centred(kMiddle, y, line, style);
+        y += kLineHeight;
+    }
 }
 
 }  // namespace
@@ -62,7 +66,7 @@ void show_opening() {
             const Input input = begin_frame(Waiting::kTime);
             left = input.click || input.key == kKeyEsc || input.key == kKeySpace || input.key == kKeyEnter;
             std::copy(film.begin(), film.end(), screen());
-            draw_caption(line_at(i, frames), style);
+            draw_caption(wrap(line_at(i, frames), 560), style);
             end_frame();
         }
     }

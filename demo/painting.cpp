@@ -19,7 +19,7 @@
 namespace moon {
 namespace {
 
-constexpr int kSheetX = 176, kSheetY = 72, kPaperColour = kPaperRamp + 14;
+constexpr int kPaperColour = kPaperRamp + 14;
 constexpr const char *kFile = "MOON.PCX";
 
 bool on_sheet(const Input &input) {

@@ -8,6 +8,7 @@ namespace moon {
 
 // The sheet is a square bitmap; the moon is what is painted in the circle in its middle.
 constexpr int kSheetSize = 288, kMoonRadius = 120;
+constexpr int kSheetX = 176, kSheetY = 72;  // on the screen
 
 // Zooms into the desk and lets the player paint until the painting is done; it is kept as MOON.PCX.
 void paint_moon();

@@ -19,6 +19,7 @@ struct Box {
     bool holds(int x, int y) const { return x >= left && x <= right && y >= top && y <= bottom; }
     int middle_x() const { return (left + right) / 2; }
     int middle_y() const { return (top + bottom) / 2; }
+    Point middle() const { return {middle_x(), middle_y()}; }
 };
 
 constexpr int kColours[] = {kInkBlack, kGrey, kVermilion, kGold, kJade, 9, 10, kWhite};
@@ -48,6 +49,15 @@ void draw_box(const Box &box, bool chosen) {
     if (chosen) BUF_box(box.left + 1, box.top + 1, box.right - 1, box.bottom - 1, kGold, screen());
 }
 
+// A disc, from a row above or below its middle on.
+void draw_disc(int x, int y, int radius, int first_row, int colour) {
+    for (int row = first_row; row <= radius; ++row) {
+        int half = 0;
+        while ((half + 1) * (half + 1) + row * row <= radius * radius + radius) ++half;
+        BUF_line(x - half, y + row, x + half, y + row, colour, screen());
+    }
+}
+
 // What the tool does, drawn with it.
 void draw_sign(Tool tool, const Box &box) {
     const int x = box.middle_x(), y = box.middle_y();
@@ -67,11 +77,7 @@ void draw_sign(Tool tool, const Box &box) {
             break;
         case Tool::kFill:
             BUF_circle(x, y, 15, 15, 0, 0, kPaperWhite, screen());
-            for (int row = 0; row < 14; ++row) {
-                int half = 0;
-                while ((half + 1) * (half + 1) + row * row < 14 * 14) ++half;
-                BUF_line(x - half, y + row, x + half, y + row, kVermilion, screen());
-            }
+            draw_disc(x, y, 13, 0, kVermilion);
             break;
     }
 }
@@ -86,9 +92,7 @@ void draw_tools(const Tools &tools) {
     for (int i = 0; i < 3; ++i) {
         const Box box = radius_box(i);
         draw_box(box, tools.radius == kRadii[i]);
-        for (int r = 0; r <= kRadii[i]; ++r)
-            BUF_bar(box.middle_x() - r, box.middle_y() - kRadii[i] + r, box.middle_x() + r,
-                    box.middle_y() + kRadii[i] - r, kPaperWhite, screen());
+        draw_disc(box.middle_x(), box.middle_y(), kRadii[i], -kRadii[i], kPaperWhite);
     }
     for (int i = 0; i < static_cast<int>(std::size(kColours)); ++i) {
         const Box box = colour_box(i);
@@ -102,7 +106,7 @@ void draw_tools(const Tools &tools) {
     for (int i = 0; i < 3; ++i) {
         const Box box = button_box(i);
         draw_box(box, kButtons[i] == ToolClick::kDone);
-        print_centred(box.middle_x(), box.middle_y() - text_height() / 2, in_language(names[i]), style);
+        print_centred(box.middle_x(), box.middle_y() - kTextHeight / 2, in_language(names[i]), style);
     }
     print_centred(INK_SCREEN_WIDTH / 2, 400, in_language(PAINT_HINT_ZH, PAINT_HINT_EN), style);
 }
@@ -120,6 +124,22 @@ ToolClick click_tools(Tools &tools, int x, int y) {
     const bool same =
         before.tool == tools.tool && before.radius == tools.radius && before.colour == tools.colour;
     return same ? ToolClick::kNothing : ToolClick::kChosen;
+}
+
+std::vector<Point> clicks_between(const Tools &now, const Tools &wanted) {
+    std::vector<Point> clicks;
+    if (now.tool != wanted.tool) clicks.push_back(tool_box(static_cast<int>(wanted.tool)).middle());
+    for (int i = 0; i < 3; ++i)
+        if (now.radius != wanted.radius && wanted.radius == kRadii[i])
+            clicks.push_back(radius_box(i).middle());
+    for (int i = 0; i < static_cast<int>(std::size(kColours)); ++i)
+        if (now.colour != wanted.colour && wanted.colour == kColours[i])
+            clicks.push_back(colour_box(i).middle());
+    return clicks;
+}
+
+Point done_button() {
+    return button_box(2).middle();
 }
 
 }  // namespace moon

@@ -43,7 +43,7 @@ void draw_panel(int speaker) {
 // On a tag that stands on the panel.
 void draw_name(int speaker) {
     const std::string name = in_language(names[speaker]);
-    const int top = kTop - text_height() - 10;
+    const int top = kTop - kTextHeight - 10;
     BUF_glass_bar(kTextX - 12, top, kTextX + text_width(name) + 12, kTop - 1, kDarkGlass, screen());
     print(kTextX, top + 6, name, kNameStyle);
 }
@@ -51,10 +51,10 @@ void draw_name(int speaker) {
 // Under the risen moon nothing hides those who stand on the jetty: what is said stands below them.
 void draw_caption(int speaker, const std::string &text) {
     const std::string line = in_language(names[speaker]) + in_language(SAYS_ZH, SAYS_EN) + text;
-    int y = kBottom - 4 - line_height() * static_cast<int>(wrap(line, kCaptionWidth).size());
+    int y = kBottom - 4 - (kLineHeight + 2) * static_cast<int>(wrap(line, kCaptionWidth).size());
     for (const std::string &part : wrap(line, kCaptionWidth)) {
         print_centred(INK_SCREEN_WIDTH / 2, y, part, kSpeech);
-        y += line_height();
+        y += kLineHeight + 2;
     }
 }
 
@@ -97,7 +97,7 @@ int panel_text_width(bool narrated) {
 }
 
 int panel_lines() {
-    return (kBottom - kTextY) / (line_height() - 2);
+    return (kBottom - kTextY) / kLineHeight;
 }
 
 void say(int speaker, const std::string &text) {
@@ -117,7 +117,7 @@ void say(int speaker, const std::string &text) {
                 draw_panel(speaker);
                 if (!narrated) draw_name(speaker);
                 for (std::size_t i = 0; i < page.size(); ++i)
-                    print(x, kTextY + static_cast<int>(i) * (line_height() - 2), page[i], kSpeech);
+                    print(x, kTextY + static_cast<int>(i) * kLineHeight, page[i], kSpeech);
                 draw_mark();
             }
             end_frame();
@@ -149,7 +149,7 @@ int choose(const std::vector<std::string> &answers) {
         for (int i = 0; i < count; ++i) {
             const TextStyle style{i == chosen ? kBrightGold : kPaperWhite, kInkBlack, kBrightGold,
                                   i == chosen};
-            const int y = first + i * row + (row - text_height()) / 2;
+            const int y = first + i * row + (row - kTextHeight) / 2;
             print(kTextX + (i == chosen ? 6 : 0), y, answers[static_cast<std::size_t>(i)], style);
         }
         end_frame();

@@ -3,6 +3,7 @@
 #include <inkstone/inkstone.h>
 
 #include <algorithm>
+#include <vector>
 
 #include "frame.h"
 #include "hero.h"
@@ -29,20 +30,38 @@ Pointer pointer_for(int key) {
     return key >= kFirstThingKey ? Pointer::kHand : Pointer::kArrow;
 }
 
-void draw_name(const std::string &name, int x, int y) {
-    if (name.empty()) return;
-    const int half = text_width(name) / 2 + 10, height = text_height() + 8;
+// Where a name stands: centred on x, and within the picture.
+struct Tag {
+    int left, top, right, bottom;
+};
+
+Tag tag_for(const std::string &name, int x, int y) {
+    const int half = text_width(name) / 2 + 10, height = kTextHeight + 8;
     const int middle = std::clamp(x, half + 4, INK_SCREEN_WIDTH - half - 4);
     const int top = std::clamp(y, 4, INK_SCREEN_HEIGHT - height - 4);
-    BUF_glass_bar(middle - half, top, middle + half, top + height, kDarkGlass, screen());
-    print_centred(middle, top + 4, name, kNameStyle);
+    return {middle - half, top, middle + half, top + height};
 }
 
-// The names of all that can be used or left by.
+void draw_name(const std::string &name, const Tag &tag) {
+    if (name.empty()) return;
+    BUF_glass_bar(tag.left, tag.top, tag.right, tag.bottom, kDarkGlass, screen());
+    print_centred((tag.left + tag.right) / 2, tag.top + 4, name, kNameStyle);
+}
+
+// The names of all that can be used or left by, none upon another.
 void draw_all_names() {
+    std::vector<Tag> tags;
     for (int key = kExitLeft; key < 64; ++key) {
-        const Point at = name_of_thing(key).empty() ? Point{-1, -1} : point_of(key);
-        if (at.x >= 0) draw_name(name_of_thing(key), at.x, at.y - 12);
+        const std::string name = name_of_thing(key);
+        const Point at = name.empty() ? Point{-1, -1} : point_of(key);
+        if (at.x < 0) continue;
+        Tag tag = tag_for(name, at.x, at.y - 12);
+        for (const Tag &other : tags)
+            if (tag.left <= other.right && other.left <= tag.right && tag.top <= other.bottom &&
+                other.top <= tag.bottom)
+                tag = tag_for(name, at.x, other.top - (tag.bottom - tag.top) - 4);
+        draw_name(name, tag);
+        tags.push_back(tag);
     }
 }
 
@@ -55,7 +74,7 @@ void draw_frame(const Input &input) {
     if (tab_pressed())
         draw_all_names();
     else if (key >= kExitLeft)
-        draw_name(name_of_thing(key), input.x, input.y - text_height() - 16);
+        draw_name(name_of_thing(key), tag_for(name_of_thing(key), input.x, input.y - kTextHeight - 16));
     draw_inventory(input);
 }
 

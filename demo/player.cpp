@@ -2,8 +2,9 @@
 
 #include <inkstone/inkstone.h>
 
-#include <array>
+#include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <utility>
 
@@ -12,6 +13,7 @@
 #include "png/png_file.h"
 #include "route.h"
 #include "scene.h"
+#include "strokes.h"
 #include "wave_file.h"
 #include "window.h"
 
@@ -98,30 +100,18 @@ void Player::pursue(const Goal &goal) {
     }
 }
 
-// A golden moon with its seas: rings and fills, a line, and a stroke of the brush.
 void Player::paint() {
-    const auto on_sheet = [](int x, int y) { return Point{176 + 144 + x, 72 + 144 + y}; };
-    const Point circle{54, 170}, fill{114, 170}, line{114, 110}, brush{54, 110};
-    const Point gold{603, 98}, white{603, 134}, done{555, 320};
-    click(gold);
-    click(circle);
-    drag(on_sheet(0, 0), on_sheet(116, 0));
-    click(fill);
-    click(on_sheet(60, 60));
-    click(white);
-    for (const auto &[x, y, radius] :
-         {std::array{-38, -30, 30}, std::array{34, 22, 40}, std::array{-24, 62, 16}}) {
-        click(circle);
-        drag(on_sheet(x, y), on_sheet(x + radius, y));
-        click(fill);
-        click(on_sheet(x, y));
+    Tools tools;
+    for (const Stroke &stroke_of : moon_strokes()) {
+        for (const Point at : clicks_between(tools, stroke_of.tools)) click(at);
+        tools = stroke_of.tools;
+        std::vector<Point> on_screen;
+        for (const Point at : stroke_of.points)
+            on_screen.push_back({kSheetX + kSheetSize / 2 + at.x, kSheetY + kSheetSize / 2 + at.y});
+        stroke(on_screen);
     }
-    click(line);
-    drag(on_sheet(-10, -16), on_sheet(10, -4));
-    click(brush);
-    drag(on_sheet(50, -52), on_sheet(70, -34));
     picture("painting");
-    click(done);
+    click(done_button());
     then(1500, [] {});
 }
 
@@ -143,26 +133,25 @@ void Player::type(const char *text) {
 
 // As a hand moves: in steps, not in one jump.
 void Player::move(Point to) {
-    constexpr int kSteps = 10;
-    for (int i = 1; i <= kSteps; ++i) {
-        const int x = pointer_.x + (to.x - pointer_.x) * i / kSteps;
-        const int y = pointer_.y + (to.y - pointer_.y) * i / kSteps;
+    const int way = std::max(std::abs(to.x - pointer_.x), std::abs(to.y - pointer_.y));
+    const int steps = std::clamp(way / 6, 1, 10);
+    for (int i = 1; i <= steps; ++i) {
+        const int x = pointer_.x + (to.x - pointer_.x) * i / steps;
+        const int y = pointer_.y + (to.y - pointer_.y) * i / steps;
         then(20, [=] { HOST_pointer_move(x, y); });
     }
     pointer_ = to;
 }
 
 void Player::click(Point at) {
-    move(at);
-    then(60, [] { HOST_pointer_button(0, 1); });
-    then(60, [] { HOST_pointer_button(0, 0); });
-    then(60, [] {});
+    stroke({at});
 }
 
-void Player::drag(Point from, Point to) {
-    move(from);
+// With the button held from the first point to the last.
+void Player::stroke(const std::vector<Point> &points) {
+    move(points.front());
     then(60, [] { HOST_pointer_button(0, 1); });
-    move(to);
+    for (const Point at : points) move(at);
     then(60, [] { HOST_pointer_button(0, 0); });
     then(60, [] {});
 }

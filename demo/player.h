@@ -50,7 +50,7 @@ class Player {
     void type(const char *text);
     void move(Point to);
     void click(Point at);
-    void drag(Point from, Point to);
+    void stroke(const std::vector<Point> &points);
     void picture(const std::string &name);
     void take_sound();
 

@@ -44,11 +44,6 @@ std::string section() {
     return kPlaceNames[get(kPlace)];
 }
 
-int percent_at(int y) {
-    const int heights = std::max(1, near_floor[0] - far_floor[0]);
-    return std::max(20, far_floor[1] + (near_floor[1] - far_floor[1]) * (y - far_floor[0]) / heights);
-}
-
 // The lanterns of the mask as an image block, through which warm glass is laid once they are lit.
 std::vector<std::uint8_t> cut_lanterns() {
     std::vector<std::uint8_t> image(mask.size() + 4);
@@ -96,7 +91,8 @@ void draw_people() {
         if (one.resident == nullptr)
             draw_hero(percent_at(one.y));
         else
-            draw_person(one.resident->speaker, one.x, one.y, one.mirrored, one.resident->key);
+            draw_person(one.resident->speaker, one.x, one.y, percent_at(one.y), one.mirrored,
+                        one.resident->key);
     }
 }
 
@@ -193,6 +189,11 @@ Point standing_point(int key) {
     return layout_point(section(), "stand_" + std::to_string(key), nearest);
 }
 
+int percent_at(int y) {
+    const int heights = std::max(1, near_floor[0] - far_floor[0]);
+    return std::max(20, far_floor[1] + (near_floor[1] - far_floor[1]) * (y - far_floor[0]) / heights);
+}
+
 void let_speak(int speaker) {
     speaking = speaker;
 }
@@ -201,13 +202,13 @@ void highlight(int key) {
     highlighted = key;
 }
 
-void draw_person(int speaker, int x, int y, bool mirrored, int key) {
+void draw_person(int speaker, int x, int y, int percent, bool mirrored, int key) {
     constexpr int kIdleFrames = 4, kTalkingFrames = 2;
     const std::uint32_t ticks = GetTimerTick(kFigureCounter) + static_cast<std::uint32_t>(speaker) * 5;
     Figure::Look look;
     look.frame = speaking == speaker ? kIdleFrames + static_cast<int>(ticks / 3 % kTalkingFrames)
                                      : static_cast<int>(ticks / 6 % kIdleFrames);
-    look.percent = percent_at(y);
+    look.percent = percent;
     look.mirrored = mirrored;
     look.key = key;
     look.outline = key != 0 && key == highlighted ? kGold : 0;

@@ -49,7 +49,10 @@ void let_speak(int speaker);
 // Outlines the person of that key; kNothing for nobody.
 void highlight(int key);
 
-// Draws one of the others with the feet at (x, y), as large as it is at that height.
-void draw_person(int speaker, int x, int y, bool mirrored, int key);
+// How large, in percent, somebody is whose feet are at that height.
+int percent_at(int y);
+
+// Draws one of the others with the feet at (x, y).
+void draw_person(int speaker, int x, int y, int percent, bool mirrored, int key);
 
 }  // namespace moon

@@ -35,15 +35,16 @@ void Sheet::line(Point from, Point to) {
         dab(from.x + (to.x - from.x) * i / steps, from.y + (to.y - from.y) * i / steps);
 }
 
-// As thick as the brush: circles side by side. A whole one has a gap at its lower right, out of which a fill
-// would run, so that side is drawn once more as an arc.
+// With the brush, a degree after the other, so that it is as thick all round and holds a fill.
 void Sheet::circle(Point middle, Point edge) {
     const int dx = edge.x - middle.x, dy = edge.y - middle.y;
     const int radius = static_cast<int>(std::lround(std::sqrt(dx * dx + dy * dy)));
-    const int first = std::max(2, radius - radius_ / 2), last = std::max(2, radius + (radius_ + 1) / 2);
-    for (int r = first; r <= last; ++r) {
-        MEM_circle(middle.x, middle.y, r, r, 0, 0, colour_, size_, size_, pixels_.data());
-        MEM_circle(middle.x, middle.y, r, r, 180, 400, colour_, size_, size_, pixels_.data());
+    Point last{middle.x + radius, middle.y};
+    for (int degrees = 1; degrees <= 360; ++degrees) {
+        const Point next{middle.x + ((radius * int_cos(degrees) + 32768) >> 16),
+                         middle.y + ((radius * int_sin(degrees) + 32768) >> 16)};
+        line(last, next);
+        last = next;
     }
 }
 

@@ -6,21 +6,12 @@
 #include <cstring>
 
 #include "frame.h"
-#include "language.h"
 
 namespace moon {
 namespace {
 
 constexpr std::int32_t kTransparent = 1;
-
-bool is_chinese() {
-    return language() == Language::kChinese;
-}
-
-// The columns of a single byte; a Big5 character takes twice as many.
-int byte_width() {
-    return is_chinese() ? 12 : 8;
-}
+constexpr int kByteWidth = 12;  // a Big5 character has two of them
 
 // The bytes of the character or the control sequence that begins at the text's byte at.
 std::size_t length_at(const std::string &text, std::size_t at) {
@@ -32,7 +23,7 @@ std::size_t length_at(const std::string &text, std::size_t at) {
 }
 
 int width_of(const std::string &unit) {
-    return unit[0] == '~' ? 0 : static_cast<int>(unit.size()) * byte_width();
+    return unit[0] == '~' ? 0 : static_cast<int>(unit.size()) * kByteWidth;
 }
 
 bool is_one_of(const std::string &unit, const char *characters) {
@@ -84,11 +75,17 @@ bool ends_accented(const std::string &text) {
     return on != text.npos && (off == text.npos || off < on);
 }
 
-void set_colours(const TextStyle &style) {
-    const auto set = is_chinese() ? CHINE_set_color : set_ascii16_color;
-    set(0, style.colour);
-    set(1, style.accent);
-    set(3, style.outline);
+// As many lines as there are, each as full as it can be.
+std::vector<std::string> fill_lines(const std::vector<std::string> &units, int width) {
+    std::vector<std::string> lines(1);
+    for (const std::string &unit : units) {
+        const std::string word = unit.substr(0, unit.find_last_not_of(' ') + 1);
+        const bool begun = text_width(lines.back()) > 0;
+        if (begun && text_width(lines.back() + word) > width)
+            lines.emplace_back(ends_accented(lines.back()) ? "~C1" : "");
+        if (unit != " " || text_width(lines.back()) > 0) lines.back() += unit;
+    }
+    return lines;
 }
 
 }  // namespace
@@ -96,14 +93,6 @@ void set_colours(const TextStyle &style) {
 bool load_fonts() {
     constexpr std::int32_t kPack = 1;
     return CHINE_init(kPack) == 0;
-}
-
-int text_height() {
-    return is_chinese() ? 24 : 16;
-}
-
-int line_height() {
-    return is_chinese() ? 30 : 22;
 }
 
 int text_width(const std::string &text) {
@@ -114,31 +103,31 @@ int text_width(const std::string &text) {
 }
 
 std::vector<std::string> wrap(const std::string &text, int width) {
-    std::vector<std::string> lines(1);
-    for (const std::string &unit : units_of(text)) {
-        const std::string word = unit.substr(0, unit.find_last_not_of(' ') + 1);
-        const bool begun = text_width(lines.back()) > 0;
-        if (begun && text_width(lines.back() + word) > width)
-            lines.emplace_back(ends_accented(lines.back()) ? "~C1" : "");
-        if (unit != " " || text_width(lines.back()) > 0) lines.back() += unit;
+    const std::vector<std::string> units = units_of(text);
+    std::vector<std::string> lines = fill_lines(units, width);
+    // Narrower lines leave more for the last one, as long as they do not become more.
+    const std::size_t count = lines.size();
+    while (count > 1 && text_width(lines.back()) < width / 3) {
+        width -= kByteWidth;
+        std::vector<std::string> narrower = fill_lines(units, width);
+        if (narrower.size() > count) break;
+        lines.swap(narrower);
     }
     return lines;
 }
 
 void print(int x, int y, const std::string &text, const TextStyle &style) {
-    set_colours(style);
+    CHINE_set_color(0, style.colour);
+    CHINE_set_color(1, style.accent);
+    CHINE_set_color(3, style.outline);
     // What a control sequence switches stays so for the texts to come: each begins with all of them.
     const std::string line = std::string("~Z0~D0~C0") + (style.outline >= 0 ? "~O1" : "~O0") +
                              (style.shadow ? "~T1" : "~T0") + text + "~C0";
-    (is_chinese() ? CHINE_print24 : print_ascii16)(x, y, line.c_str(), kTransparent, screen());
+    CHINE_print24(x, y, line.c_str(), kTransparent, screen());
 }
 
 void print_centred(int x, int y, const std::string &text, const TextStyle &style) {
     print(x - text_width(text) / 2, y, text, style);
-}
-
-void print_large_centred(int x, int y, const std::string &text, const TextStyle &style) {
-    print(x - text_width(text), y, "~Z1" + text + "~Z0", style);
 }
 
 }  // namespace moon

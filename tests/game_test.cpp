@@ -64,13 +64,13 @@ TEST(Game, LinesBreakWhereAReaderExpectsIt) {
         int width;
         const char *text, *lines;
     } const cases[] = {
-        {Language::kEnglish, 80, "the moon in the ink", "the moon |in the ink"},
-        {Language::kEnglish, 80, "the ~C1moon in~C0 the ink", "the ~C1moon |~C1in~C0 the ink"},
-        {Language::kEnglish, 24, "inkstone", "inkstone"},           // a word is never cut
+        {Language::kEnglish, 120, "the moon in the ink", "the moon |in the ink"},
+        {Language::kEnglish, 120, "the ~C1moon in~C0 the ink", "the ~C1moon |~C1in~C0 the ink"},
+        {Language::kEnglish, 36, "inkstone", "inkstone"},           // a word is never cut
         {Language::kChinese, 96, "墨中月下，人", "墨中月|下，人"},  // no line begins with a comma
         {Language::kChinese, 96, "他說：「好！」",
          "他說：|「好！」"},  // none ends with an opening quotation mark
-        {Language::kChinese, 96, "~C1筆墨~C0紙硯台", "~C1筆墨~C0紙硯|台"},
+        {Language::kChinese, 96, "~C1筆墨~C0紙硯台", "~C1筆墨~C0紙|硯台"},  // nor stands alone
         {Language::kChinese, 72, "~C1筆墨紙硯~C0。", "~C1筆墨紙|~C1硯~C0。"},
         {Language::kChinese, 72, "用Mei的筆", "用Mei|的筆"},
     };

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "canvas.h"
+#include "kit/canvas.h"
 
 namespace paint {
 

@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "canvas.h"
+#include "kit/canvas.h"
 
 namespace paint {
 

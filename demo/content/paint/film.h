@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "canvas.h"
+#include "kit/canvas.h"
 
 namespace paint {
 

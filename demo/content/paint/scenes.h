@@ -1,7 +1,7 @@
 // The places of the game and its pages.
 #pragma once
 
-#include "canvas.h"
+#include "kit/canvas.h"
 
 namespace paint {
 

@@ -73,12 +73,12 @@ void head(Canvas &canvas, const Pose &pose) {
     const auto at = [b](Path path) { return at_feet(moved(std::move(path), 2, -90 - b)); };
     const Path face = outline({{-10, -6}, {8, -7}, {11, -1}, {11, 5}, {7, 12}, {0, 13}, {-8, 8}});
     canvas.shape(at(face), kSkin, gradient({82, 0}, 0.36, {102, 0}, 0.66), 1.1);
-    canvas.shade(at(box(-12, -8, 12, 0)), -0.16, kSkin);
+    canvas.shade(paint::fill(at(rectangle(-12, -8, 12, 0))), -0.1, kSkin);
     canvas.shape(at(ellipse(-6.5, 3, 2.1, 3)), kSkin, 0.45, 0.9);
     eyes(canvas, {5, -88.6 - b}, 5.4, Eyes::open, 0.8);
     canvas.line(at(curve({{7.4, 2.6}, {9.2, 5}, {7, 5.4}})), kSkin, 0.1, {0.8, 1.2, 0.8});
     // A stubbly chin, and a straw in the mouth.
-    canvas.wash(FigureCanvas::kFeet.x + 5, FigureCanvas::kFeet.y - 79.6 - b, 7, 4.4, kInk, 0.3, 0.6);
+    canvas.tint({FigureCanvas::kFeet.x + 5, FigureCanvas::kFeet.y - 79.6 - b}, 7, 4.4, kInk, 0.3, 0.6);
     canvas.line(at(curve({{2, 8}, {5.5, 9.2}, {9, 7.8}})), kVermilion, 0.08,
                 {0.8, pose.mouth ? 3.2 : 1.3, 0.8});
     if (!pose.mouth) canvas.line(at(curve({{8, 8}, {13, 7}, {17, 9}})), kStraw, 0.7, {1, 1.2, 0.8});

@@ -14,8 +14,8 @@ Path at_feet(Path path) {
 void limb(Canvas &canvas, const Path &joints, Ramp ramp, double tone, double first, double middle,
           double last) {
     const Path path = at_feet(curve(joints));
-    canvas.line(path, kInk, 0.06, {first + 2.2, middle + 2.2, last + 2.2, 0});
-    canvas.line(path, ramp, tone, {first, middle, last, 0});
+    canvas.line(path, kInk, 0.06, {first + 2.2, middle + 2.2, last + 2.2});
+    canvas.line(path, ramp, tone, {first, middle, last});
 }
 
 void sleeve(Canvas &canvas, const Arm &arm, Ramp ramp, double tone) {

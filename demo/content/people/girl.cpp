@@ -92,7 +92,7 @@ void head(Canvas &canvas, const Pose &pose) {
         outline({{-12, -3}, {-5, -10}, {6, -10}, {12.4, -3}, {12.4, 5}, {7, 11}, {-2, 11.4}, {-9, 7}});
     canvas.shape(at(face), kSkin, gradient({80, 0}, 0.68, {102, 0}, 0.94), 1.1);
     for (const double x : {0.0, 11.6})
-        canvas.wash(FigureCanvas::kFeet.x + x, FigureCanvas::kFeet.y - 58 - pose.breath, 4, 3, kVermilion,
+        canvas.tint({FigureCanvas::kFeet.x + x, FigureCanvas::kFeet.y - 58 - pose.breath}, 4, 3, kVermilion,
                     0.8, 0.75);
     const Path hair = outline({{-12, 5},
                                {-13.5, -4},

@@ -33,11 +33,11 @@ void leg(Canvas &canvas, double foot, double lift, double rise, bool near) {
 }
 
 void scroll_case(Canvas &canvas, double rise) {
-    const Path tube = turned(box(-5, -31, 5, 14), {0, 0}, -18);
+    const Path tube = turned(rectangle(-5, -31, 5, 14), {0, 0}, -18);
     const auto at = [rise](Path path) { return at_feet(moved(std::move(path), -13, -66 - rise)); };
     canvas.shape(at(tube), kWood, gradient({70, 0}, 0.62, {82, 0}, 0.3));
-    canvas.shape(at(turned(box(-6, -34, 6, -27), {0, 0}, -18)), kGold, 0.55, 1.1);
-    canvas.shape(at(turned(box(-6, 9, 6, 15), {0, 0}, -18)), kGold, 0.42, 1.1);
+    canvas.shape(at(turned(rectangle(-6, -34, 6, -27), {0, 0}, -18)), kGold, 0.55, 1.1);
+    canvas.shape(at(turned(rectangle(-6, 9, 6, 15), {0, 0}, -18)), kGold, 0.42, 1.1);
 }
 
 void robe(Canvas &canvas, const Pose &pose) {
@@ -91,7 +91,7 @@ void head(Canvas &canvas, const Pose &pose) {
     const Path face =
         outline({{-9, -6}, {-2, -12}, {7, -10}, {10.5, -3}, {10.4, 3}, {8, 9}, {3, 12.4}, {-4, 10}, {-9, 3}});
     canvas.shape(at(face), kSkin, gradient({84, 0}, 0.62, {100, 0}, 0.9), 1.1);
-    canvas.wash(FigureCanvas::kFeet.x + 8, FigureCanvas::kFeet.y - 89 - r, 4, 2.6, kVermilion, 0.8, 0.5);
+    canvas.tint({FigureCanvas::kFeet.x + 8, FigureCanvas::kFeet.y - 89 - r}, 4, 2.6, kVermilion, 0.8, 0.5);
     const Path hair = outline({{-10, 6},
                                {-12.5, -3},
                                {-9, -12},
@@ -148,8 +148,8 @@ FigureCanvas draw(const Pose &pose) {
 void step(double phase, double &foot, double &lift) {
     constexpr double kStride = 15;
     phase -= static_cast<int>(phase);
-    foot = phase < 0.5 ? kStride * (1 - 4 * phase) : -kStride * cosine((phase - 0.5) * 360);
-    lift = phase < 0.5 ? 0 : 8 * sine((phase - 0.5) * 360);
+    foot = phase < 0.5 ? kStride * (1 - 4 * phase) : -kStride * paint::cosine(phase - 0.5);
+    lift = phase < 0.5 ? 0 : 8 * paint::sine(phase - 0.5);
     foot += 1;
 }
 
@@ -162,8 +162,8 @@ std::vector<FigureCanvas> hero() {
         const double phase = i / 8.0;
         step(phase, pose.near_foot, pose.near_lift);
         step(phase + 0.5, pose.far_foot, pose.far_lift);
-        pose.rise = -1 - 1.4 * cosine(phase * 720);
-        pose.swing = -24 * cosine(phase * 360);
+        pose.rise = -1 - 1.4 * paint::cosine(phase * 2);
+        pose.swing = -24 * paint::cosine(phase);
         frames.push_back(draw(pose));
     }
     Pose standing;

@@ -28,8 +28,8 @@ void robe(Canvas &canvas, double b) {
                                 {-17, -3},
                                 {-17, -3},
                                 {-17, -28}});
-    canvas.shape(at_feet(box(-11, -4, 0, 0)), kInk, 0.16, 1);
-    canvas.shape(at_feet(box(3, -4, 15, 0)), kInk, 0.2, 1);
+    canvas.shape(at_feet(rectangle(-11, -4, 0, 0)), kInk, 0.16, 1);
+    canvas.shape(at_feet(rectangle(3, -4, 15, 0)), kInk, 0.2, 1);
     canvas.shape(at_feet(moved(skirt, 0, -1)), kPlum, gradient({72, 0}, 0.2, {106, 0}, 0.52));
     canvas.line(at_feet(curve({{-16, -5}, {2, -2.5}, {16, -5}})), kPlum, 0.86, {2, 2.6, 2});
     for (const double x : {-8.0, -2.0, 6.0})
@@ -53,7 +53,7 @@ void head(Canvas &canvas, const Pose &pose) {
     const auto at = [&pose](Path path) { return at_feet(moved(std::move(path), 12, -91 - pose.breath)); };
     const Path face = outline({{-9, -4}, {-4, -9}, {5, -9}, {10, -4}, {11, 2}, {8, 8}, {1, 10}, {-7, 7}});
     canvas.shape(at(face), kSkin, gradient({94, 0}, 0.5, {112, 0}, 0.8), 1.1);
-    canvas.wash(FigureCanvas::kFeet.x + 20, FigureCanvas::kFeet.y - 87 - pose.breath, 4, 3, kVermilion, 0.8,
+    canvas.tint({FigureCanvas::kFeet.x + 20, FigureCanvas::kFeet.y - 87 - pose.breath}, 4, 3, kVermilion, 0.8,
                 0.5);
     // White hair at the temples, then the cap.
     canvas.shape(at(outline({{-10, -5}, {-5, -6}, {-4, 2}, {-6, 8}, {-10, 4}})), kPaper, 0.92, 1);

@@ -40,7 +40,7 @@ void ink_line(Canvas &canvas, const Path &points, double width, double tone) {
 }
 
 void blush(Canvas &canvas, Point at, double size) {
-    canvas.wash(at.x, at.y, size, size * 0.72, kVermilion, 0.86, 0.6);
+    canvas.tint({at.x, at.y}, size, size * 0.72, kVermilion, 0.86, 0.6);
 }
 
 void collar(Canvas &canvas, double middle, double neck, Ramp ramp, double tone) {

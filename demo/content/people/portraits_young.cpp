@@ -7,8 +7,8 @@ Canvas hero_portrait() {
     Canvas canvas = portrait_ground(kJade, 0.78);
     // The scroll case looks over the shoulder.
     const auto on_back = [](Path path) { return moved(turned(std::move(path), {0, 0}, -22), 18, 88); };
-    canvas.shape(on_back(box(-8, -40, 8, 44)), kWood, gradient({8, 0}, 0.66, {30, 0}, 0.3), 1.6);
-    canvas.shape(on_back(box(-10, -46, 10, -35)), kGold, gradient({0, 0}, 0.8, {26, 0}, 0.45), 1.5);
+    canvas.shape(on_back(rectangle(-8, -40, 8, 44)), kWood, gradient({8, 0}, 0.66, {30, 0}, 0.3), 1.6);
+    canvas.shape(on_back(rectangle(-10, -46, 10, -35)), kGold, gradient({0, 0}, 0.8, {26, 0}, 0.45), 1.5);
     // Shoulders.
     canvas.shape(outline({{3, 137},
                           {3, 137},
@@ -49,18 +49,18 @@ Canvas hero_portrait() {
                           {50, 89},
                           {38, 78}}),
                  kSkin, gradient({32, 70}, 0.6, {78, 52}, 0.95), 1.5);
-    canvas.shade(outline({{34, 48},
-                          {50, 44},
-                          {66, 42},
-                          {80, 46},
-                          {80, 51},
-                          {66, 47},
-                          {52, 50},
-                          {44, 60},
-                          {44, 74},
-                          {38, 76},
-                          {33, 66}}),
-                 -0.2, kSkin);
+    canvas.shade(paint::fill(outline({{34, 48},
+                                      {50, 44},
+                                      {66, 42},
+                                      {80, 46},
+                                      {80, 51},
+                                      {66, 47},
+                                      {52, 50},
+                                      {44, 60},
+                                      {44, 74},
+                                      {38, 76},
+                                      {33, 66}})),
+                 -0.12, kSkin);
     blush(canvas, {47, 74}, 9);
     blush(canvas, {76, 73}, 6);
     portrait_eye(canvas, {53.5, 61.5}, {12.5, 1, kWood, 1});
@@ -139,17 +139,17 @@ Canvas girl_portrait() {
                           {40, 89},
                           {29, 76}}),
                  kSkin, gradient({28, 76}, 0.64, {80, 56}, 0.98), 1.5);
-    canvas.shade(outline({{28, 54},
-                          {44, 50},
-                          {64, 48},
-                          {84, 54},
-                          {85, 59},
-                          {66, 54},
-                          {46, 56},
-                          {36, 64},
-                          {34, 76},
-                          {28, 70}}),
-                 -0.17, kSkin);
+    canvas.shade(paint::fill(outline({{28, 54},
+                                      {44, 50},
+                                      {64, 48},
+                                      {84, 54},
+                                      {85, 59},
+                                      {66, 54},
+                                      {46, 56},
+                                      {36, 64},
+                                      {34, 76},
+                                      {28, 70}})),
+                 -0.1, kSkin);
     blush(canvas, {44, 79}, 10);
     blush(canvas, {79, 78}, 8);
     portrait_eye(canvas, {50, 66}, {14, 1.25, kWood, 0.5});

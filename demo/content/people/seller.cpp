@@ -79,7 +79,7 @@ void head(Canvas &canvas, const Pose &pose) {
         outline({{-12, -5}, {-3, -12}, {9, -10}, {13, -2}, {12.5, 5}, {7, 11.5}, {-2, 12}, {-10, 7}});
     canvas.shape(at(face), kSkin, gradient({80, 0}, 0.6, {102, 0}, 0.88), 1.1);
     for (const double x : {0.5, 11.5})
-        canvas.wash(FigureCanvas::kFeet.x + x, FigureCanvas::kFeet.y - 85.5 - pose.breath, 4.2, 3.2,
+        canvas.tint({FigureCanvas::kFeet.x + x, FigureCanvas::kFeet.y - 85.5 - pose.breath}, 4.2, 3.2,
                     kVermilion, 0.78, 0.65);
     const Path hair = outline(
         {{-13, 2}, {-13, -8}, {-5, -14}, {5, -14}, {13, -6}, {13, -6}, {5, -9}, {-3, -6}, {-8, 1}, {-10, 4}});

@@ -75,7 +75,7 @@ Canvas oil_jar() {
     canvas.line(curve({{18, 14.6}, {25, 16}, {32, 14.6}}), kStraw, 0.8, {2, 2.4, 2});
     light_line(canvas, {{16, 33}, {16.6, 25}, {21, 20.4}}, kTeal, 1, 2.2);
     // A flame on a label of paper.
-    canvas.shape(turned(box(18.6, 24, 32.4, 38), {25, 31}, 45), kPaper, 0.92, 1.1);
+    canvas.shape(turned(rectangle(18.6, 24, 32.4, 38), {25, 31}, 45), kPaper, 0.92, 1.1);
     canvas.fill(outline({{25, 24}, {28.6, 31}, {27.6, 35}, {25, 36.6}, {22.4, 35}, {21.6, 31}, {24, 29}}),
                 kVermilion, 0.6);
     canvas.fill(outline({{25.2, 29}, {26.8, 33}, {25, 35.4}, {23.4, 33}}), kGold, 0.9);
@@ -131,7 +131,7 @@ Canvas ink_stick() {
                              {16, 44},
                              {16, 44}})),
                  kInk, gradient({12, 30}, 0.08, {38, 18}, 0.34), 1.5);
-    canvas.fill(at(box(28.6, 4, 31.4, 44)), kInk, 0.52);
+    canvas.fill(at(rectangle(28.6, 4, 31.4, 44)), kInk, 0.52);
     canvas.line(at({{18.6, 6}, {27, 6}, {27, 43}, {18.6, 43}, {18.6, 6}}), kGold, 0.6, {1, 1, 1});
     canvas.fill(at(ellipse(22.8, 13, 3.2, 3.2)), kMoon, 0.8);
     canvas.line(at(curve({{19.6, 21}, {22, 19}, {24, 21}, {26.4, 19.4}})), kGold, 0.85, {0.8, 1.6, 0.8});
@@ -148,16 +148,16 @@ Canvas ink_stick() {
 // The picture itself, on a scroll.
 Canvas painted_moon() {
     Canvas canvas = thing();
-    canvas.shape(box(7, 5, 41, 43), kPaper, gradient({8, 40}, 0.72, {40, 6}, 0.94), 1.3);
-    canvas.fill(box(11, 8, 37, 40), kIndigo, gradient({24, 8}, 0.1, {24, 32}, 0.6));
+    canvas.shape(rectangle(7, 5, 41, 43), kPaper, gradient({8, 40}, 0.72, {40, 6}, 0.94), 1.3);
+    canvas.fill(rectangle(11, 8, 37, 40), kIndigo, gradient({24, 8}, 0.1, {24, 32}, 0.6));
     canvas.fill(ellipse(26, 18.6, 8, 8), kMoon, 0.2);
     canvas.fill(ellipse(25.6, 18.2, 7.2, 7.2), kMoon, gradient({20, 24}, 0.5, {30, 13}, 1));
     canvas.fill(outline({{11, 33}, {15, 28}, {19, 31}, {24, 27}, {30, 31.6}, {37, 29}, {37, 34}, {11, 34}}),
                 kIndigo, 0.05);
-    canvas.fill(box(11, 33, 37, 40), kIndigo, 0.34);
+    canvas.fill(rectangle(11, 33, 37, 40), kIndigo, 0.34);
     for (const double y : {34.4, 36.6, 38.6})
         light_line(canvas, {{21 + (y - 34) * 0.6, y}, {31 - (y - 34) * 0.3, y}}, kMoon, 0.7, 1.4);
-    canvas.fill(box(32, 35, 35, 38), kVermilion, 0.5);
+    canvas.fill(rectangle(32, 35, 35, 38), kVermilion, 0.5);
     for (const double y : {4.4, 43.6}) {
         canvas.line({{5, y}, {43, y}}, kInk, 0.06, {6, 6, 6});
         canvas.line({{5, y}, {43, y}}, kWood, 0.5, {3.4, 3.4, 3.4});

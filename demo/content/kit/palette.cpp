@@ -1,4 +1,4 @@
-#include "palette.h"
+#include "kit/palette.h"
 
 #include <array>
 #include <cstddef>

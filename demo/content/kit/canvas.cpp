@@ -1,4 +1,4 @@
-#include "canvas.h"
+#include "kit/canvas.h"
 
 #include <algorithm>
 
@@ -41,9 +41,7 @@ void Canvas::outline(Tone tone) {
                 blend(at(x, y), tone, 1, 0.5);
 }
 
-ink::tool::IndexedPicture Canvas::picture() const {
-    // Less than a whole step, so that flat planes stay flat and only the seams between them melt.
-    constexpr double kMelt = 0.75;
+ink::tool::IndexedPicture Canvas::picture(double melt) const {
     ink::tool::IndexedPicture picture{width_, height_};
     for (int y = 0; y < height_; ++y) {
         for (int x = 0; x < width_; ++x) {
@@ -54,7 +52,7 @@ ink::tool::IndexedPicture Canvas::picture() const {
                 const RampRange range = range_of(pixel.ramp);
                 const Brightness ends = brightness_of(pixel.ramp);
                 const double value = (pixel.brightness - ends.dark) / (ends.light - ends.dark);
-                const double step = value * (range.count - 1) + 0.5 + (threshold(x, y) - 0.5) * kMelt;
+                const double step = value * (range.count - 1) + 0.5 + (threshold(x, y) - 0.5) * melt;
                 index = range.first + std::clamp(floor_of(step), 0, range.count - 1);
             }
             picture.row(y)[x] = static_cast<std::uint8_t>(index);

@@ -3,9 +3,9 @@
 
 #include <vector>
 
-#include "mask.h"
-#include "noise.h"
-#include "palette.h"
+#include "kit/mask.h"
+#include "kit/noise.h"
+#include "kit/palette.h"
 
 namespace paint {
 
@@ -44,22 +44,25 @@ class Canvas {
         });
     }
 
-    // Makes what is there brighter or, below 0, darker.
-    void shade(const Mask &mask, double amount) {
-        shade(mask, [&](int, int) { return amount; });
+    // Makes what is there brighter or, below 0, darker: everything, or only one material.
+    void shade(const Mask &mask, double amount, Ramp only = Ramp::none) {
+        shade(
+            mask, [&](int, int) { return amount; }, only);
     }
     template <class AmountAt>
-    void shade(const Mask &mask, const AmountAt &amount_at) {
+    void shade(const Mask &mask, const AmountAt &amount_at, Ramp only = Ramp::none) {
         each(mask, [&](Pixel &pixel, int x, int y, double cover) {
-            if (pixel.ramp > Ramp::exact) pixel.brightness += cover * amount_at(x, y);
+            if (pixel.ramp > Ramp::exact && (only == Ramp::none || pixel.ramp == only))
+                pixel.brightness += cover * amount_at(x, y);
         });
     }
 
     // Every pixel that is not there beside one that is.
     void outline(Tone tone);
 
-    // The indices, in ordered steps from shade to shade.
-    ink::tool::IndexedPicture picture() const;
+    // The indices, in ordered steps from shade to shade, which melt into each other by less than a whole one, so that
+    // flat planes stay flat.
+    ink::tool::IndexedPicture picture(double melt = 0.75) const;
 
     Mask all() const { return fill(rectangle(0, 0, width_, height_)); }
 

@@ -1,9 +1,9 @@
-#include "mask.h"
+#include "kit/mask.h"
 
 #include <algorithm>
 #include <cmath>
 
-#include "noise.h"
+#include "kit/noise.h"
 
 namespace paint {
 namespace {
@@ -34,45 +34,6 @@ void add_span(Mask &mask, int row, double from, double to) {
 }
 
 }  // namespace
-
-Path curve(const Path &points, bool closed) {
-    constexpr int kSteps = 10;
-    const int count = static_cast<int>(points.size());
-    const auto point = [&](int i) {
-        return points[static_cast<std::size_t>(closed ? (i + count) % count : std::clamp(i, 0, count - 1))];
-    };
-    Path path;
-    for (int i = 0; i < (closed ? count : count - 1); ++i) {
-        const Point a = point(i - 1), b = point(i), c = point(i + 1), d = point(i + 2);
-        for (int step = 0; step < kSteps; ++step) {
-            const double t = step / static_cast<double>(kSteps);
-            const auto at = [t](double p, double q, double r, double s) {
-                return q + 0.5 * t * (r - p + t * (2 * p - 5 * q + 4 * r - s + t * (3 * (q - r) + s - p)));
-            };
-            path.push_back({at(a.x, b.x, c.x, d.x), at(a.y, b.y, c.y, d.y)});
-        }
-    }
-    if (!closed) path.push_back(points.back());
-    return path;
-}
-
-Path ellipse(double x, double y, double rx, double ry) {
-    constexpr int kSides = 48;
-    Path path;
-    for (int i = 0; i < kSides; ++i)
-        path.push_back({x + rx * cosine(i / double{kSides}), y + ry * sine(i / double{kSides})});
-    return path;
-}
-
-Path rectangle(double left, double top, double right, double bottom) {
-    return {{left, top}, {right, top}, {right, bottom}, {left, bottom}};
-}
-
-Path placed(const Path &path, double x, double y, double scale_x, double scale_y) {
-    Path moved;
-    for (const Point &point : path) moved.push_back({x + point.x * scale_x, y + point.y * scale_y});
-    return moved;
-}
 
 Mask fill(const Path &path) {
     Point low = path[0], high = path[0];

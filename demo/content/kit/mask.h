@@ -3,20 +3,9 @@
 
 #include <vector>
 
+#include "kit/path.h"
+
 namespace paint {
-
-struct Point {
-    double x, y;
-};
-using Path = std::vector<Point>;
-
-// A smooth curve through all points; closed leads back to the first.
-Path curve(const Path &points, bool closed = false);
-Path ellipse(double x, double y, double rx, double ry);
-Path rectangle(double left, double top, double right, double bottom);
-
-// Moved, and then scaled about the origin of the new place.
-Path placed(const Path &path, double x, double y, double scale_x = 1, double scale_y = 1);
 
 struct Mask {
     int left = 0, top = 0, width = 0, height = 0;

@@ -61,12 +61,14 @@ inline double cloud(double x, double y, std::uint32_t seed) {
            noise(x * 4.1, y * 4.1, seed + 2) * 0.13 + noise(x * 8.2, y * 8.2, seed + 3) * 0.07;
 }
 
-// Sine and cosine of an angle in turns, to within a thousandth.
+// Sine and cosine of an angle in turns.
 inline double sine(double turns) {
     double x = turns - floor_of(turns);
-    if (x > 0.5) x -= 1;
-    const double curve = 8 * x - 16 * x * (x < 0 ? -x : x);
-    return 0.225 * (curve * (curve < 0 ? -curve : curve) - curve) + curve;
+    if (x > 0.5) return -sine(x - 0.5);
+    if (x > 0.25) x = 0.5 - x;
+    x *= 6.283185307179586;
+    const double y = x * x;
+    return x * (1 - y / 6 * (1 - y / 20 * (1 - y / 42 * (1 - y / 72))));
 }
 inline double cosine(double turns) {
     return sine(turns + 0.25);
