@@ -21,7 +21,7 @@ TEST(Draw, TakesTheKernelsAskedFor) {
     const Kernels *expected = &kernels_baseline;
 #if defined(INKSTONE_WIDE_KERNELS)
     if (asked != "baseline" && __builtin_cpu_supports("avx2")) expected = &kernels_avx2;
-    if (asked == "avx512vbmi" && __builtin_cpu_supports("avx512vbmi")) expected = &kernels_avx512vbmi;
+    if (asked == "avx512vbmi" && __builtin_cpu_supports("avx512vbmi2")) expected = &kernels_avx512vbmi;
 #endif
     EXPECT_EQ(kernels.copy, expected->copy);
 }

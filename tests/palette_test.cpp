@@ -100,6 +100,30 @@ TEST(Palette, SearchTakesTheFirstCloseColourElseTheNearest) {
             << first << " " << last;
 }
 
+TEST(Palette, SearchesOfAnyLengthAgreeWithALookAtEachColour) {
+    std::mt19937 random(11);
+    const auto below = [&](unsigned end) { return static_cast<int>(random() % end); };
+    for (int round = 0; round < 3000; ++round) {
+        // Few colours near the one wanted, ties among the others, and at times components no screen shows.
+        const int spread = 1 + below(round % 5 == 0 ? 255 : 63), bias = below(64);
+        Palette palette;
+        for (std::uint8_t &part : palette) part = static_cast<std::uint8_t>((bias + below(spread)) & 0xFF);
+        const int first = below(256), last = first + below(257 - first);
+        const int wanted[] = {below(100), below(100), below(100) - below(30)};
+        int expected = 0, least = 1 << 20;
+        for (int i = first; i < last && least >= 16; ++i) {
+            int apart = 0;
+            for (int part = 0; part < 3; ++part)
+                apart += std::abs(palette[static_cast<std::size_t>(3 * i + part)] - wanted[part]);
+            if (apart < least) least = apart, expected = i;
+        }
+        // Nothing beyond the last entry is there to be read.
+        const std::vector<std::uint8_t> exact(palette.begin(), palette.begin() + 3 * last);
+        ASSERT_EQ(PAL_find_color(first, last, wanted[0], wanted[1], wanted[2], exact.data()), expected)
+            << "round " << round << ": " << first << " to " << last;
+    }
+}
+
 TEST(Palette, GlassTurnsColoursIntoGreysOfTheirRed) {
     Palette palette = grey_ramp();
     set(palette, 200, 20, 63, 1);

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <type_traits>
 
@@ -287,7 +288,7 @@ bool lies_inside(const Arc &arc, const Surface &surface) {
            surface.contains(arc.x - across, arc.y - down) && surface.contains(arc.x + across, arc.y + down);
 }
 
-void draw_arc(const Arc &arc, std::int32_t colour, const Surface &surface) {
+void walk_arc(const Arc &arc, std::int32_t colour, const Surface &surface) {
     const double steps = step_count(arc);
     if (steps > static_cast<double>(kMostSteps)) return;
 
@@ -320,6 +321,52 @@ void draw_arc(const Arc &arc, std::int32_t colour, const Surface &surface) {
     } else {
         draw(std::int64_t{}, Anywhere{surface, x, y});
     }
+}
+
+// The pixels of a whole figure of radii up to some. Small ones are drawn from lists, made when the first of their size
+// is drawn: where a walk turns no processor foresees, and that would be most of their cost.
+template <std::size_t largest>
+class Figure {
+  public:
+    void draw(const Arc &arc, std::uint8_t colour, const Surface &surface) {
+        if (count_ == 0) find_pixels(arc);
+        std::uint8_t *const centre = surface.at(arc.x, arc.y);
+        const auto width = static_cast<std::ptrdiff_t>(surface.width);
+        for (std::size_t i = 0; i < count_; ++i) centre[pixels_[i].y * width + pixels_[i].x] = colour;
+    }
+
+  private:
+    struct Offset {
+        std::int8_t x, y;
+    };
+
+    void find_pixels(Arc arc) {
+        constexpr int kMiddle = largest + 4, kSide = 2 * kMiddle + 1;
+        std::array<std::uint8_t, kSide * kSide> drawn{};
+        arc.x = arc.y = kMiddle;
+        walk_arc(arc, 1, {drawn.data(), kSide, kSide});
+        for (int y = -kMiddle; y <= kMiddle; ++y)
+            for (int x = -kMiddle; x <= kMiddle; ++x)
+                if (drawn[static_cast<std::size_t>((y + kMiddle) * kSide + x + kMiddle)] != 0)
+                    pixels_[count_++] = {static_cast<std::int8_t>(x), static_cast<std::int8_t>(y)};
+    }
+
+    std::size_t count_ = 0;
+    std::array<Offset, 8 * largest> pixels_{};  // one for each step and the end, which is one less than that
+};
+
+constexpr std::int64_t kListedCircle = 64, kListedEllipse = 16;
+Figure<kListedCircle> circles[kListedCircle];
+Figure<kListedEllipse> ellipses[kListedEllipse][kListedEllipse];
+
+void draw_arc(const Arc &arc, std::int32_t colour, const Surface &surface) {
+    const bool whole_inside = arc.start == 0 && arc.span == 360 && lies_inside(arc, surface);
+    if (whole_inside && arc.vertical == arc.horizontal && arc.radius() <= kListedCircle)
+        circles[arc.vertical - 1].draw(arc, low_byte(colour), surface);
+    else if (whole_inside && arc.radius() <= kListedEllipse)
+        ellipses[arc.vertical - 1][arc.horizontal - 1].draw(arc, low_byte(colour), surface);
+    else
+        walk_arc(arc, colour, surface);
 }
 
 }  // namespace

@@ -14,6 +14,8 @@
 
 #if defined(__AVX2__)
 #include <immintrin.h>
+
+#include "draw/run_length_kernels.h"
 #endif
 
 namespace {
@@ -426,4 +428,14 @@ constinit const ink::draw::Kernels ink::draw::INKSTONE_KERNELS = {
     .replace = replace,
     .pick = pick,
     .pick_nonzero = pick_nonzero,
+#if defined(__AVX2__)
+    .encode_short_runs = encode_short_runs,
+#else
+    .encode_short_runs = nullptr,
+#endif
+#if defined(__AVX512VBMI2__)
+    .expand_short_runs = expand_short_runs,
+#else
+    .expand_short_runs = nullptr,
+#endif
 };

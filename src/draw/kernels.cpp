@@ -21,7 +21,8 @@ constexpr Set kSets[] = {
     {"avx512vbmi", kernels_avx512vbmi,
      [] {
          return __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512bw") &&
-                __builtin_cpu_supports("avx512vl") && __builtin_cpu_supports("avx512vbmi");
+                __builtin_cpu_supports("avx512vl") && __builtin_cpu_supports("avx512vbmi") &&
+                __builtin_cpu_supports("avx512vbmi2") && __builtin_cpu_supports("bmi");
      }},
     {"avx2", kernels_avx2, [] { return __builtin_cpu_supports("avx2") != 0; }},
 #endif

@@ -36,6 +36,17 @@ struct Picks {
     Block blocks[kColumns / kBlock];
 };
 
+// Run-length code (formats/run_length.h) on its way to pixels: what of it is left, and where the next pixels go. At
+// `full` or a little later it stops, up to kBeyond bytes behind which may be written.
+struct Expansion {
+    static constexpr std::ptrdiff_t kAhead = 65;  // so many bytes of code are looked at, and must be there
+    static constexpr std::ptrdiff_t kBeyond = 192;
+
+    const std::uint8_t *from, *end;
+    std::uint8_t *to;
+    const std::uint8_t *full;
+};
+
 // One instruction set's kernels. Of the mesh, phase 0 has the first pixel of the first row, phase 1 the
 // second; it alternates from pixel to pixel and from row to row.
 struct Kernels {
@@ -60,6 +71,12 @@ struct Kernels {
     // read.
     void (*pick)(const Blit &, const std::uint8_t *end, const Picks &);
     void (*pick_nonzero)(const Blit &, const std::uint8_t *end, const Picks &);
+    // Run-length code of pictures with few long runs; null in sets that cannot shuffle so many bytes. The first
+    // codes a row's pixels from the first of a run on, moves the code's end on, and returns how many pixels it coded:
+    // all, or those up to a long run and with it.
+    std::ptrdiff_t (*encode_short_runs)(const std::uint8_t *pixels, std::ptrdiff_t count,
+                                        std::uint8_t *&code);
+    void (*expand_short_runs)(Expansion &);
 };
 
 // The kernels of the best instruction set this processor has, chosen when the library is loaded. The

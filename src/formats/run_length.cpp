@@ -8,6 +8,8 @@
 #include <emmintrin.h>
 #endif
 
+#include "draw/kernels.h"
+
 namespace ink::formats {
 namespace {
 
@@ -81,33 +83,83 @@ std::uint8_t *put_singles(std::uint8_t *to, const std::uint8_t *pixels) {
     return to;
 }
 
+// Expands literals eight at a time, and the longest run with each count.
+constexpr std::ptrdiff_t kWordAhead = 9;
+void expand_words(draw::Expansion &expansion) {
+    constexpr std::size_t kLiterals = 8, kWindow = 64;
+    const std::uint8_t *from = expansion.from;
+    std::uint8_t *to = expansion.to;
+    while (to < expansion.full && expansion.end - from >= kWordAhead) {
+        if (*from < kRun) {
+            const std::size_t literals = first_mark(mark_runs(load(from)));
+            std::memcpy(to, from, kLiterals);
+            to += literals;
+            from += literals;
+            if (literals == kLiterals) continue;
+        }
+        std::memset(to, from[1], kWindow);
+        to += *from & kLongestRun;
+        from += 2;
+    }
+    expansion.from = from;
+    expansion.to = to;
+}
+
 }  // namespace
 
 std::size_t encode_row(std::span<const std::uint8_t> pixels, std::uint8_t *code) {
     const std::uint8_t *const row = pixels.data();
     std::uint8_t *to = code;
     std::size_t start = 0;  // of the stretch of one colour
-    for (std::size_t block = 0; block < pixels.size(); block += 64) {
+    for (std::size_t block = 0; block < pixels.size();) {
         std::uint64_t ends = find_ends(row + block, pixels.size() - block);
+        // Three pixels in a row that each end a stretch are rare in pictures of long ones.
+        if ((ends & ends >> 1 & ends >> 2) != 0 && draw::kernels.encode_short_runs != nullptr) {
+            std::uint8_t *coded = to;  // one of its own, so that the other need not stand in memory
+            start += static_cast<std::size_t>(draw::kernels.encode_short_runs(
+                row + start, static_cast<std::ptrdiff_t>(pixels.size() - start), coded));
+            to = coded;
+            block = start;
+            continue;
+        }
+        const std::size_t first = block;
+        block += 64;
         if (ends == 0) continue;
-        if (~ends == 0 && start == block) {
-            to = put_singles(to, row + block);
-            start += 64;
+        if (~ends == 0 && start == first) {
+            to = put_singles(to, row + start);
+            start = block;
             continue;
         }
         // Only a stretch that began in an earlier block is longer than one run.
-        std::size_t behind = block + static_cast<std::size_t>(std::countr_zero(ends)) + 1;
+        std::size_t behind = first + static_cast<std::size_t>(std::countr_zero(ends)) + 1;
         for (; behind - start > kLongestRun; start += kLongestRun)
             to = put_stretch(to, kLongestRun, row[start]);
         to = put_stretch(to, behind - start, row[start]);
         while ((ends &= ends - 1) != 0) {
             start = behind;
-            behind = block + static_cast<std::size_t>(std::countr_zero(ends)) + 1;
+            behind = first + static_cast<std::size_t>(std::countr_zero(ends)) + 1;
             to = put_stretch(to, behind - start, row[start]);
         }
         start = behind;
     }
     return static_cast<std::size_t>(to - code);
+}
+
+// Most is expanded beside the picture, where a code may write more than it gives, so that no length is branched on;
+// then what it gave is copied. A step looks at so many bytes of code at once. As many are still to come, whatever
+// length the caller states, as long as the picture lacks more than kLacking pixels: that many come of no fewer.
+template <std::ptrdiff_t ahead, class Step>
+std::uint8_t *RunDecoder::expand(std::uint8_t *to, const std::uint8_t *end, Step step) {
+    constexpr std::ptrdiff_t kLacking = ahead / 2 * std::ptrdiff_t{kLongestRun}, kBlock = 2048;
+    std::array<std::uint8_t, kBlock + draw::Expansion::kBeyond> block;
+    while (end - to > kLacking && end_ - next_ >= ahead) {
+        draw::Expansion expansion{next_, end_, block.data(),
+                                  block.data() + std::min(end - to - kLacking, kBlock)};
+        step(expansion);
+        to = std::copy(block.data(), expansion.to, to);
+        next_ = expansion.from;
+    }
+    return to;
 }
 
 std::size_t RunDecoder::decode(std::uint8_t *pixels, std::size_t count) {
@@ -119,32 +171,9 @@ std::size_t RunDecoder::decode(std::uint8_t *pixels, std::size_t count) {
     };
     fill(run_);
 
-    // Most is expanded beside the picture, where a code may write more than it gives, so that no length is
-    // branched on; then what it gave is copied. A step looks at kAhead bytes of code at once. As many are
-    // still to come, whatever length the caller states, as long as the picture lacks more than kLacking
-    // pixels: that many come of no fewer.
-    constexpr std::ptrdiff_t kAhead = 9, kLacking = kAhead / 2 * std::ptrdiff_t{kLongestRun};
-    constexpr std::ptrdiff_t kLiterals = 8, kWindow = 64, kBlock = 2048;
-    std::array<std::uint8_t, kBlock + kLiterals + kWindow> block;
-    while (end - to > kLacking && end_ - next_ >= kAhead) {
-        const std::uint8_t *from = next_;
-        std::uint8_t *at = block.data();
-        const std::uint8_t *const full = at + std::min(end - to - kLacking, kBlock);
-        while (at < full && end_ - from >= kAhead) {
-            if (*from < kRun) {
-                const std::size_t literals = first_mark(mark_runs(load(from)));
-                std::memcpy(at, from, kLiterals);
-                at += literals;
-                from += literals;
-                if (literals == kLiterals) continue;
-            }
-            std::memset(at, from[1], kWindow);
-            at += *from & kLongestRun;
-            from += 2;
-        }
-        to = std::copy(block.data(), at, to);
-        next_ = from;
-    }
+    if (draw::kernels.expand_short_runs != nullptr)
+        to = expand<draw::Expansion::kAhead>(to, end, draw::kernels.expand_short_runs);
+    to = expand<kWordAhead>(to, end, expand_words);
     while (to < end && next_ < end_) {
         std::size_t length = 1;
         if (*next_ >= kRun) length = *next_++ & kLongestRun;

@@ -23,6 +23,9 @@ class RunDecoder {
     std::size_t decode(std::uint8_t *pixels, std::size_t count);
 
   private:
+    template <std::ptrdiff_t ahead, class Step>
+    std::uint8_t *expand(std::uint8_t *to, const std::uint8_t *end, Step step);
+
     const std::uint8_t *next_, *end_;
     std::size_t run_ = 0;  // what is left of the run begun
     std::uint8_t value_ = 0;
