@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <mutex>
 #include <type_traits>
 
 #include "draw/surface.h"
@@ -329,7 +330,7 @@ template <std::size_t largest>
 class Figure {
   public:
     void draw(const Arc &arc, std::uint8_t colour, const Surface &surface) {
-        if (count_ == 0) find_pixels(arc);
+        std::call_once(found_, [&] { find_pixels(arc); });
         std::uint8_t *const centre = surface.at(arc.x, arc.y);
         const auto width = static_cast<std::ptrdiff_t>(surface.width);
         for (std::size_t i = 0; i < count_; ++i) centre[pixels_[i].y * width + pixels_[i].x] = colour;
@@ -351,6 +352,7 @@ class Figure {
                     pixels_[count_++] = {static_cast<std::int8_t>(x), static_cast<std::int8_t>(y)};
     }
 
+    std::once_flag found_;  // buffers may be drawn on from several threads
     std::size_t count_ = 0;
     std::array<Offset, 8 * largest> pixels_{};  // one for each step and the end, which is one less than that
 };
