@@ -11,6 +11,7 @@
 #include "support/calls.h"
 #include "support/files.h"
 #include "support/injection.h"
+#include "support/new_process.h"
 
 namespace {
 
@@ -246,7 +247,8 @@ TEST(Polling, BearsEveryRefusal) {
     PollingClear(5);
 }
 
-TEST(Timer, BearsEveryRefusal) {
+// In a process that has had no timers: their list keeps its room.
+TEST_IN_NEW_PROCESS(Timer, BearsEveryRefusal) {
     std::int32_t result = 0;
     test::inject({.group = "SetupTimerProc, ClearTimerProc",
                   .use = [&] { result = SetupTimerProc(nullptr); },

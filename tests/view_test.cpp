@@ -200,28 +200,53 @@ TEST(View, EndsTheProcessWithoutRoomForItsQuitProcedure) {
     EXPECT_EXIT(full(), testing::ExitedWithCode(1), "PUSHQUIT ERROR !!!");
 }
 
+// What is refused is missing: the picture or a part of it, the view's colours, or the window's own ones at the end. The
+// next use comes out right all the same.
 TEST(View, BearsEveryRefusal) {
-    std::vector<std::uint8_t> buffer(64 * 48, 7);
+    std::vector<std::uint8_t> buffer(64 * 48, 7), blank(buffer.size());
     const HWND window = HOST_open_window("w", 64, 48, nullptr);
-    std::vector<std::uint8_t> blank(buffer.size());
-    test::inject({.group = "WViewEnable, WViewBuffer2Screen, WViewMoveBuffer2Screen, WViewDisable",
+    std::uint8_t before[768], during[768], after[768], copied[768], bright[768];
+    std::fill_n(bright, 768, std::uint8_t{200});
+    HOST_read_palette(before);
+    const auto every = [](const std::uint8_t *palette, int value) {
+        return std::all_of(palette, palette + 768, [value](int each) { return each == value; });
+    };
+    test::inject({.group = "WViewInit, WViewEnable, WViewSetPalette, WViewSetPartPalette, WViewSet1Palette, "
+                           "WViewGetPalette, "
+                           "WViewRedrawScreen, WViewBuffer2Screen, WViewMoveBuffer2Screen, "
+                           "WViewSetNowBuffer, WViewDisable, "
+                           "SCR_memory_to_screen, SCR_set_palette, SCR_get_palette",
                   .use =
                       [&] {
-                          WViewInit(window, 0, 0, 64, 48, buffer.data());
+                          WViewInit(window, 0, 0, 64, 48, blank.data());
                           WViewEnable();
-                          WViewBuffer2Screen();
+                          WViewRedrawScreen();
+                          WViewSetNowBuffer(buffer.data());
                           WViewMoveBuffer2Screen(0, 0, 9, 9);
-                          WViewSet1Palette(7, 1, 2, 3);
+                          SCR_memory_to_screen(buffer.data());
+                          WViewSetPartPalette(0, 256, before);
+                          WViewSetPalette(bright);
+                          HOST_read_palette(during);
+                          WViewGetPalette(copied);
                           WViewDisable();
                       },
-                  .outcome = [&] { return shown(window, 64 * 48) == buffer ? "shown" : "not shown"; },
-                  .right = "shown",
-                  .memory = {"ends: SystemError: MEMORY ERROR !!!"},
-                  .prepare =
+                  .outcome =
                       [&] {
-                          WViewInit(window, 0, 0, 64, 48, blank.data());
-                          WViewEnable(), WViewBuffer2Screen(), WViewDisable();
+                          HOST_read_palette(after);
+                          const auto pixels = shown(window, 64 * 48);
+                          return std::string(pixels == buffer  ? "shown"
+                                             : pixels == blank ? "blank"
+                                                               : "part") +
+                                 (every(during, 200)                         ? " bright"
+                                  : std::equal(before, before + 768, during) ? " old"
+                                                                             : " other") +
+                                 (every(copied, 200) ? "" : " forgotten") +
+                                 (std::equal(before, before + 768, after) ? "" : " kept");
                       },
+                  .right = "shown bright",
+                  .memory = {"ends: SystemError: MEMORY ERROR !!!", "shown old"},
+                  .machine = {"blank bright kept", "blank old", "part bright", "part bright kept",
+                              "shown bright kept", "shown old"},
                   .in_process_of_its_own = true});
     HOST_close_window(window);
 }

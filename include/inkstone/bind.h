@@ -36,8 +36,8 @@ INK_API int32_t BIND_bind_file(const char *archive_name, const char *list_name);
    open error" or "File <name> not in BIND file <archive> " (with a space at its end). */
 INK_API int32_t BIND_open(const char *archive_name, char *name, int32_t *offset, int32_t *size);
 
-/* Reads size bytes at offset into destination; what the archive does not have is left as it is there. Returns
-   0, or -2 with "File <archive> open error" logged. */
+/* Reads size bytes at offset into destination; what the archive does not have, or what cannot be read of
+   it, is left as it is there. Returns 0, or -2 with "File <archive> open error" logged. */
 INK_API int32_t BIND_read(const char *archive_name, int32_t offset, int32_t size, uint8_t *destination);
 
 /* Writes every file of the archive again under its name, below the current directory; a file of that name is

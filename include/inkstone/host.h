@@ -121,8 +121,11 @@ INK_API const char *HOST_name(void);
 INK_API int32_t HOST_list(int32_t index, const char **name, const char **description);
 
 /* What is called with each operation that the library asks of the machine, before it is carried out: one line
-   of text, its name and its arguments separated by spaces. The queue and the clock are not reported. Return 0 to let it happen, anything else to make
-   it fail as the real machine can fail; 2 makes lock_buffer fail because the buffer's memory was lost. */
+   of text, its name and its arguments separated by spaces. The queue and the clock are not reported. Return 0 to
+   let it happen, anything else to make it fail as the real machine can fail; 2 makes lock_buffer fail because the
+   buffer's memory was lost. What no machine can refuse happens whatever is returned: what is given back, and
+   close_window, kill_timer, select_palette, update_colors, animate_palette, set_cursor, show_cursor and
+   client_to_screen. */
 typedef int32_t (*HOST_OBSERVER)(const char *call);
 
 /* Sets the observer of the machine's operations; null removes it. */

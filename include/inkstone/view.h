@@ -22,8 +22,9 @@ INK_API void WViewInit(HWND window, int16_t x, int16_t y, int32_t width, int32_t
 
 /* Creates the platform objects, puts the default palette into the hardware and pushes a quit procedure that
    does what WViewDisable does. Enabled again it starts over with the default palette, and the palette to be
-   put back stays the one that the window had before the first time. Ends the process with "MEMORY ERROR !!!" when memory is exhausted and with
-   "PUSHQUIT ERROR !!!" when the quit stack is full. */
+   put back stays the one that the window had before the first time. Ends the process with "MEMORY ERROR !!!"
+   when memory is exhausted and with "PUSHQUIT ERROR !!!" when the quit stack is full. Where the machine gives the
+   view no palette, pictures show in the colours of the window's own one, whatever the palette setters say. */
 INK_API void WViewEnable(void);
 
 /* Puts the palette back that the window had before, and releases the platform objects. A second call does

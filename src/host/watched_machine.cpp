@@ -123,16 +123,15 @@ class WatchedMachine final : public Windows,
     // ---- Display ----
 
     DeviceContext get_context(HWND window) override {
-        tell("get_context", window);
-        return behind_.display.get_context(window);
+        return allowed("get_context", window) ? behind_.display.get_context(window) : DeviceContext::none;
     }
     void release_context(HWND window, DeviceContext context) override {
         tell("release_context", window);
         behind_.display.release_context(window, context);
     }
     PaletteHandle create_palette(std::span<const Color> colors) override {
-        tell("create_palette", colors.size());
-        return behind_.display.create_palette(colors);
+        return allowed("create_palette", colors.size()) ? behind_.display.create_palette(colors)
+                                                        : PaletteHandle::system;
     }
     void delete_palette(PaletteHandle palette) override {
         tell("delete_palette", palette);
@@ -143,8 +142,7 @@ class WatchedMachine final : public Windows,
         return behind_.display.select_palette(context, palette);
     }
     std::uint32_t realize_palette(DeviceContext context) override {
-        tell("realize_palette");
-        return behind_.display.realize_palette(context);
+        return allowed("realize_palette") ? behind_.display.realize_palette(context) : 0;
     }
     void update_colors(DeviceContext context) override {
         tell("update_colors");
@@ -155,19 +153,15 @@ class WatchedMachine final : public Windows,
         behind_.display.animate_palette(palette, start, colors);
     }
     void copy_bitmap(DeviceContext context, std::int32_t x, std::int32_t y, const Bitmap &bitmap) override {
-        tell("copy_bitmap", context, x, y, bitmap.width, bitmap.height, bitmap.stride);
-        behind_.display.copy_bitmap(context, x, y, bitmap);
+        if (allowed("copy_bitmap", context, x, y, bitmap.width, bitmap.height, bitmap.stride))
+            behind_.display.copy_bitmap(context, x, y, bitmap);
     }
 
     // ---- Pointer ----
 
-    HCURSOR load_arrow() override {
-        tell("load_arrow");
-        return behind_.pointer.load_arrow();
-    }
+    HCURSOR load_arrow() override { return allowed("load_arrow") ? behind_.pointer.load_arrow() : nullptr; }
     HCURSOR load_cursor(std::int32_t shape) override {
-        tell("load_cursor", shape);
-        return behind_.pointer.load_cursor(shape);
+        return allowed("load_cursor", shape) ? behind_.pointer.load_cursor(shape) : nullptr;
     }
     void set_cursor(HCURSOR cursor) override {
         tell("set_cursor", cursor);
@@ -182,8 +176,7 @@ class WatchedMachine final : public Windows,
         return behind_.pointer.client_to_screen(window, point);
     }
     void set_cursor_position(Point screen) override {
-        tell("set_cursor_position", screen.x, screen.y);
-        behind_.pointer.set_cursor_position(screen);
+        if (allowed("set_cursor_position", screen.x, screen.y)) behind_.pointer.set_cursor_position(screen);
     }
 
     // ---- Sound ----

@@ -104,7 +104,8 @@ std::uint32_t Screen::realize_palette(DeviceContext) {
 void Screen::update_colors(DeviceContext) {}
 
 void Screen::animate_palette(PaletteHandle handle, std::int32_t start, std::span<const Color> colors) {
-    Palette *palette = find(handle);
+    // The system's own is nobody's to change: who could not get a palette shows in its colours.
+    Palette *palette = handle != PaletteHandle::system ? find(handle) : nullptr;
     if (palette == nullptr || start < 0 || start >= 256) return;
     const std::size_t count = std::min(colors.size(), palette->size() - static_cast<std::size_t>(start));
     std::copy_n(colors.begin(), count, palette->begin() + start);
