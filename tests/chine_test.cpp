@@ -332,7 +332,8 @@ TEST(Chine, BearsEveryRefusal) {
         CHINE_print16(0, 0, "A", 0, none);
         return std::to_string(result);
     };
-    test::inject({.group = "CHINE_init (fonts), CHINE_print16, CHINE_print24, CHINE_free",
+    test::inject({.group = "CHINE_init (fonts), CHINE_set_color, CHINE_set_text_window, CHINE_print16, "
+                           "CHINE_print24, CHINE_free",
                   .use = [&] { result = CHINE_init(0); },
                   .outcome = outcome,
                   .right = "0 all",
