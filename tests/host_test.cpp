@@ -88,6 +88,7 @@ TEST(Host, BearsEveryRefusal) {
          .use =
              [&] {
                  HOST_key(0x1E, 1), HOST_pointer_move(1, 2), HOST_pointer_button(0, 1);
+                 HOST_pointer_button(0, 0), HOST_key(0x1E, 0);  // nothing stays held
                  for (int i = 0; i < 1000; ++i) HOST_post_message(window, WM_USER, 0, 0);
              },
          .outcome =
