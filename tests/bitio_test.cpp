@@ -123,31 +123,34 @@ TEST(BitFile, BearsEveryRefusal) {
     const char *const name = "a_name_of_more_than_fifteen_letters";
     bool opened = false;
     std::uint32_t bits = 0;
-    test::inject({.group = "BITIO_open_input_bit_file, BITIO_input_bits, BITIO_close_input_bit_file",
-                  .use =
-                      [&] {
-                          BIT_FILE_STRUCT *const file = BITIO_open_input_bit_file(name);
-                          opened = file != nullptr;
-                          bits = BITIO_input_bits(file, 16);
-                          BITIO_close_input_bit_file(file);
-                      },
-                  .outcome = [&] { return opened ? std::to_string(bits) : "null"; },
-                  .right = "258",
-                  .memory = {"null"},
-                  .files = {"511| BITIO_input_bits error", "65281| BITIO_input_bits error",
-                            "65535| BITIO_input_bits error, BITIO_input_bits error", "null"},
-                  .prepare =
-                      [&] {
-                          test::write_file(name, {1, 2});
-                      }});
+    test::inject(
+        {.group = "BITIO_open_input_bit_file, BITIO_input_bits, BITIO_input_bit, BITIO_close_input_bit_file",
+         .use =
+             [&] {
+                 BIT_FILE_STRUCT *const file = BITIO_open_input_bit_file(name);
+                 opened = file != nullptr;
+                 bits = BITIO_input_bits(file, 15) << 1;
+                 bits |= static_cast<std::uint32_t>(BITIO_input_bit(file));
+                 BITIO_close_input_bit_file(file);
+             },
+         .outcome = [&] { return opened ? std::to_string(bits) : "null"; },
+         .right = "258",
+         .memory = {"null"},
+         .files = {"511| BITIO_input_bits error", "65281| BITIO_input_bits error",
+                   "65535| BITIO_input_bits error, BITIO_input_bits error", "null"},
+         .prepare =
+             [&] {
+                 test::write_file(name, {1, 2});
+             }});
     // Without memory a file that is there keeps its contents.
     test::inject(
-        {.group = "BITIO_open_output_bit_file, BITIO_output_bits, BITIO_close_output_bit_file",
+        {.group =
+             "BITIO_open_output_bit_file, BITIO_output_bits, BITIO_output_bit, BITIO_close_output_bit_file",
          .use =
              [&] {
                  BIT_FILE_STRUCT *const file = BITIO_open_output_bit_file(name);
                  opened = file != nullptr;
-                 BITIO_output_bits(file, 0x303, 10);
+                 BITIO_output_bits(file, 0x181, 9), BITIO_output_bit(file, 1);
                  BITIO_close_output_bit_file(file);
              },
          .outcome =

@@ -212,6 +212,26 @@ TEST(CdAudio, BearsEveryRefusal) {
                               "0 3 0 -1 silent"},
                   .prepare = [] { CDROM_open(), CDROM_stop(), CDROM_close(), insert_three(); },
                   .in_process_of_its_own = true});
+    test::inject(
+        {.group = "CDROM_clear_task, CDROM_push_task, CDROM_task_type, CDROM_exec_task, CDROM_check_task, "
+                  "CDROM_now_track, CDROM_now_time, CDROM_track_time, CDROM_loop, CDROM_stop, CDROM_close",
+         .use =
+             [&] {
+                 CDROM_clear_task(), CDROM_push_task(1), CDROM_task_type(1);
+                 played = CDROM_exec_task(0), total = CDROM_check_task();
+                 opened =
+                     CDROM_now_track() + static_cast<std::int32_t>(CDROM_now_time() + CDROM_track_time(1));
+                 result = CDROM_loop() + CDROM_stop() + CDROM_close();
+             },
+         .outcome =
+             [&] {
+                 return std::to_string(played) + ' ' + std::to_string(total) + ' ' + std::to_string(opened) +
+                        ' ' + std::to_string(result);
+             },
+         .right = "0 0 21 -1",
+         .machine = {"-1 -1 -1 -3", "-1 0 19 -3", "0 0 -1 -3", "0 0 21 -2", "0 0 21 -3"},
+         .prepare = [] { insert_three(), CDROM_open(), CDROM_total(); },
+         .in_process_of_its_own = true});
     // A disc whose file can no longer be read is silent where it cannot, and plays on.
     test::inject({.group = "CDROM_play, CDROM_status (disc of files)",
                   .use =

@@ -332,8 +332,17 @@ TEST(Chine, BearsEveryRefusal) {
         CHINE_print16(0, 0, "A", 0, none);
         return std::to_string(result);
     };
-    test::inject({.group = "CHINE_init (fonts), CHINE_print16, CHINE_print24, CHINE_free",
-                  .use = [&] { result = CHINE_init(0); },
+    const Bytes pattern(576, 1);
+    test::inject({.group = "CHINE_init (fonts), CHINE_set_color, CHINE_set_color_pattern, "
+                           "CHINE_set_text_window, CHINE_print16, "
+                           "CHINE_print24, CHINE_free",
+                  .use =
+                      [&] {
+                          result = CHINE_init(0);
+                          if (result != 0) return;
+                          CHINE_set_color_pattern(3, pattern.data());
+                          CHINE_set_text_window(0, 0, 640, 480);
+                      },
                   .outcome = outcome,
                   .right = "0 all",
                   .memory = {"-2| memory alloc error in CHINE_init, CHINE not init"},

@@ -60,41 +60,45 @@ TEST(Host, BearsEveryRefusal) {
     const std::string name(50, 'n'), value(50, 'v');
     HWND window = nullptr;
     std::int32_t timer = 0;
-    test::inject({.group = "HOST_open_window, HOST_set_timer, HOST_set_setting",
-                  .use =
-                      [&] {
-                          window = HOST_open_window("w", 64, 64, nullptr);
-                          timer = HOST_set_timer(window, 100, 55);
-                          HOST_set_setting(name.c_str(), value.c_str());
-                      },
-                  .outcome =
-                      [&] {
-                          HOST_kill_timer(window, 100);
-                          HOST_close_window(window);
-                          HOST_set_setting(name.c_str(), nullptr);
-                          return std::string(window != nullptr ? "window " : "none ") + std::to_string(timer);
-                      },
-                  .right = "window 0",
-                  .memory = {"none 0"},
-                  .machine = {"none -2", "none 0", "window -2"}});
+    test::inject(
+        {.group = "HOST_open_window, HOST_close_window, HOST_set_timer, HOST_kill_timer, HOST_set_setting",
+         .use =
+             [&] {
+                 window = HOST_open_window("w", 64, 64, nullptr);
+                 timer = HOST_set_timer(window, 100, 55);
+                 HOST_set_setting(name.c_str(), value.c_str());
+             },
+         .outcome =
+             [&] {
+                 HOST_kill_timer(window, 100);
+                 HOST_close_window(window);
+                 HOST_set_setting(name.c_str(), nullptr);
+                 return std::string(window != nullptr ? "window " : "none ") + std::to_string(timer);
+             },
+         .right = "window 0",
+         .memory = {"none 0"},
+         .machine = {"none -2", "none 0", "window -2"}});
     // Messages that there is no memory for are lost, those before them are not.
     static int taken;
     window = HOST_open_window("w", 8, 8, [](HWND, UINT message, WPARAM, LPARAM) -> LRESULT {
         return taken += message == WM_USER, 0;
     });
-    test::inject({.group = "HOST_post_message, HOST_run_messages",
-                  .use =
-                      [&] {
-                          for (int i = 0; i < 1000; ++i) HOST_post_message(window, WM_USER, 0, 0);
-                      },
-                  .outcome =
-                      [] {
-                          HOST_run_messages();
-                          return taken == 1000 ? "all" : taken > 0 ? "some" : "none";
-                      },
-                  .right = "all",
-                  .memory = {"some"},
-                  .prepare = [] { taken = 0; }});
+    test::inject(
+        {.group = "HOST_key, HOST_pointer_move, HOST_pointer_button, HOST_post_message, HOST_run_messages",
+         .use =
+             [&] {
+                 HOST_key(0x1E, 1), HOST_pointer_move(1, 2), HOST_pointer_button(0, 1);
+                 HOST_pointer_button(0, 0), HOST_key(0x1E, 0);  // nothing stays held
+                 for (int i = 0; i < 1000; ++i) HOST_post_message(window, WM_USER, 0, 0);
+             },
+         .outcome =
+             [] {
+                 HOST_run_messages();
+                 return taken == 1000 ? "all" : taken > 0 ? "some" : "none";
+             },
+         .right = "all",
+         .memory = {"some"},
+         .prepare = [] { taken = 0; }});
     HOST_close_window(window);
 }
 

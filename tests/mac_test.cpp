@@ -224,7 +224,7 @@ TEST(MacState, BearsEveryRefusal) {
         return std::to_string(result) + ' ' + std::to_string(end) + ' ' +
                std::to_string(MAC_get_variable(0) + MAC_get_variable(1));
     };
-    inject({.group = "MAC_init",
+    inject({.group = "MAC_init, MAC_free",
             .use = init,
             .outcome = [&] { return std::to_string(result) + ' ' + std::to_string(MAC_info_size()); },
             .right = "0 100",

@@ -247,13 +247,17 @@ TEST(Mouse, ImageCursorIsDrawnAndMovesOn) {
 TEST(Mouse, BearsEveryRefusal) {
     write_animation("a.can", {{5, 5}});
     std::int32_t result = 0;
-    test::inject({.group = "fnMouseInit, MOUSE_load_image_cursor, MOUSE_show_image_cursor, MOUSE_show",
+    test::inject({.group =
+                      "fnMouseInit, fnMouseInterrupt, HOST_load_cursor, MOUSE_load_cursor, MOUSE_set_cursor, "
+                      "MOUSE_load_image_cursor, MOUSE_show_image_cursor, MOUSE_show, MOUSE_set_position",
                   .use =
                       [&] {
                           fnMouseInit(nullptr, nullptr, 0, 0, nullptr);
                           fnMouseInterrupt(WM_MOUSEMOVE, 0, 50 | 60 << 16);
                           result = MOUSE_load_image_cursor(0, "a.can", nullptr);
                           MOUSE_show(0), MOUSE_show(1);
+                          MOUSE_load_cursor(1, HOST_load_cursor(HOST_CURSOR_HAND));
+                          MOUSE_set_cursor(1), MOUSE_set_cursor(0);
                           MOUSE_set_position(7, 8);
                       },
                   .outcome =

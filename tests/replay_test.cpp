@@ -361,4 +361,36 @@ TEST(RecordDeath, EndsARecordWhenAskedTo) {
     EXPECT_EXIT(live(), testing::ExitedWithCode(7), "");
 }
 
+// Disc frames say where they lie; a record that keeps sound has them as they were heard, one after the other.
+TEST_F(ReplayDeath, KeepsTheSoundAsItWasHeard) {
+    const auto record = [] {
+        static char sound[] = "INKSTONE_RECORD_SOUND=1", pictures[] = "INKSTONE_RECORD_PICTURES=4";
+        putenv(sound), putenv(pictures);
+        HOST_insert_disc("disc.cue");
+        if (HOST_record("sound.rec") != 0) std::exit(1);
+        HOST_insert_disc("disc.cue"), CDROM_open(), CDROM_total(), CDROM_play(0);
+        for (int i = 0; i < 100; ++i) HOST_advance_clock(20'000), fnCheckMessage();
+        std::exit(7);
+    };
+    EXPECT_EXIT(record(), testing::ExitedWithCode(7), "^$");
+    std::string reason;
+    const auto reader = ink::host::RecordReader::open(test::read_file("sound.rec"), reason);
+    ASSERT_NE(reader, nullptr) << reason;
+    std::vector<std::int16_t> heard;
+    for (ink::host::Answer answer; reader->next(answer);)
+        for (const std::int16_t sample : reader->sound()) heard.push_back(sample);
+    EXPECT_FALSE(reader->damaged());
+    ASSERT_GT(heard.size(), 2U * 44100);
+    const Bytes image = test::read_file("disc.bin");
+    std::size_t first = 0;
+    while (first < heard.size() && heard[first] == 0) ++first;
+    const std::size_t begun = first / 2 * 2;
+    std::size_t frame = 0;  // the first that is not silent on the disc
+    while (image[4 * frame] == 0 && image[4 * frame + 1] == 0 && image[4 * frame + 2] == 0) ++frame;
+    for (std::size_t i = 0; begun + i < heard.size() && i < 60'000; ++i) {
+        const std::size_t at = 4 * frame + 2 * i;
+        ASSERT_EQ(heard[begun + i], static_cast<std::int16_t>(image[at] | image[at + 1] << 8)) << i;
+    }
+}
+
 }  // namespace

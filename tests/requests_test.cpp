@@ -2,6 +2,7 @@
 // nothing of the machine. Those that need memory when two pictures overlap are refused it.
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <cstring>
 #include <functional>
 #include <span>
@@ -143,6 +144,70 @@ TEST(Requests, ReckoningAsksForNothing) {
                      CALL(int_sin, 33), CALL(int_cos, 33), CALL(GetTimerTick, 3), CALL(SetTimerTick, 3, 0U),
                      CALL(PushQuitProc, nullptr), CALL(fnCheckMessage), CALL(clear_time_delay),
                      CALL(wait_time_delay, 20U), CALL(tick_wait, 0U)});
+}
+
+TEST(Requests, TheMachineIsAskedForNothingMore) {
+    const HWND window = HOST_open_window("w", 16, 8, nullptr);
+    MAC_init(".", ".", 4, nullptr);
+    std::FILE *const printed = std::tmpfile();
+    ask_for_nothing({{"HOST_clock", [] { HOST_clock(); }},
+                     CALL(HOST_advance_clock, 1000U),
+                     CALL(HOST_window_size, window, &one, &two),
+                     CALL(HOST_read_indices, window, bytes),
+                     CALL(HOST_read_picture, window, bytes),
+                     CALL(HOST_read_palette, work),
+                     CALL(HOST_set_timer_resolution, 55U),
+                     CALL(HOST_set_local_time, 1999, 2, 3, 4, 5, 6),
+                     CALL(HOST_name),
+                     CALL(HOST_list, 0, nullptr, nullptr),
+                     CALL(HOST_choose, "headless"),
+                     CALL(HOST_post_quit, 3),
+                     CALL(HOST_wait_messages),
+                     CALL(HOST_exit_code),
+                     CALL(HOST_default_procedure, window, UINT{WM_USER}, WPARAM{1}, LPARAM{2}),
+                     CALL(HOST_eject_disc),
+                     CALL(HOST_replay_state, &three, &four),
+                     CALL(get_time, copied),
+                     CALL(run_random_init),
+                     {"get_time_delay", [] { get_time_delay(); }},
+                     CALL(ExecQuitProc),
+                     CALL(PAL_fade_init, palette, nullptr),
+                     CALL(PAL_step_fade_effect, 0),
+                     CALL(PAL_step_fade_effect, 1),
+                     CALL(PAL_fade_effect, 0),
+                     CALL(MAC_set_variable, 1, 77),
+                     CALL(MAC_get_variable, 1),
+                     CALL(MAC_info_size),
+                     CALL(MAC_head_size),
+                     CALL(MAC_export_info, bytes),
+                     CALL(MAC_export_filename, copied),
+                     CALL(MAC_get_number),
+                     CALL(MAC_get_string),
+                     CALL(MAC_get_long),
+                     CALL(MAC_get_char),
+                     CALL(BITIO_file_print_binary, printed, 5U, 3)});
+    std::fclose(printed);
+    HOST_close_window(window);
+}
+
+// What there is no memory for is not kept of what is heard; nobody could be told.
+TEST(Requests, SoundIsKeptAsFarAsThereIsMemory) {
+    std::int32_t frames = 0;
+    std::vector<std::int16_t> kept(2 * 44100);
+    test::inject({.group = "HOST_capture_sound, HOST_read_sound",
+                  .use =
+                      [&] {
+                          HOST_capture_sound(1);
+                          HOST_advance_clock(1000000);
+                          frames = HOST_read_sound(kept.data(), 44100);
+                          HOST_capture_sound(0);
+                      },
+                  .outcome = [&] { return frames >= 44000 ? "all"
+                                          : frames == 0   ? "none"
+                                                          : "some"; },
+                  .right = "all",
+                  .memory = {"none", "some"},
+                  .in_process_of_its_own = true});
 }
 
 // Space is pressed while they wait.

@@ -228,22 +228,24 @@ TEST(Polling, SurvivesAProcedureThatChangesItsOwnList) {
 
 TEST(Polling, BearsEveryRefusal) {
     std::int32_t results[3];
-    test::inject({.group = "PollingInit, PollingAppend, PollingInsert, PollingExecute, PollingClear",
-                  .use =
-                      [&] {
-                          results[0] = PollingInit(5);
-                          results[1] = PollingAppend(5, say<'5'>);
-                          results[2] = PollingInsert(5, say<'6'>, say<'5'>);
-                      },
-                  .outcome =
-                      [&] {
-                          std::string told;
-                          for (const std::int32_t result : results) told += std::to_string(result) + ' ';
-                          return told + run(5);
-                      },
-                  .right = "0 0 0 56",
-                  .memory = {"-2 -2 -2 | PollingInit(5) error", "0 -2 -2 ", "0 0 -2 5"},
-                  .prepare = [] { PollingClear(5); }});
+    test::inject(
+        {.group = "PollingInit, PollingAppend, PollingInsert, PollingDelete, PollingExecute, PollingClear",
+         .use =
+             [&] {
+                 results[0] = PollingInit(5);
+                 results[1] = PollingAppend(5, say<'5'>);
+                 results[2] = PollingInsert(5, say<'6'>, say<'5'>);
+                 PollingAppend(5, say<'7'>), PollingDelete(5, say<'7'>);
+             },
+         .outcome =
+             [&] {
+                 std::string told;
+                 for (const std::int32_t result : results) told += std::to_string(result) + ' ';
+                 return told + run(5);
+             },
+         .right = "0 0 0 56",
+         .memory = {"-2 -2 -2 | PollingInit(5) error", "0 -2 -2 ", "0 0 -2 5"},
+         .prepare = [] { PollingClear(5); }});
     PollingClear(5);
 }
 

@@ -207,7 +207,8 @@ TEST(Utility, BearsEveryRefusal) {
     std::filesystem::create_directory(path);
     test::write_text(deep, "x");
     test::inject(
-        {.group = "check_file_exist, check_directory_exist, make_directory, oper_whole_path",
+        {.group =
+             "check_file_exist, check_directory_exist, make_directory, remove_directory, oper_whole_path",
          .use =
              [&] {
                  file = check_file_exist(deep.c_str());

@@ -230,11 +230,11 @@ TEST(WaveDeath, BearsEveryRefusal) {
          .prepare = [] { DS_destroy(), HOST_advance_clock(1000000); },  // what fades out is past
          .in_process_of_its_own = true});
     test::inject(
-        {.group = "DS_load_wave, DS_start, DS_stop, DS_destroy",
+        {.group = "DS_load_wave, DS_start, DS_stop, DS_status, DS_unload_wave, DS_destroy",
          .use =
              [&] {
                  result = DS_load_wave("a.wav"), play();
-                 DS_stop(0), DS_start(0, 1);
+                 DS_stop(0), DS_start(0, 1), DS_status(0);
                  DS_unload_wave(1);
              },
          .outcome = outcome,
