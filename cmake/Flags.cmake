@@ -48,6 +48,11 @@ add_library(inkstone_flags INTERFACE)
 target_link_libraries(inkstone_flags
   INTERFACE inkstone_warnings inkstone_arithmetic inkstone_sanitizers inkstone_coverage)
 
+# Where a file's sizes have 32 bits by default, one of 2 GiB cannot even be opened.
+if(UNIX AND CMAKE_SIZEOF_VOID_P EQUAL 4)
+  target_compile_definitions(inkstone_flags INTERFACE _FILE_OFFSET_BITS=64)
+endif()
+
 if(WIN32)
   target_compile_definitions(inkstone_warnings INTERFACE NOMINMAX WIN32_LEAN_AND_MEAN)
 endif()
