@@ -1,6 +1,7 @@
 # Compiler flags that every target of the project shares, as interface targets: inkstone_warnings for all code,
 # inkstone_arithmetic for the same results everywhere, inkstone_sanitizers for a build that looks for undefined behaviour
-# and bad memory accesses, inkstone_coverage for one that counts what has run.
+# and bad memory accesses, inkstone_coverage for one that counts what has run. Beside them inkstone_seldom_run for code
+# that is built more often than it runs.
 add_library(inkstone_warnings INTERFACE)
 if(NOT MSVC)
   target_compile_options(inkstone_warnings INTERFACE -Wall -Wextra -Wconversion -Wshadow
@@ -49,6 +50,22 @@ endif()
 add_library(inkstone_flags INTERFACE)
 target_link_libraries(inkstone_flags
   INTERFACE inkstone_warnings inkstone_arithmetic inkstone_sanitizers inkstone_coverage)
+
+# Where a file's sizes have 32 bits by default, one of 2 GiB cannot even be opened.
+if(UNIX AND CMAKE_SIZEOF_VOID_P EQUAL 4)
+  target_compile_definitions(inkstone_flags INTERFACE _FILE_OFFSET_BITS=64)
+endif()
+
+# What spends its own time on nothing that counts, such as tests and the reading of a command line, is long in the
+# optimiser's hands all the same: most of what a build costs is that, and the reading of large headers. A compiler cache
+# serves all files again, but none that takes a precompiled header.
+add_library(inkstone_seldom_run INTERFACE)
+if(NOT MSVC)
+  target_compile_options(inkstone_seldom_run INTERFACE $<$<CONFIG:Release,RelWithDebInfo>:-O1>)
+endif()
+if(CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_DISABLE_PRECOMPILE_HEADERS ON)
+endif()
 
 if(WIN32)
   target_compile_definitions(inkstone_warnings INTERFACE NOMINMAX WIN32_LEAN_AND_MEAN)

@@ -74,12 +74,19 @@ int close_file(void *cookie) {
     return well ? closed : EOF;
 }
 
+// The C library has another one for large files where not every file may be large.
+#if defined(_FILE_OFFSET_BITS)
+const char opener[] = "fopen64";
+#else
+const char opener[] = "fopen";
+#endif
+
 }  // namespace
 
 // In place of the C library's.
 extern "C" [[gnu::visibility("default")]] std::FILE *fopen(const char *name, const char *mode) {
     static const auto open =
-        reinterpret_cast<std::FILE *(*)(const char *, const char *)>(dlsym(RTLD_NEXT, "fopen"));
+        reinterpret_cast<std::FILE *(*)(const char *, const char *)>(dlsym(RTLD_NEXT, opener));
     if (!armed || std::strstr(name, "ERROR.MSG") != nullptr || std::strstr(name, among) == nullptr)
         return open(name, mode);
     if (take_turn() != Turn::well) return errno = EACCES, nullptr;
