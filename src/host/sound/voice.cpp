@@ -108,6 +108,8 @@ std::int32_t Voice::sample_at(const SamplePosition &position, unsigned channel) 
     const auto frame = static_cast<std::int64_t>(position.frame);
     if (frame < resampler_.reach() || frame >= frames_ - resampler_.reach())
         return resampler_.at(position, [&](std::int64_t at) { return sample(at, channel); });
+    if (bytes_per_sample_ == 2 && channels_ == 1 && resampler_.between(position))
+        return resampler_.between_shorts(position, samples_.data());
     return by_size([&](auto bytes) {
         return resampler_.at(position, [&](std::int64_t at) { return stored<bytes>(at, channel); });
     });
