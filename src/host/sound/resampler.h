@@ -53,6 +53,9 @@ class Resampler {
         return rounded(upper_sum, lower_sum);
     }
 
+    // Whether the output is the input, frame by frame.
+    bool keeps_rate() const { return from_ == to_; }
+
     // Whether that takes a sum of many samples.
     bool between(SamplePosition position) const { return position.part != 0 || from_ > to_; }
 
