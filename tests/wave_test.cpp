@@ -158,6 +158,27 @@ TEST(Wave, EveryRateIsResampledWell) {
     EXPECT_GT(signal_to_noise(200000, 90000, 30000), 80);
 }
 
+// One channel is added up many samples at once, two are not: the same sound comes out of both, at its loudest, too.
+TEST(Wave, OneChannelIsHeardAsTwoEqualOnes) {
+    DS_init(nullptr);
+    for (const int rate : {100, 22050, 48000, 132300, 200000}) {
+        std::vector<int> one = noise(3000), two;
+        for (std::size_t i = 500; i < 1500; ++i) one[i] = i / 7 % 2 == 0 ? 32767 : -32768;
+        for (const int sample : one) two.insert(two.end(), 2, sample);
+        test::write_file("one.wav", test::wave(1, rate, 16, test::words(one)));
+        test::write_file("two.wav", test::wave(2, rate, 16, test::words(two)));
+        test::Heard heard[2];
+        for (int channels = 0; channels < 2; ++channels) {
+            DS_load_wave_channel(channels == 0 ? "one.wav" : "two.wav", 0);
+            DS_start(0, 1);
+            heard[channels] = test::listen(4000);
+            DS_stop(0);
+            test::listen(300);  // what fades
+        }
+        EXPECT_EQ(heard[0], heard[1]) << rate;
+    }
+}
+
 TEST_IN_NEW_PROCESS(Wave, MakesItsPlatformCallsInOrder) {
     test::record_calls();
     DS_init(nullptr);

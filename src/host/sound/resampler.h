@@ -23,6 +23,13 @@ class Resampler {
     // Moves the position on by count output frames.
     void advance(SamplePosition &position, std::uint64_t count) const {
         const std::uint64_t parts = position.part + count * from_;
+        const std::uint64_t one = to_, two = 2 * one;
+        if (parts < two + one) {  // mostly, and a division takes long
+            const std::uint64_t passed = (parts >= one ? 1U : 0U) + (parts >= two ? 1U : 0U);
+            position.frame += passed;
+            position.part = static_cast<std::uint32_t>(parts - passed * one);
+            return;
+        }
         position.frame += parts / to_;
         position.part = static_cast<std::uint32_t>(parts % to_);
     }
@@ -35,27 +42,54 @@ class Resampler {
     template <class Read>
     std::int32_t at(SamplePosition position, Read read) const {
         const auto frame = static_cast<std::int64_t>(position.frame);
-        if (position.part == 0 && from_ <= to_) return read(frame);
-        const std::int32_t *weights = row(position.part);
-        std::int64_t sum = kOne / 2;
-        for (std::int64_t i = 0; i < taps_; ++i) sum += std::int64_t{weights[i]} * read(frame + first_ + i);
-        return static_cast<std::int32_t>(sum >> kOneBits);
+        if (!between(position)) return read(frame);
+        const std::int16_t *upper = row(position.part), *lower = upper + taps_;
+        std::int64_t upper_sum = 0, lower_sum = 0;
+        for (std::int64_t i = 0; i < taps_; ++i) {
+            const std::int64_t sample = read(frame + first_ + i);
+            upper_sum += upper[i] * sample;
+            lower_sum += lower[i] * sample;
+        }
+        return rounded(upper_sum, lower_sum);
     }
+
+    // Whether the output is the input, frame by frame.
+    bool keeps_rate() const { return from_ == to_; }
+
+    // Whether that takes a sum of many samples.
+    bool between(SamplePosition position) const { return position.part != 0 || from_ > to_; }
+
+    // The same where the samples lie side by side, two bytes each with the lower first: from the first frame on they
+    // are multiplied and added up many at once where the processor can.
+    std::int32_t between_shorts(SamplePosition position, const std::uint8_t *samples) const;
 
   private:
     static constexpr int kOneBits = 22;
     static constexpr std::int64_t kOne = std::int64_t{1}
                                          << kOneBits;  // what the weights of a place add up to
 
-    // The weights of the input frames around a place that lies this part of a frame after one.
-    const std::int32_t *row(std::uint32_t part) const;
-    void weigh(std::uint32_t part, std::int32_t *weights) const;
+    // A weight is kept in two parts, the lower one of kLowerBits with its sign. Of the most taps there are, 152, and
+    // samples of 16 bits, the lower parts add up to less than 1 << 31, and so do the upper ones, which without regard
+    // to their signs are no more than four times their sum.
+    static constexpr int kLowerBits = 9;
+    static constexpr std::int64_t kTogether = 8;  // taps are a multiple of this
+
+    static std::int32_t rounded(std::int64_t upper_sum, std::int64_t lower_sum) {
+        return static_cast<std::int32_t>((upper_sum * (1 << kLowerBits) + lower_sum + kOne / 2) >> kOneBits);
+    }
+
+    // The weights of the input frames around a place that lies this part of a frame after one: the upper parts of
+    // all, then the lower.
+    const std::int16_t *row(std::uint32_t part) const;
+    void weigh(std::uint32_t part, std::int16_t *weights) const;
 
     std::uint32_t from_, to_;
-    std::uint32_t part_step_;    // every part that occurs is a multiple of this
+    std::uint32_t part_step_;  // every part that occurs is a multiple of this
+    std::uint64_t
+        step_inverse_;  // 1 << 32 divided by it, rounded up: their product is a part's row, times that
     std::int64_t taps_, first_;  // input frames that have a weight, and where they begin
     // The weights of every part that occurs, one row each, where they are few; otherwise room for one row.
-    mutable std::vector<std::int32_t> weights_;
+    mutable std::vector<std::int16_t> weights_;
     bool all_rows_;
 };
 

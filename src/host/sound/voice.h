@@ -58,6 +58,8 @@ class Voice {
     bool advance(SamplePosition &position, std::uint64_t frames) const;
     // Adds the frame at that position, through the gain.
     void add(const SamplePosition &position, std::int64_t gain, std::int32_t *stereo) const;
+    static std::int32_t at_gain(std::int32_t sample, std::int64_t gain);
+    std::size_t add_unchanged(std::int32_t *stereo, std::size_t frames) const;
     void finish();
     void glide(std::int64_t from);
     std::int64_t next_gain();
