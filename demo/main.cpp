@@ -6,7 +6,6 @@
 #include <cstdio>
 #include <exception>
 #include <filesystem>
-#include <memory>
 #include <string>
 
 #include "archive.h"
@@ -20,7 +19,6 @@
 #include "opening.h"
 #include "panel.h"
 #include "play.h"
-#include "player.h"
 #include "pointer.h"
 #include "save.h"
 #include "scene.h"
@@ -29,6 +27,7 @@
 #include "sound.h"
 #include "text.h"
 #include "title.h"
+#include "tour.h"
 #include "window.h"
 
 namespace {
@@ -36,8 +35,6 @@ namespace {
 using namespace moon;
 
 constexpr std::int32_t kFrameList = 0;  // the polling list that runs once a frame
-
-std::unique_ptr<Player> player;
 
 // All that stays loaded as long as the game runs; false when something is missing without which it cannot.
 bool load_content() {
@@ -88,9 +85,9 @@ void run_game() {
 }
 
 struct Options {
-    std::string host, content, folder, pictures = "demo-pictures", language;
-    bool tour = false, scripted = false;
-    int half = 0;
+    std::string host, content, folder, language;
+    bool tour = false;
+    Tour tour_options;
 };
 
 int run_with(const Options &options) {
@@ -103,18 +100,11 @@ int run_with(const Options &options) {
     }
     const bool tour = options.tour || std::string(HOST_name()) == "headless";
     const std::string content = fs::absolute(options.content).string();
-    const std::string pictures = fs::absolute(options.pictures).string();
-    // The kept play checks itself: when it ends the machine says whether picture and sound were as they were then.
-    const std::string kept = content + "/tour.rec";
-    if (tour && !options.scripted && options.half == 0 && fs::exists(kept) && HOST_replay(kept.c_str()) != 0)
-        return 1;
-    // A tour has a folder of its own, so that it finds no game of somebody else's.
-    const fs::path folder = tour ? fs::path(pictures) / "play" : fs::absolute(options.folder);
-    fs::create_directories(folder);
-    fs::current_path(folder);
-    if (tour && options.half != 2)
-        for (const char *file : {"GAME.INF", "GAME.SAV", "MOON.PCX"}) fs::remove(file);
-
+    if (tour && !begin_tour(options.tour_options, content)) return 1;
+    if (!tour) {
+        fs::create_directories(options.folder);
+        fs::current_path(options.folder);
+    }
     if (!unpack(content + "/GAME.BND")) {
         std::fprintf(stderr, "demo: there is no archive GAME.BND in %s\n", content.c_str());
         return 1;
@@ -132,19 +122,16 @@ int run_with(const Options &options) {
     PollingInit(kFrameList);
     PollingAppend(kFrameList, [] { CDROM_check_task(); });
     watch_tab();
-    if (tour) {
-        player = std::make_unique<Player>(pictures, options.half);
-        PollingAppend(kFrameList, [] { player->play(); });
-    }
+    if (tour) let_player_play(options.tour_options, kFrameList);
     const bool loaded = load_content();
     if (loaded)
         run_game();
     else
-        std::fprintf(stderr, "demo: the archive lacks the fonts or the script; %s says more\n", "ERROR.MSG");
+        std::fprintf(stderr, "demo: the archive lacks the fonts or the script; ERROR.MSG says more\n");
     PollingClear(kFrameList);
-    if (player != nullptr) player->finish();
+    const bool ended = !tour || end_tour();
     close_window();
-    return loaded && (player == nullptr || player->at_the_end()) ? 0 : 1;
+    return loaded && ended ? 0 : 1;
 }
 
 }  // namespace
@@ -162,12 +149,12 @@ int main(int argc, char **argv) try {
     app.add_flag("--tour", options.tour,
                  "run the recorded play and check it, as it is done without a display; "
                  "where none is kept the scripted player plays");
-    app.add_flag("--scripted", options.scripted,
+    app.add_flag("--scripted", options.tour_options.scripted,
                  "with --tour: play anew, even where a recorded play is kept");
-    app.add_option("--half", options.half,
+    app.add_option("--half", options.tour_options.half,
                    "of the tour: 1 plays as far as it saves, 2 loads that and plays on")
         ->check(CLI::Range(0, 2));
-    app.add_option("--pictures", options.pictures, "where the tour saves its pictures")
+    app.add_option("--pictures", options.tour_options.pictures, "where the tour saves its pictures")
         ->capture_default_str();
     app.add_option("--content", options.content,
                    "where the archive and the disc are (default: beside the program)");

@@ -10,6 +10,7 @@
 #include "hero.h"
 #include "layout.h"
 #include "light.h"
+#include "mask.h"
 #include "painting.h"
 #include "picture.h"
 #include "pointer.h"

@@ -9,6 +9,7 @@
 #include "hero.h"
 #include "inventory.h"
 #include "light.h"
+#include "mask.h"
 #include "menu.h"
 #include "panel.h"
 #include "pointer.h"

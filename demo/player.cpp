@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "inventory.h"
+#include "mask.h"
 #include "painting.h"
 #include "png/png_file.h"
 #include "route.h"

@@ -4,13 +4,13 @@
 
 #include <algorithm>
 #include <iterator>
-#include <limits>
 #include <vector>
 
 #include "figure.h"
 #include "frame.h"
 #include "hero.h"
 #include "light.h"
+#include "mask.h"
 #include "moonrise.h"
 #include "picture.h"
 
@@ -34,38 +34,15 @@ constexpr Resident kResidents[] = {{kMaster, kStudy, kAlways, 10, "master"},
 
 constexpr const char *kPlaceNames[] = {"study", "market", "lake"};
 
-std::vector<std::uint8_t> picture, mask, keys, front, lantern_light, kite, boat;
+std::vector<std::uint8_t> picture, front, lantern_light, kite, boat;
 Figure people[kSpeakers];
 Both names[256];
+std::uint8_t *keys = nullptr;  // of the frame
 int speaking = kNarrator, highlighted = kNothing;
 std::vector<int> far_floor, near_floor;  // height and percent of the size
 
 std::string section() {
     return kPlaceNames[get(kPlace)];
-}
-
-// The lanterns of the mask as an image block, through which warm glass is laid once they are lit.
-std::vector<std::uint8_t> cut_lanterns() {
-    std::vector<std::uint8_t> image(mask.size() + 4);
-    BUF_get_image(0, 0, INK_SCREEN_WIDTH, INK_SCREEN_HEIGHT, image.data(), mask.data());
-    std::replace_if(
-        image.begin() + 4, image.end(), [](std::uint8_t key) { return key != kLanterns; }, std::uint8_t{0});
-    return image;
-}
-
-// The pixel of a mask with that key that is nearest to (x, y); (-1, -1) when there is none.
-Point nearest(const std::vector<std::uint8_t> &in, int key, int x, int y) {
-    Point found{-1, -1};
-    int best = std::numeric_limits<int>::max();
-    for (int row = 0; row < INK_SCREEN_HEIGHT; ++row) {
-        for (int column = 0; column < INK_SCREEN_WIDTH; ++column) {
-            const int square = (column - x) * (column - x) + (row - y) * (row - y);
-            if (square >= best || BUF_get_pixel(column, row, in.data()) != key) continue;
-            best = square;
-            found = {column, row};
-        }
-    }
-    return found;
 }
 
 bool is_here(const Resident &resident) {
@@ -108,10 +85,10 @@ void load_scenes() {
 
 void enter_place() {
     picture = read_screen(section() + ".pcx");
-    mask = read_screen(section() + "_m.pcx");
+    load_mask(section() + "_m.pcx");
     front = read_image(section() + "_f.img");
-    keys = mask;
-    lantern_light = cut_lanterns();
+    // Through them warm glass is laid once they are lit.
+    lantern_light = cut_out(kLanterns);
     far_floor = layout(section(), "top", {340, 70});
     near_floor = layout(section(), "bottom", {470, 110});
 }
@@ -129,7 +106,7 @@ void enter_by(Place place, Side side) {
 void draw_scene() {
     move_water();
     std::copy(picture.begin(), picture.end(), screen());
-    keys = mask;
+    keys = begin_mask();
     if (get(kPlace) == kMarket && get(kLanternsLit) != 0 && get(kNight) != 0)
         BUF_glass_mask_pest_image(0, 0, lantern_light.data(), screen(), kWarmGlass);
     if (get(kPlace) == kLake) {
@@ -146,25 +123,6 @@ void draw_scene() {
     BUF_pest_image(0, 0, front.data(), screen());
 }
 
-int key_at(int x, int y) {
-    return BUF_get_pixel(x, y, keys.data());
-}
-
-Point point_of(int key) {
-    long long count = 0, sum_x = 0, sum_y = 0;
-    for (int y = 0; y < INK_SCREEN_HEIGHT; ++y) {
-        for (int x = 0; x < INK_SCREEN_WIDTH; ++x) {
-            if (key_at(x, y) != key) continue;
-            ++count;
-            sum_x += x;
-            sum_y += y;
-        }
-    }
-    if (count == 0) return {-1, -1};
-    // What is bent may have its middle outside.
-    return nearest(keys, key, static_cast<int>(sum_x / count), static_cast<int>(sum_y / count));
-}
-
 void name_thing(int key, const Both &name) {
     names[key & 0xFF] = name;
 }
@@ -178,15 +136,10 @@ bool is_person(int key) {
                        [key](const Resident &resident) { return resident.key == key; });
 }
 
-Point nearest_floor(int x, int y) {
-    const Point floor = nearest(mask, kFloor, x, y);
-    return floor.x < 0 ? hero_feet() : floor;
-}
-
 Point standing_point(int key) {
     const Point thing = point_of(key);
-    const Point nearest = thing.x < 0 ? hero_feet() : nearest_floor(thing.x, thing.y);
-    return layout_point(section(), "stand_" + std::to_string(key), nearest);
+    const Point otherwise = thing.x < 0 ? hero_feet() : nearest_floor(thing.x, thing.y);
+    return layout_point(section(), "stand_" + std::to_string(key), otherwise);
 }
 
 int percent_at(int y) {
@@ -212,7 +165,7 @@ void draw_person(int speaker, int x, int y, int percent, bool mirrored, int key)
     look.mirrored = mirrored;
     look.key = key;
     look.outline = key != 0 && key == highlighted ? kGold : 0;
-    people[speaker].draw(x, y, look, keys.data());
+    people[speaker].draw(x, y, look, keys);
 }
 
 }  // namespace moon

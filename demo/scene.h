@@ -1,4 +1,4 @@
-// The place where the play is: its picture and what stands in it, and the mask that says what is where.
+// The place where the play is: its picture, and who stands in it.
 #pragma once
 
 #include <string>
@@ -8,10 +8,6 @@
 #include "state.h"
 
 namespace moon {
-
-// Keys of the masks that mean the same in every place; from kFirstThingKey on they are its things, and the
-// numbers of the procedures that the script has for them.
-enum MaskKey : int { kNothing = 0, kFloor = 1, kExitLeft = 2, kExitRight = 3, kFirstThingKey = 10 };
 
 // Those who speak. The hero's text stands beside his own portrait, the narrator has none.
 enum Speaker : int { kHero, kMaster, kSeller, kGirl, kBoatman, kNarrator, kSpeakers };
@@ -26,19 +22,12 @@ void enter_by(Place place, Side side);
 // Draws the whole place with everyone in it into the screen buffer.
 void draw_scene();
 
-// What is at a point of the picture drawn last, and a point where a key is; (-1, -1) when it is nowhere.
-int key_at(int x, int y);
-Point point_of(int key);
-
 // The names of things, which the script tells.
 void name_thing(int key, const Both &name);
 std::string name_of_thing(int key);
 
 // Whether the key is that of one of the others.
 bool is_person(int key);
-
-// The point of the floor that is nearest.
-Point nearest_floor(int x, int y);
 
 // Where the hero stands to do something with a thing.
 Point standing_point(int key);
