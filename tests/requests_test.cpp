@@ -12,6 +12,7 @@
 
 #include "support/drawing.h"
 #include "support/injection.h"
+#include "support/new_process.h"
 
 namespace {
 
@@ -128,7 +129,7 @@ TEST(Requests, DrawingAsksForNothing) {
                      CALL(print_ascii16, 100, 300, "~C1~Z1~O1~T1A text~Z0~O0~T0~C0", 1, screen)});
 }
 
-TEST(Requests, ReckoningAsksForNothing) {
+TEST_IN_NEW_PROCESS(Requests, ReckoningAsksForNothing) {
     ask_for_nothing(
         {CALL(PAL_find_color, 0, 256, 9, 8, 7, palette), CALL(PAL_make_glass_table, 0, 256, 3, 40, palette),
          CALL(PAL_make_system_color, palette), CALL(FLIC_inport_palette, palette),
@@ -191,7 +192,7 @@ TEST(Requests, TheMachineIsAskedForNothingMore) {
 }
 
 // What there is no memory for is not kept of what is heard; nobody could be told.
-TEST(Requests, SoundIsKeptAsFarAsThereIsMemory) {
+TEST_IN_NEW_PROCESS(Requests, SoundIsKeptAsFarAsThereIsMemory) {
     std::int32_t frames = 0;
     std::vector<std::int16_t> kept(2 * 44100);
     test::inject({.group = "HOST_capture_sound, HOST_read_sound",
