@@ -138,11 +138,12 @@ TEST_IN_NEW_PROCESS(Requests, ReckoningAsksForNothing) {
          CALL(fnGetCompressImageFrameSize, bytes), CALL(fnUncompressImage, bytes, other),
          CALL(LZSS_compress_data, screen, bytes, &size, &packed),
          CALL(LZSS_expand_data, bytes, work, &packed, &size), CALL(string_2_number, "12*(3+4)-5")});
-    ask_for_nothing({CALL(char_upper, 'a'), CALL(char_lower, 'A'), CALL(get_byte_from_buffer, &one, bytes),
-                     CALL(get_int_from_buffer, &one, bytes), CALL(get_long_from_buffer, &one, bytes),
-                     CALL(get_only_filename, copied, "name.ext"), CALL(change_ext, copied, "name.ext", "new"),
-                     CALL(skip_space, text, &two), CALL(get_str, copied, text, &two, ',', 9),
-                     CALL(int_sin, 33), CALL(int_cos, 33), CALL(GetTimerTick, 3), CALL(SetTimerTick, 3, 0U),
+    ask_for_nothing({CALL(char_upper, std::uint8_t{'a'}), CALL(char_lower, std::uint8_t{'A'}),
+                     CALL(get_byte_from_buffer, &one, bytes), CALL(get_int_from_buffer, &one, bytes),
+                     CALL(get_long_from_buffer, &one, bytes), CALL(get_only_filename, copied, "name.ext"),
+                     CALL(change_ext, copied, "name.ext", "new"), CALL(skip_space, text, &two),
+                     CALL(get_str, copied, text, &two, std::uint8_t{','}, 9), CALL(int_sin, 33),
+                     CALL(int_cos, 33), CALL(GetTimerTick, 3), CALL(SetTimerTick, 3, 0U),
                      CALL(PushQuitProc, nullptr), CALL(fnCheckMessage), CALL(clear_time_delay),
                      CALL(wait_time_delay, 20U), CALL(tick_wait, 0U)});
 }
