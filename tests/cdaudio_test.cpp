@@ -179,7 +179,7 @@ TEST(CdAudio, TracksLieInFilesOfTheirOwn) {
     }
 }
 
-TEST(CdAudio, BearsEveryRefusal) {
+TEST_IN_NEW_PROCESS(CdAudio, BearsEveryRefusal) {
     insert_three();
     std::int32_t result = 0, opened = 0, total = 0, played = 0;
     test::inject({.group = "HOST_insert_disc",

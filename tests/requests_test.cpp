@@ -12,6 +12,7 @@
 
 #include "support/drawing.h"
 #include "support/injection.h"
+#include "support/new_process.h"
 
 namespace {
 
@@ -128,7 +129,7 @@ TEST(Requests, DrawingAsksForNothing) {
                      CALL(print_ascii16, 100, 300, "~C1~Z1~O1~T1A text~Z0~O0~T0~C0", 1, screen)});
 }
 
-TEST(Requests, ReckoningAsksForNothing) {
+TEST_IN_NEW_PROCESS(Requests, ReckoningAsksForNothing) {
     ask_for_nothing(
         {CALL(PAL_find_color, 0, 256, 9, 8, 7, palette), CALL(PAL_make_glass_table, 0, 256, 3, 40, palette),
          CALL(PAL_make_system_color, palette), CALL(FLIC_inport_palette, palette),
@@ -137,11 +138,12 @@ TEST(Requests, ReckoningAsksForNothing) {
          CALL(fnGetCompressImageFrameSize, bytes), CALL(fnUncompressImage, bytes, other),
          CALL(LZSS_compress_data, screen, bytes, &size, &packed),
          CALL(LZSS_expand_data, bytes, work, &packed, &size), CALL(string_2_number, "12*(3+4)-5")});
-    ask_for_nothing({CALL(char_upper, 'a'), CALL(char_lower, 'A'), CALL(get_byte_from_buffer, &one, bytes),
-                     CALL(get_int_from_buffer, &one, bytes), CALL(get_long_from_buffer, &one, bytes),
-                     CALL(get_only_filename, copied, "name.ext"), CALL(change_ext, copied, "name.ext", "new"),
-                     CALL(skip_space, text, &two), CALL(get_str, copied, text, &two, ',', 9),
-                     CALL(int_sin, 33), CALL(int_cos, 33), CALL(GetTimerTick, 3), CALL(SetTimerTick, 3, 0U),
+    ask_for_nothing({CALL(char_upper, std::uint8_t{'a'}), CALL(char_lower, std::uint8_t{'A'}),
+                     CALL(get_byte_from_buffer, &one, bytes), CALL(get_int_from_buffer, &one, bytes),
+                     CALL(get_long_from_buffer, &one, bytes), CALL(get_only_filename, copied, "name.ext"),
+                     CALL(change_ext, copied, "name.ext", "new"), CALL(skip_space, text, &two),
+                     CALL(get_str, copied, text, &two, std::uint8_t{','}, 9), CALL(int_sin, 33),
+                     CALL(int_cos, 33), CALL(GetTimerTick, 3), CALL(SetTimerTick, 3, 0U),
                      CALL(PushQuitProc, nullptr), CALL(fnCheckMessage), CALL(clear_time_delay),
                      CALL(wait_time_delay, 20U), CALL(tick_wait, 0U)});
 }
@@ -191,7 +193,7 @@ TEST(Requests, TheMachineIsAskedForNothingMore) {
 }
 
 // What there is no memory for is not kept of what is heard; nobody could be told.
-TEST(Requests, SoundIsKeptAsFarAsThereIsMemory) {
+TEST_IN_NEW_PROCESS(Requests, SoundIsKeptAsFarAsThereIsMemory) {
     std::int32_t frames = 0;
     std::vector<std::int16_t> kept(2 * 44100);
     test::inject({.group = "HOST_capture_sound, HOST_read_sound",
