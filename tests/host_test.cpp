@@ -78,7 +78,7 @@ TEST(Host, BearsEveryRefusal) {
          .right = "window 0",
          .memory = {"none 0"},
          .machine = {"none -2", "none 0", "window -2"}});
-    // Messages that there is no memory for are lost, those before them are not.
+    // Messages that there is no memory for are lost; which, hangs on how many of them a piece of the queue holds.
     static int taken;
     window = HOST_open_window("w", 8, 8, [](HWND, UINT message, WPARAM, LPARAM) -> LRESULT {
         return taken += message == WM_USER, 0;
@@ -94,10 +94,10 @@ TEST(Host, BearsEveryRefusal) {
          .outcome =
              [] {
                  HOST_run_messages();
-                 return taken == 1000 ? "all" : taken > 0 ? "some" : "none";
+                 return taken == 1000 ? "all" : "fewer";
              },
          .right = "all",
-         .memory = {"some"},
+         .memory = {"fewer"},
          .prepare = [] { taken = 0; }});
     HOST_close_window(window);
 }
