@@ -35,8 +35,8 @@ INK_BEGIN
 
    Fonts that were loaded before are released, also when the load fails. The slot, double size, bold and
    shadow go back to 0 and off, every colour pattern to 0, so text is drawn in colour 0 until colours are set;
-   the outline and the text window stay. Whatever a file is too short to hold, or
-   cannot be read of it, is blank, and so is what a full disk keeps out of FONT.SCF, which nothing tells of.
+   the outline and the text window stay. Whatever a file is too short to hold, or cannot be read of it, is blank,
+   and so is what a full disk keeps out of FONT.SCF, which nothing tells of.
 
    Returns 0, or -2 when a load fails, which is logged; no text is drawn then until a load succeeds:
 

@@ -72,8 +72,8 @@ INK_API int32_t MAC_init(const char *script_dir, const char *log_dir, uint32_t v
 
 /* Loads the script file_name of the script directory. The variables keep their values. Returns 0, or -1 when
    the system is not set up, the file cannot be opened, its name has more than 79 characters or its sizes are
-   impossible; nothing is loaded then. A file that ends early, or cannot be
-   read further, is filled up with zeros, and with them what has not been read of its sizes. */
+   impossible; nothing is loaded then. A file that ends early, or cannot be read further, is filled up with zeros,
+   and with them what has not been read of its sizes. */
 INK_API int32_t MAC_load(const char *file_name);
 
 /* Loads the script named by the record: after a return of 8 or after MAC_inport_info. Returns as MAC_load
