@@ -63,7 +63,7 @@ add_library(inkstone_seldom_run INTERFACE)
 if(NOT MSVC)
   # At this level GCC 12 sees copies beyond the end in the concatenation of strings, too.
   target_compile_options(inkstone_seldom_run INTERFACE $<$<CONFIG:Release,RelWithDebInfo>:-O1>
-    $<$<CXX_COMPILER_ID:GNU>:-Wno-array-bounds;-Wno-stringop-overflow>)
+    "$<$<CXX_COMPILER_ID:GNU>:-Wno-array-bounds;-Wno-stringop-overflow>")
 endif()
 if(CMAKE_CXX_COMPILER_LAUNCHER)
   set(CMAKE_DISABLE_PRECOMPILE_HEADERS ON)
