@@ -102,7 +102,7 @@ TEST(Palette, SearchTakesTheFirstCloseColourElseTheNearest) {
 
 TEST(Palette, SearchesOfAnyLengthAgreeWithALookAtEachColour) {
     std::mt19937 random(11);
-    const auto below = [&](unsigned end) { return static_cast<int>(random() % end); };
+    const auto below = [&](int end) { return static_cast<int>(random() % static_cast<unsigned>(end)); };
     for (int round = 0; round < 3000; ++round) {
         // Few colours near the one wanted, ties among the others, and at times components no screen shows.
         const int spread = 1 + below(round % 5 == 0 ? 255 : 63), bias = below(64);
