@@ -1,7 +1,6 @@
 #include "draw/palette.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
