@@ -157,7 +157,9 @@ std::optional<Drawn> FontFile::draw(const Character &character) const {
         return std::nullopt;
     const FT_GlyphSlot slot = face->glyph;
     const FT_Bitmap &bitmap = slot->bitmap;
-    if (bitmap.pixel_mode != FT_PIXEL_MODE_MONO && bitmap.rows != 0) return std::nullopt;
+    // A BDF font may state a character's box and leave out its bitmap.
+    const bool has_ink = bitmap.pixel_mode == FT_PIXEL_MODE_MONO && bitmap.buffer != nullptr;
+    if (!has_ink && bitmap.rows != 0) return std::nullopt;
     Drawn drawn{slot->bitmap_left,
                 slot->bitmap_top,
                 static_cast<int>(bitmap.width),
