@@ -39,7 +39,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         const test::FailingAllocation refusal(0, true);
         if (BIND_bind_file("bound", "../input") == 0) std::abort();
     }
-    BIND_bind_file("/dev/full", "../input");  // a disk without room
+    BIND_bind_file("/dev/full", "../input");    // a disk without room
+    BIND_bind_file("bound", "/proc/self/mem");  // a list that opens and cannot be read
     if (BIND_bind_file("bound", "../input") == 0) BIND_chop_file("bound", nullptr);
 
     fs::current_path("..");

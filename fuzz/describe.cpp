@@ -5,10 +5,25 @@
 #include <stdexcept>
 
 #include "animation/formats.h"
+#include "bind/archive.h"
 #include "info/report.h"
 #include "lzss/stream.h"
 #include "picture/picture_file.h"
 #include "png/png_file.h"
+
+// The entries of an archive keep the names that they are given, and have names that a system can take.
+static void name_entries(ink::tool::Bytes file) {
+    using namespace ink::tool;
+    const auto entries = bind_entries(file);
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        const std::string &name = entries[i].name, for_system = file_name_of_entry(name);
+        if (name.empty() != for_system.empty() || for_system.find('\\') != std::string::npos) std::abort();
+        name_bind_entry(file, i, name);
+    }
+    const auto named = bind_entries(file);
+    for (std::size_t i = 0; i < entries.size(); ++i)
+        if (named[i].name != entries[i].name || named[i].offset != entries[i].offset) std::abort();
+}
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
     using namespace ink::tool;
@@ -25,6 +40,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         }
     } catch (const std::runtime_error &) {
     }
+    if (is_bind(file)) name_entries(file);
     if (lzss_memory_length(file) > 18 * static_cast<std::int64_t>(file.size())) std::abort();
     try {
         if (is_gif(file))

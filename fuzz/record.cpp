@@ -11,6 +11,7 @@
 
 #include "core/reader.h"
 #include "host/replay/record_reader.h"
+#include "info/report.h"
 
 namespace {
 
@@ -57,9 +58,12 @@ void write_again(std::vector<Answer> &answers) {
 
 void read(std::vector<std::uint8_t> file) {
     std::string reason;
+    const auto report = ink::tool::describe_record(file);
     const auto reader = RecordReader::open(std::move(file), reason);
     // What is refused is told of, and nothing else is.
     if ((reader == nullptr) == reason.empty()) std::abort();
+    if (report && report->facts.empty() != (reader == nullptr)) std::abort();
+    if (report && reader == nullptr && report->faults != std::vector{reason}) std::abort();
     if (reader == nullptr) return;
     constexpr int kMostAnswers = 100'000;
     Answer answer;
@@ -70,6 +74,7 @@ void read(std::vector<std::uint8_t> file) {
         if (const Picture *picture = reader->picture()) check_value_of(*picture);
         reader->sound();
     }
+    if (reader->damaged() && report && report->faults.empty()) std::abort();
     if (!first.empty()) write_again(first);
 }
 

@@ -288,6 +288,33 @@ TEST(DesktopDeath, TellsOfAFatalExitInABox) {
     EXPECT_EXIT(end(false), testing::ExitedWithCode(1), "box of nobody: SystemError: over");
 }
 
+// A replay that is shown goes at the pace of the play, and whoever has seen enough closes its window.
+TEST(DesktopDeath, EndsAReplayWhoseWindowIsClosed) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    test::share_place();
+    constexpr int kSteps = 100;
+    const auto record = [] {
+        if (HOST_record("long.rec") != 0) std::exit(1);
+        HOST_open_window("w", 64, 48, procedure);
+        for (int i = 0; i < kSteps; ++i) HOST_advance_clock(i < 2 ? 150'000 : 10'000'000), HOST_clock();
+        std::exit(0);
+    };
+    const auto replay = [] {
+        start();
+        if (HOST_replay("long.rec") != 0) std::exit(1);
+        HOST_open_window("w", 64, 48, procedure);
+        HOST_clock(), HOST_clock();
+        if (SDL_GetTicks() < 300) std::exit(2);
+        SDL_Event close = of_window(1, SDL_WINDOWEVENT_CLOSE);
+        SDL_PushEvent(&close);
+        for (int i = 2; i < kSteps; ++i) HOST_clock();
+        std::exit(3);
+    };
+    EXPECT_EXIT(record(), testing::ExitedWithCode(0), "^$");
+    EXPECT_EXIT(replay(), testing::ExitedWithCode(0),
+                "^replay: the window was closed\nreplay: 0\\.3 seconds, equal\n$");
+}
+
 // Where it was asked for and cannot be had another one runs.
 TEST_IN_NEW_PROCESS(Desktop, GivesWayWhereItCannotBeHad) {
     setenv("INKSTONE_HOST", "sdl", 1);

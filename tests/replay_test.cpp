@@ -10,6 +10,7 @@
 #include "host/replay/record_reader.h"
 #include "inkstone/inkstone.h"
 #include "support/failing_files.h"
+#include "support/new_process.h"
 #include "support/script.h"
 #include "support/sound.h"
 #include "support/tool.h"
@@ -165,19 +166,6 @@ void play(Change change, bool fed) {
     std::exit(0);
 }
 
-// The place that the new processes of a test share with it.
-void enter_place() {
-    // Part of the environment, which the last exit handlers read.
-    static std::string &set = *new std::string;
-    const char *place = std::getenv("INKSTONE_TEST_PLACE");
-    if (place == nullptr) {
-        set = "INKSTONE_TEST_PLACE=" + fs::current_path().string();
-        putenv(set.data());
-    } else {
-        fs::current_path(place);
-    }
-}
-
 void live_play() {
     HOST_set_local_time(1999, 12, 31, 23, 59, 40);
     play(Change::none, true);
@@ -202,7 +190,7 @@ class ReplayDeath : public testing::Test {
   protected:
     void SetUp() override {
         GTEST_FLAG_SET(death_test_style, "threadsafe");
-        enter_place();
+        test::share_place();
         EXPECT_EXIT(record_play(), testing::ExitedWithCode(0), "^$");
     }
 };

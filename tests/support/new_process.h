@@ -6,8 +6,23 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
+#include <string>
 
 namespace test {
+
+// Lets the new processes of a test run where it does itself, each of which otherwise has an empty directory of its own.
+inline void share_place() {
+    // Part of the environment, which the last exit handlers read.
+    static std::string &set = *new std::string;
+    const char *place = std::getenv("INKSTONE_TEST_PLACE");
+    if (place == nullptr) {
+        set = "INKSTONE_TEST_PLACE=" + std::filesystem::current_path().string();
+        putenv(set.data());
+    } else {
+        std::filesystem::current_path(place);
+    }
+}
 
 inline void run_in_new_process(void (*body)()) {
     const auto run = [body] {
