@@ -86,6 +86,29 @@ TEST(FontTool, MakesFontsThatTheLibraryLoads) {
     EXPECT_TRUE(test::exists("../shown.png"));
 }
 
+// A is a square of 1/2 x 4/5 of the size on the base line: of 16, 8 x 13 pixels in the middle of the cell's height.
+TEST(FontTool, DrawsOutlineFontsAtTheSizeOfTheCell) {
+#if defined(_WIN32)
+    GTEST_SKIP() << "this ink reads no fonts";
+#endif
+    write_fonts();
+    ASSERT_EQ(ink("font build " + kSources + "--ascii16 " TEST_DATA "/square.ttf -o made"), 0);
+    EXPECT_EQ(glyph("made/ASCII16.FON", 'A', 16), Bytes(16, 0xFF));  // the first that has it
+    std::string sources = kSources;
+    sources.replace(sources.find("ascii.bdf"), 9, TEST_DATA "/square.ttf");
+    ASSERT_EQ(ink("font build " + sources + "-o made"), 0) << test::read_text("err");
+    Bytes square(16, 0xFF);
+    square[0] = square[14] = square[15] = 0;
+    EXPECT_EQ(glyph("made/ASCII16.FON", 'A', 16), square);
+    sources.insert(sources.find(".ttf") + 4, "@20000");
+    EXPECT_EQ(ink("font build " + sources + "-o none"), 1);
+    EXPECT_NE(
+        test::read_text("err").find("its character 0x41 is 10000 x 16000 pixels and does not fit into "
+                                    "cells of 8 x 16; it is drawn smaller with " TEST_DATA "/square.ttf@16"),
+        std::string::npos)
+        << test::read_text("err");
+}
+
 TEST(FontTool, WritesNothingWhenAFontDoesNotFit) {
 #if defined(_WIN32)
     GTEST_SKIP() << "this ink reads no fonts";

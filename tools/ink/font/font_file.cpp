@@ -3,12 +3,15 @@
 #include <ft2build.h>
 #include FT_FREETYPE_H
 #include FT_BDF_H
+#include FT_OUTLINE_H
 #include <zlib.h>
 
 #include <algorithm>
 #include <cctype>
 #include <charconv>
+#include <cstdio>
 #include <stdexcept>
+#include <utility>
 
 #include "files/file.h"
 
@@ -19,7 +22,7 @@ namespace {
     throw std::runtime_error(name + ": " + why);
 }
 
-std::string size_text(int width, int height) {
+std::string size_text(std::int64_t width, std::int64_t height) {
     return std::to_string(width) + " x " + std::to_string(height);
 }
 
@@ -83,6 +86,15 @@ int pixels(FT_Pos distance) {
     return static_cast<int>((distance + 32) >> 6);
 }
 
+// How many pixels wide and high a glyph is that was loaded and need not be drawn yet.
+std::pair<std::int64_t, std::int64_t> size_of(FT_GlyphSlot slot) {
+    if (slot->format != FT_GLYPH_FORMAT_OUTLINE) return {slot->bitmap.width, slot->bitmap.rows};
+    FT_BBox box;
+    FT_Outline_Get_CBox(&slot->outline, &box);
+    return {std::int64_t{(box.xMax + 63) >> 6} - (box.xMin >> 6),
+            std::int64_t{(box.yMax + 63) >> 6} - (box.yMin >> 6)};
+}
+
 }  // namespace
 
 bool Drawn::blank() const {
@@ -96,9 +108,10 @@ void FontFile::Release::operator()(FT_FaceRec_ *face) const {
     FT_Done_Face(face);
 }
 
-FontFile::FontFile(const std::string &source, int width, int height) {
-    std::string file = source;
-    const int size = take_number(file, '@').value_or(height);
+FontFile::FontFile(const std::string &source, int width, int height)
+    : file_(source), width_(width), height_(height) {
+    size_ = take_number(file_, '@').value_or(height);
+    std::string file = file_;
     const int index = take_number(file, '#').value_or(0);
     name_ = name_of(path_of(file).filename());
     bytes_ = read_whole(file);
@@ -110,7 +123,7 @@ FontFile::FontFile(const std::string &source, int width, int height) {
         refuse(name_, "is not a font, or has no face " + std::to_string(index));
     face_.reset(face);
     choose_characters();
-    choose_size(size, width, height);
+    choose_size();
 }
 
 void FontFile::choose_characters() {
@@ -122,26 +135,39 @@ void FontFile::choose_characters() {
     if (!big5_) refuse(name_, "its characters are numbered neither as in Unicode nor as in Big5");
 }
 
-void FontFile::choose_size(int size, int width, int height) {
+void FontFile::choose_size() {
     FT_Face face = face_.get();
     const auto measure = [&] {
         ascent_ = pixels(face->size->metrics.ascender);
         descent_ = -pixels(face->size->metrics.descender);
     };
     if (FT_IS_SCALABLE(face)) {
-        if (size < 1 || FT_Set_Pixel_Sizes(face, 0, static_cast<FT_UInt>(size)) != 0)
-            refuse(name_, "cannot be drawn " + std::to_string(size) + " pixels high");
+        if (size_ < 1 || FT_Set_Pixel_Sizes(face, 0, static_cast<FT_UInt>(size_)) != 0)
+            refuse(name_, "cannot be drawn " + std::to_string(size_) + " pixels high");
         measure();
         return;
     }
     for (int i = 0; i < face->num_fixed_sizes; ++i) {
         if (FT_Select_Size(face, i) != 0) continue;
         measure();
-        if (ascent_ + descent_ <= height) return;
+        if (ascent_ + descent_ <= height_) return;
     }
     refuse(name_, "its characters are " +
                       size_text(pixels(face->size->metrics.max_advance), ascent_ + descent_) +
-                      " pixels large and do not fit into cells of " + size_text(width, height));
+                      " pixels large and do not fit into cells of " + size_text(width_, height_));
+}
+
+void FontFile::refuse_character(const Character &character, std::int64_t width, std::int64_t height) const {
+    char code[8];
+    std::snprintf(code, sizeof code, "0x%02X", unsigned{character.code});
+    std::string why = std::string("its character ") + code + " is " + size_text(width, height) +
+                      " pixels and does not fit into cells of " + size_text(width_, height_);
+    if (FT_IS_SCALABLE(face_.get())) {
+        const std::int64_t fitting = std::min(size_ * width_ / width, size_ * height_ / height);
+        why +=
+            "; it is drawn smaller with " + file_ + "@" + std::to_string(std::max<std::int64_t>(fitting, 1));
+    }
+    refuse(name_, why);
 }
 
 std::optional<Drawn> FontFile::draw(const Character &character) const {
@@ -153,9 +179,15 @@ std::optional<Drawn> FontFile::draw(const Character &character) const {
         for (const char32_t unicode : character.unicode)
             if (glyph == 0) glyph = FT_Get_Char_Index(face, unicode);
     }
-    if (glyph == 0 || FT_Load_Glyph(face, glyph, FT_LOAD_RENDER | FT_LOAD_TARGET_MONO) != 0)
-        return std::nullopt;
+    if (glyph == 0 || FT_Load_Glyph(face, glyph, FT_LOAD_TARGET_MONO) != 0) return std::nullopt;
     const FT_GlyphSlot slot = face->glyph;
+    const auto [width, height] = size_of(slot);
+    constexpr int kManyCells = 16;
+    if (width > kManyCells * width_ || height > kManyCells * height_) {
+        if (character.standard) refuse_character(character, width, height);
+        return std::nullopt;
+    }
+    if (FT_Render_Glyph(slot, FT_RENDER_MODE_MONO) != 0) return std::nullopt;
     const FT_Bitmap &bitmap = slot->bitmap;
     // A BDF font may state a character's box and leave out its bitmap.
     const bool has_ink = bitmap.pixel_mode == FT_PIXEL_MODE_MONO && bitmap.buffer != nullptr;
@@ -173,6 +205,8 @@ std::optional<Drawn> FontFile::draw(const Character &character) const {
                 (bitmap.buffer[static_cast<std::ptrdiff_t>(row) * bitmap.pitch + column / 8] >>
                  (7 - column % 8)) &
                 1);
+    if (character.standard && (drawn.width > width_ || drawn.height > height_) && !drawn.blank())
+        refuse_character(character, drawn.width, drawn.height);
     return drawn;
 }
 

@@ -34,13 +34,14 @@ struct Drawn {
 class FontFile {
   public:
     // source is a file's name, with #FACE behind it for a face of a collection, and with @PIXELS for the size
-    // of an outline font, which otherwise is drawn as high as the cells. Throws std::runtime_error when the
-    // file is no font that can be used, or its cells are larger than width x height.
+    // of an outline font, which otherwise is drawn as high as the cells of width x height. Throws std::runtime_error
+    // when the file is no font that can be used, or its cells are larger.
     FontFile(const std::string &source, int width, int height);
 
     const std::string &name() const { return name_; }
 
-    // The character, if the font has it.
+    // The character, if the font has it. Throws std::runtime_error when it must fit a cell and does not. One that need
+    // not and is many cells large is not had: to draw it would take memory and time without measure.
     std::optional<Drawn> draw(const Character &character) const;
 
     // How many rows above and below the base line its lines take. Outline fonts may take more than the cell.
@@ -54,9 +55,13 @@ class FontFile {
     };
 
     void choose_characters();
-    void choose_size(int pixels, int width, int height);
+    void choose_size();
+    [[noreturn]] void refuse_character(const Character &character, std::int64_t width,
+                                       std::int64_t height) const;
 
-    std::string name_;
+    std::string file_, name_;  // the file, and what it is called in messages
+    int width_, height_;       // of a cell
+    int size_ = 0;             // at which an outline font is drawn
     std::vector<unsigned char> bytes_;
     std::unique_ptr<FT_LibraryRec_, Release> library_;
     std::unique_ptr<FT_FaceRec_, Release> face_;

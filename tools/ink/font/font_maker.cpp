@@ -1,9 +1,6 @@
 #include "font/font_maker.h"
 
 #include <algorithm>
-#include <array>
-#include <climits>
-#include <cstdio>
 #include <optional>
 #include <stdexcept>
 #include <utility>
@@ -50,11 +47,13 @@ int base_line(const FontFile &file, int height, const std::vector<Character> &ch
               const std::vector<std::optional<Drawn>> &drawn) {
     int above = file.ascent(), below = file.descent();
     if (above + below > height) {
-        above = below = INT_MIN;
+        bool first = true;
         for (std::size_t i = 0; i < drawn.size(); ++i) {
             if (!drawn[i] || !characters[i].standard || drawn[i]->blank()) continue;
-            above = std::max(above, drawn[i]->top);
-            below = std::max(below, drawn[i]->height - drawn[i]->top);
+            const int top = drawn[i]->top, bottom = drawn[i]->height - top;
+            above = first ? top : std::max(above, top);
+            below = first ? bottom : std::max(below, bottom);
+            first = false;
         }
     }
     return above + (height - above - below) / 2;
@@ -69,15 +68,13 @@ class Cell {
           bytes_(bytes) {}
 
     // Puts the character on the base line, in the middle of the columns it leaves free, and moved into the
-    // cell where it would stand out. False when it is too large and must not be cut off.
-    bool put(const Drawn &drawn, int base, bool whole) {
-        if (whole && (drawn.width > used_width_ || drawn.height > height_)) return false;
+    // cell where it would stand out. What is too large is cut off.
+    void put(const Drawn &drawn, int base) {
         const int x = inside(drawn.left + (used_width_ - drawn.advance) / 2, drawn.width, used_width_);
         const int y = inside(base - drawn.top, drawn.height, height_);
         for (int row = std::max(0, -y); row < std::min(drawn.height, height_ - y); ++row)
             for (int column = std::max(0, -x); column < std::min(drawn.width, used_width_ - x); ++column)
                 if (drawn.ink[static_cast<std::size_t>(row * drawn.width + column)]) set(x + column, y + row);
-        return true;
     }
 
   private:
@@ -93,12 +90,6 @@ class Cell {
     const int used_width_, height_;
     std::uint8_t *const bytes_;
 };
-
-std::string name_of(const Character &character) {
-    std::array<char, 16> name;
-    std::snprintf(name.data(), name.size(), "0x%02X", unsigned{character.code});
-    return name.data();
-}
 
 void count(Coverage &coverage, const Character &character) {
     if (is_level1(character.code))
@@ -131,13 +122,7 @@ MadeFont make_font(text::Font font, const std::vector<std::string> &sources,
         for (std::size_t i = 0; i < characters.size(); ++i) {
             if (!drawn[i] || drawn[i]->blank()) continue;
             Cell cell(layout, width, made.bitmaps.data() + i * layout.glyph_bytes());
-            if (!cell.put(*drawn[i], base, characters[i].standard))
-                throw std::runtime_error(
-                    file.name() + ": its character " + name_of(characters[i]) + " is " +
-                    std::to_string(drawn[i]->width) + " x " + std::to_string(drawn[i]->height) +
-                    " pixels and does not fit into cells of " + std::to_string(width) + " x " +
-                    std::to_string(layout.height) + "; an outline font can be drawn smaller with " + source +
-                    "@" + std::to_string(layout.height - 2));
+            cell.put(*drawn[i], base);
             taken[i] = true;
             has_standard = has_standard || characters[i].standard;
             count(made.inked, characters[i]);
