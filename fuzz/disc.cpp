@@ -1,21 +1,21 @@
-// Takes any text for a CUE sheet over a small image, and plays the ends of every track it gives.
-#include <cstdio>
+// Takes any text for a CUE sheet over small images, one of them a wave file, and plays the ends of every track it gives.
 #include <cstdlib>
 #include <vector>
 
 #include "inkstone/cdaudio.h"
 #include "inkstone/host.h"
 #include "scratch.h"
+#include "support/sound.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
     const char *name = fuzz::as_file(data, size);
-    // The image lies beside the sheet under the name that the kept sheets use.
+    // The images lie beside the sheet under the names that the kept sheets use.
     static const bool written = [] {
         const std::vector<std::uint8_t> image(2352 * 40 + 5, 0x11);
-        std::FILE *file = std::fopen("d.bin", "wb");
-        if (file == nullptr) std::abort();
-        std::fwrite(image.data(), 1, image.size(), file);
-        return std::fclose(file) == 0;
+        test::write_file("d.bin", image);
+        test::write_file("d.wav", test::wave(2, 44100, 16, image));
+        test::write_file("slow.wav", test::wave(2, 22050, 16, image));
+        return true;
     }();
     if (!written || HOST_insert_disc(name) != 0) return 0;
     if (CDROM_stop() != 0) CDROM_open();

@@ -120,16 +120,21 @@ void over_work_buffer(bool shadow, const Call &c, const Bytes &source, Drawn &sc
     require(work.intact() && work.contents() == (image ? image_block(drawn.w, drawn.h, picture) : picture));
 }
 
-// A part of the buffer comes out as an image block that draws it again; what is not wholly inside stays where it is.
+// A part of the buffer comes out as an image block or bitmap that draws it again; what is not wholly inside stays where it is.
 void get(const Call &c, Drawn &from) {
     Guarded image(4 + static_cast<std::size_t>(c.w * c.h));
     const bool inside =
         c.x >= 0 && c.y >= 0 && c.w > 0 && c.h > 0 && c.x + c.w <= from.width && c.y + c.h <= from.height;
-    if (from.is_screen())
+    const bool bitmap = from.is_screen() && (c.a & 1) != 0;
+    if (bitmap)
+        BUF_get_bitmap(c.x, c.y, c.w, c.h, image, from.pixels());
+    else if (from.is_screen())
         BUF_get_image(c.x, c.y, c.w, c.h, image, from.pixels());
     else
         MEM_get_image(c.x, c.y, c.w, c.h, image, from.pixels(), from.width, from.height);
-    if (inside)
+    if (inside && bitmap)
+        MEM_put_bitmap(c.x, c.y, c.w, c.h, image, from.pixels(), from.width, from.height);
+    else if (inside)
         MEM_put_image(c.x, c.y, image, from.pixels(), from.width, from.height);
     else
         require(image.contents() ==
@@ -178,7 +183,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     static const Bytes pool = random.pixels(kWidth * kHeight + 1000);
     Numbers numbers(data, size);
     const auto start = pool.begin() + numbers.byte();
-    Drawn screen(kWidth, kHeight, start), memory(numbers.byte(), numbers.byte() % 64, start);
+    Drawn screen(kWidth, kHeight, start);
+    Drawn memory{numbers.byte(), numbers.byte() % 64, start};  // the braces: its width comes first
     Bytes expected_key(screen.expected.size());
     Guarded key(expected_key.size());
     for (int calls = 0; numbers.left() && made && calls < 10; ++calls) {

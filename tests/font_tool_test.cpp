@@ -86,7 +86,8 @@ TEST(FontTool, MakesFontsThatTheLibraryLoads) {
     EXPECT_TRUE(test::exists("../shown.png"));
 }
 
-// A is a square of 1/2 x 4/5 of the size on the base line: of 16, 8 x 13 pixels in the middle of the cell's height.
+// square.ttf, made with fontTools, has A and U+4E00. A is a box of 1/2 x 4/5 of the size on the base line: of 16,
+// 8 x 13 pixels in the middle of the cell's height.
 TEST(FontTool, DrawsOutlineFontsAtTheSizeOfTheCell) {
 #if defined(_WIN32)
     GTEST_SKIP() << "this ink reads no fonts";
