@@ -2,13 +2,12 @@
 // kind and now and then free, reload, replace or re-enter the script system. A window timer frees it after
 // some thousand instructions, as a game's quit does, so no loop lasts.
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <string>
 #include <vector>
 
 #include "inkstone/host.h"
 #include "inkstone/mac.h"
+#include "scratch.h"
 #include "support/script.h"
 
 namespace {
@@ -29,7 +28,7 @@ std::int32_t command(std::uint8_t opcode) {
         case 24: MAC_free(); return 0;
         case 25: return MAC_reload();
         case 26: start(); return 0;
-        case 27: return MAC_load("script.mac");
+        case 27: return MAC_load("input");
         case 28: return MAC_driver(MAC_get_number());
         case 29:
             saved.resize(static_cast<std::size_t>(MAC_info_size()));
@@ -50,32 +49,22 @@ LRESULT procedure(HWND, UINT message, WPARAM, LPARAM) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerInitialize(int *, char ***) {
-    HOST_choose("headless");
-    namespace fs = std::filesystem;
-    const fs::path fast = fs::exists("/dev/shm") ? "/dev/shm" : fs::temp_directory_path();
-    fs::create_directory(fast / "inkstone-fuzz-script");
-    fs::current_path(fast / "inkstone-fuzz-script");
-    return 0;
-}
-
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
+    const char *const name = fuzz::as_file(data, size);
     static const HWND window = HOST_open_window("fuzz", 1, 1, procedure);
-    std::ofstream("script.mac", std::ios::binary)
-        .write(reinterpret_cast<const char *>(data), static_cast<std::streamsize>(size));
     commands = 0;
     saved.clear();
     start();
     HOST_set_timer_resolution(1);
     HOST_set_timer(window, 1, 4);
-    const bool loaded = MAC_load("script.mac") == 0;
+    const bool loaded = MAC_load(name) == 0;
     for (std::int32_t proc = -1; loaded && proc < 6; ++proc) MAC_driver(proc);
-    char name[sizeof(MAC_INFO_STRUCT::name)];
-    if (MAC_export_filename(name) != nullptr) MAC_set_variable(1, MAC_get_variable(0) + MAC_head_size());
+    char exported[sizeof(MAC_INFO_STRUCT::name)];
+    if (MAC_export_filename(exported) != nullptr) MAC_set_variable(1, MAC_get_variable(0) + MAC_head_size());
     if (MAC_load("nothing") == 0 || MAC_inport_info(nullptr) != 0) std::abort();
     // A game without commands.
     MAC_init("", "nowhere", 1, nullptr);
-    if (MAC_load("script.mac") == 0) MAC_driver(0);
+    if (MAC_load(name) == 0) MAC_driver(0);
     HOST_kill_timer(window, 1);
     MAC_free();
     return 0;
