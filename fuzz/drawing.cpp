@@ -120,7 +120,8 @@ void over_work_buffer(bool shadow, const Call &c, const Bytes &source, Drawn &sc
     require(work.intact() && work.contents() == (image ? image_block(drawn.w, drawn.h, picture) : picture));
 }
 
-// A part of the buffer comes out as an image block or bitmap that draws it again; what is not wholly inside stays where it is.
+// A part of the buffer comes out as an image block, or a bitmap, that draws it again; what is not wholly inside
+// stays where it is.
 void get(const Call &c, Drawn &from) {
     Guarded image(4 + static_cast<std::size_t>(c.w * c.h));
     const bool inside =

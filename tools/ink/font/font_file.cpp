@@ -163,7 +163,7 @@ void FontFile::refuse_character(const Character &character, std::int64_t width, 
     std::string why = std::string("its character ") + code + " is " + size_text(width, height) +
                       " pixels and does not fit into cells of " + size_text(width_, height_);
     if (FT_IS_SCALABLE(face_.get())) {
-        const std::int64_t fitting = std::min(size_ * width_ / width, size_ * height_ / height);
+        const std::int64_t size = size_, fitting = std::min(size * width_ / width, size * height_ / height);
         why +=
             "; it is drawn smaller with " + file_ + "@" + std::to_string(std::max<std::int64_t>(fitting, 1));
     }
