@@ -14,6 +14,7 @@
 #include "film/can_file.h"
 #include "film/flic_film.h"
 #include "flic/reader.h"
+#include "inkstone/draw.h"
 #include "png/png_file.h"
 #include "scratch.h"
 
@@ -81,7 +82,11 @@ void write_again(const Animation &animation) {
     }
     if (const auto file = unless_refused([&] { return flic::film(pictures, 70); })) {
         const auto film = unless_refused([&] { return read_flic(*file); });
-        require(film && film->frames.back().picture.pixels == pictures.back().pixels);
+        // A film is read as it is played: what reaches beyond the screen is cut off.
+        const IndexedPicture &last = pictures.back();
+        const int width = std::min(last.width, INK_SCREEN_WIDTH),
+                  height = std::min(last.height, INK_SCREEN_HEIGHT);
+        require(film && film->frames.back().picture.pixels == cut(last, 0, 0, width, height).pixels);
     }
 }
 
