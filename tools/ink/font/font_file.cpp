@@ -163,7 +163,10 @@ void FontFile::refuse_character(const Character &character, std::int64_t width, 
     std::string why = std::string("its character ") + code + " is " + size_text(width, height) +
                       " pixels and does not fit into cells of " + size_text(width_, height_);
     if (FT_IS_SCALABLE(face_.get())) {
-        const std::int64_t size = size_, fitting = std::min(size * width_ / width, size * height_ / height);
+        // A line has no height, or no width.
+        const std::int64_t size = size_,
+                           fitting = std::min(size * width_ / std::max<std::int64_t>(width, 1),
+                                              size * height_ / std::max<std::int64_t>(height, 1));
         why +=
             "; it is drawn smaller with " + file_ + "@" + std::to_string(std::max<std::int64_t>(fitting, 1));
     }

@@ -38,8 +38,6 @@ class FontFile {
     // when the file is no font that can be used, or its cells are larger.
     FontFile(const std::string &source, int width, int height);
 
-    const std::string &name() const { return name_; }
-
     // The character, if the font has it. Throws std::runtime_error when it must fit a cell and does not. One that need
     // not and is many cells large is not had: to draw it would take memory and time without measure.
     std::optional<Drawn> draw(const Character &character) const;
